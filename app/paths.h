@@ -1,0 +1,28 @@
+// Folders and file names the program forms, with the separator of the platform.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace morvane {
+
+/// `\` on Windows, `/` elsewhere.
+extern const char kPathSeparator;
+
+/// Value of an environment variable in UTF-8; empty when it is not set.
+std::string environmentText(const char* name);
+
+/// The user's profile folder; empty when the system names none.
+std::string userProfileFolder();
+
+/// `path` up to, not including, its last `/` or `\`; the whole text when it has neither.
+std::string folderOf(std::string_view path);
+
+/// What stands behind the last `/` or `\`; the whole text when it has neither.
+std::string fileNameOf(std::string_view path);
+
+/// A file of the `resources` folder beside the executable, e.g. ("Icons", "open.png").
+std::string resourcePath(std::string_view exeFolder, std::string_view subfolder,
+                         std::string_view name);
+
+}  // namespace morvane

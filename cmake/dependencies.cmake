@@ -1,0 +1,22 @@
+# Every outside library the program calls, found once and used by its target name.
+set(THREADS_PREFER_PTHREAD_FLAG ON)
+find_package(Threads REQUIRED)
+find_package(OpenGL REQUIRED)
+find_package(GLEW REQUIRED)
+find_package(Freetype REQUIRED)
+find_package(glm REQUIRED)
+
+# FLTK's own config file names a program that distributions pack separately, so it is found by
+# header and libraries.
+find_path(FLTK_INCLUDE_FOLDER FL/Fl_Gl_Window.H REQUIRED)
+add_library(morvane_fltk INTERFACE)
+target_include_directories(morvane_fltk SYSTEM INTERFACE ${FLTK_INCLUDE_FOLDER})
+foreach(library fltk_images fltk_gl fltk)
+  find_library(FLTK_LIBRARY_${library} ${library} REQUIRED)
+  target_link_libraries(morvane_fltk INTERFACE ${FLTK_LIBRARY_${library}})
+endforeach()
+target_link_libraries(morvane_fltk INTERFACE OpenGL::GL)
+if(UNIX)
+  find_package(X11 REQUIRED)
+  target_link_libraries(morvane_fltk INTERFACE X11::X11)
+endif()

@@ -1,0 +1,31 @@
+// Opening, replacing and removing files by UTF-8 path: the one edge to the system's file names.
+#pragma once
+
+#include <cstdio>
+#include <memory>
+#include <string>
+
+namespace morvane {
+
+struct FileCloser {
+  void operator()(std::FILE* file) const { std::fclose(file); }
+};
+using FilePtr = std::unique_ptr<std::FILE, FileCloser>;
+
+/// Opens a regular file for binary reading. Null with `errno` set when it cannot be had; folders,
+/// pipes and devices are refused too, since reading one could wait for ever.
+FilePtr openForReading(const std::string& path);
+
+/// Creates or empties `path` for binary writing. Null with `errno` set on failure.
+FilePtr openForWriting(const std::string& path);
+
+/// Puts `from` in the place of `to` in one step; both lie in one folder. False with `errno` set.
+bool replaceFile(const std::string& from, const std::string& to);
+
+/// Removes `path` if it is there.
+void removeFile(const std::string& path);
+
+/// Forces what was written to `file` onto the disk. False with `errno` set on failure.
+bool syncFile(std::FILE* file);
+
+}  // namespace morvane

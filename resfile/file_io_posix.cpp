@@ -1,0 +1,36 @@
+#include "resfile/file_io.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+
+namespace morvane {
+
+FilePtr openForReading(const std::string& path) {
+  // Without O_NONBLOCK the open itself would wait for a writer when the path is a pipe.
+  const int descriptor = ::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+  if (descriptor < 0) return nullptr;
+  struct stat status {};
+  if (::fstat(descriptor, &status) != 0 || !S_ISREG(status.st_mode)) {
+    ::close(descriptor);
+    errno = S_ISDIR(status.st_mode) ? EISDIR : EINVAL;
+    return nullptr;
+  }
+  std::FILE* file = ::fdopen(descriptor, "rb");
+  if (file == nullptr) ::close(descriptor);
+  return FilePtr(file);
+}
+
+FilePtr openForWriting(const std::string& path) { return FilePtr(std::fopen(path.c_str(), "wb")); }
+
+bool replaceFile(const std::string& from, const std::string& to) {
+  return std::rename(from.c_str(), to.c_str()) == 0;
+}
+
+void removeFile(const std::string& path) { ::unlink(path.c_str()); }
+
+bool syncFile(std::FILE* file) { return std::fflush(file) == 0 && ::fsync(::fileno(file)) == 0; }
+
+}  // namespace morvane

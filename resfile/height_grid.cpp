@@ -1,0 +1,26 @@
+#include "resfile/height_grid.h"
+
+#include <cstdlib>
+#include <limits>
+
+#include "resfile/memory_advice.h"
+
+namespace morvane {
+
+void HeightGrid::Free::operator()(double* memory) const { std::free(memory); }
+
+std::shared_ptr<HeightGrid> HeightGrid::zeroed(std::int64_t width, std::int64_t height) {
+  constexpr std::int64_t kMost = std::numeric_limits<std::int32_t>::max();
+  if (width < 0 || height < 0 || width > kMost || height > kMost || width * height > kMost) {
+    return nullptr;
+  }
+  const auto count = static_cast<std::size_t>(width * height);
+  // calloc, so that a short file that announces a huge grid never touches the pages it lacks.
+  auto* memory = static_cast<double*>(std::calloc(count > 0 ? count : 1, sizeof(double)));
+  if (memory == nullptr) return nullptr;
+  adviseHugePages(memory, count * sizeof(double));
+  return std::shared_ptr<HeightGrid>(new HeightGrid(
+      static_cast<std::size_t>(width), static_cast<std::size_t>(height), Memory(memory)));
+}
+
+}  // namespace morvane

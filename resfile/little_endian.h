@@ -1,0 +1,27 @@
+// Reading and writing single values of fixed-layout little-endian records.
+#pragma once
+
+#include <bit>
+#include <cstddef>
+#include <cstring>
+
+namespace morvane {
+
+static_assert(std::endian::native == std::endian::little,
+              "records are copied as they stand; a big-endian machine would need a swap here");
+
+/// The value of type `T` that starts at `bytes`; no alignment is needed.
+template <typename T>
+T readLe(const std::byte* bytes) {
+  T value;
+  std::memcpy(&value, bytes, sizeof value);
+  return value;
+}
+
+/// Puts `value` at `bytes`; no alignment is needed.
+template <typename T>
+void writeLe(std::byte* bytes, T value) {
+  std::memcpy(bytes, &value, sizeof value);
+}
+
+}  // namespace morvane

@@ -1,0 +1,13 @@
+#include "resfile/memory_advice.h"
+
+namespace morvane {
+
+void adviseHugePages(void* /*address*/, std::size_t /*bytes*/) {}
+
+void PagesFree::operator()(std::byte* /*pages*/) const {}
+
+Pages freshPages(std::size_t /*bytes*/) { return nullptr; }
+
+void releaseSpareMemory() {}
+
+}  // namespace morvane

@@ -1,0 +1,134 @@
+#include "resfile/res_file.h"
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+#include <exception>
+#include <ostream>
+#include <vector>
+
+#include "resfile/file_io.h"
+#include "resfile/little_endian.h"
+#include "resfile/safe_file.h"
+
+namespace morvane {
+namespace {
+
+/// Reads up to `bytes` bytes and returns how many there were.
+std::uint64_t readUpTo(std::FILE* file, void* target, std::size_t bytes) {
+  return bytes == 0 ? 0 : std::fread(target, 1, bytes, file);
+}
+
+/// Reads 16-bit counts into `heights`, each times `scale`; returns the bytes taken from the file.
+std::uint64_t readCounts(std::FILE* file, double scale, std::span<double> heights) {
+  std::vector<std::byte> piece(std::size_t{1} << 18);
+  std::uint64_t total = 0;
+  while (!heights.empty()) {
+    const std::size_t wanted = std::min(heights.size(), piece.size() / 2);
+    const std::uint64_t got = readUpTo(file, piece.data(), wanted * 2);
+    total += got;
+    for (std::size_t i = 0; i < got / 2; ++i) {
+      heights[i] = readLe<std::int16_t>(piece.data() + 2 * i) * scale;
+    }
+    if (got < wanted * 2) break;
+    heights = heights.subspan(wanted);
+  }
+  return total;
+}
+
+}  // namespace
+
+resFile::resFile(std::ostream& log) : log_(&log) {}
+
+void resFile::update(const std::string& path) {
+  *log_ << ">>(resFile) -- File updated: " << path << '\n';
+  try {
+    path_ = path;
+  } catch (const std::exception& error) {
+    *log_ << error.what() << '\n';
+  }
+  read();
+}
+
+void resFile::read() {
+  grid_.reset();
+  const FilePtr file = openForReading(path_);
+  if (!file) {
+    const int error = errno;
+    *log_ << "ERROR: FILE CANNOT BE OPENED\n" << "  err " << std::strerror(error) << " \n";
+    return;
+  }
+  // The grid goes straight into its buffer; a second buffer in between would only cost a copy.
+  std::setvbuf(file.get(), nullptr, _IONBF, 0);
+  std::int32_t version = 0;
+  const HeaderBytes bytes = readHeader(file.get(), version);
+  decodeHeader(bytes, version, header_, results_, *log_);
+  fileSize_ = headerSize_ + readGrid(file.get());
+  readable_ = std::ferror(file.get()) == 0;
+  if (!readable_) *log_ << "ERROR: FILE CANNOT BE READ\n";
+  pointCount_ = grid_ ? static_cast<std::uint32_t>(grid_->count()) : 0;
+  loaded_ = true;
+}
+
+HeaderBytes resFile::readHeader(std::FILE* file, std::int32_t& version) {
+  HeaderBytes bytes{};
+  headerSize_ = readUpTo(file, bytes.data(), bytes.size());
+  version = readLe<std::int32_t>(bytes.data() + 20);
+  *log_ << "(resFile) -- File version: " << version << '\n';
+  if (version >= 4) {
+    rawHeader_ = bytes;
+    *log_ << "Size of Res Head 4: " << kHeaderBytes << '\n' << "Headersize: " << headerSize_ << '\n';
+  } else if (version == 3) {
+    *log_ << "VERSION 3 DETECTED\n";
+  }
+  if (headerSize_ < kHeaderBytes) {
+    *log_ << "(resFile) - DAMAGED FIELD header length: " << headerSize_ << '\n';
+  }
+  return bytes;
+}
+
+std::uint64_t resFile::readGrid(std::FILE* file) {
+  const std::shared_ptr<HeightGrid> grid = HeightGrid::zeroed(header_.width, header_.height);
+  *log_ << "(resFile) - Num Type: " << header_.numType << '\n';
+  grid_ = grid;
+  if (!grid) {
+    *log_ << "(resFile) - NO GRID OF " << header_.width << " x " << header_.height << '\n';
+    return 0;
+  }
+  const std::span<double> heights = grid->values();
+  switch (header_.numType) {
+    case kNumTypeDoubles:
+      return readUpTo(file, heights.data(), heights.size_bytes());
+    case kNumTypeCounts16:
+      return readCounts(file, header_.heightScale, heights);
+    default:
+      return 0;
+  }
+}
+
+bool resFile::isValid() const {
+  *log_ << "WIDTH: " << header_.width << '\n'
+        << "HEIGHT: " << header_.height << '\n'
+        << "HEADERSIZE: " << headerSize_ << '\n'
+        << "fileSize: " << fileSize_ << '\n';
+  // Judged by the sizes, not by the grid: after a failed open these are the previous file's.
+  const std::int64_t count = std::int64_t{header_.width} * header_.height;
+  if (!readable_ || header_.width < 0 || header_.height < 0 || count != pointCount_) return false;
+  const auto points = static_cast<std::uint64_t>(count);
+  return headerSize_ + points * 8 == fileSize_ || headerSize_ + points * 2 == fileSize_;
+}
+
+std::string resFile::writeRegion(std::span<const double> values, std::int32_t regionWidth,
+                                 std::int32_t regionHeight, const std::string& path) const {
+  HeaderBytes bytes = rawHeader_;
+  writeLe(bytes.data() + 4, regionWidth);
+  writeLe(bytes.data() + 8, regionHeight);
+  SafeFile file(path);
+  file.write(bytes.data(), bytes.size());
+  file.write(values.data(), values.size_bytes());
+  return file.commit();
+}
+
+}  // namespace morvane

@@ -1,0 +1,44 @@
+// The result records of a measurement file: what the instrument's assessment algorithms computed.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <iosfwd>
+
+namespace morvane {
+
+/// Two roughness bands, each behind its own filter. Limits and RsM in mm, Sa, RaX and RaY in µm.
+struct OrangePeelBands {
+  /// Filter of band 1 and band 2: 0 high pass, 1 low pass, 2 band pass.
+  std::array<std::uint32_t, 2> filterType{};
+  /// B1 low, B1 high, B2 low, B2 high limit; then Sa, RaX, RaY, RsM of B1; then the same of B2.
+  std::array<float, 12> values{};
+};
+
+/// One record of each kind. A read refreshes only the record its algorithm code selects; the
+/// others keep what an earlier file put there. Floats that no layout shows are carried all the same.
+struct ResResults {
+  std::array<float, 16> standard{};         ///< C, S, Sq (%), W, D (mm), Q (%), ten more
+  std::array<float, 4> copr{};              ///< COPR value, three more
+  std::array<float, 13> waveScanBands{};    ///< Sa_A … Sa_E, Sa_LW, Sa_SW (µm), six more
+  OrangePeelBands orangePeel;
+  std::array<float, 8> textureCurvature{};  ///< overall, a, b, c, d, e, lw, sw
+  std::array<float, 6> standardEcRm{};      ///< ORa, ORq (µm), waviness, quality (%), two more
+  std::array<float, 2> vwEcRm{};            ///< Wa 0.8, Wsa 1-5 (µm)
+  std::array<float, 16> gmEcRm{};           ///< Sa, RaX, RaY, RsM of APP, Peel, Band B, Band C
+  std::array<float, 7> ecWaveScanBands{};   ///< Sa_A … Sa_E, Sa_LW, Sa_SW (µm)
+};
+
+/// Bytes of the result area behind the algorithm code, of which no record uses more than 64.
+inline constexpr std::size_t kResultAreaBytes = 76;
+
+/// Takes the record that `algorithmType` selects from the result area of a version-4 header into
+/// `results` and writes the code's log lines to `log`. An unknown code leaves every record alone.
+void decodeResults(std::uint32_t algorithmType, const std::byte* resultArea, ResResults& results,
+                   std::ostream& log);
+
+/// Takes the fixed values of a version-3 header (`header`: its 256 bytes) into `results`.
+void decodeVersion3Results(const std::byte* header, ResResults& results);
+
+}  // namespace morvane

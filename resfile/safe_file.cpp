@@ -1,0 +1,37 @@
+#include "resfile/safe_file.h"
+
+#include <cerrno>
+#include <cstring>
+#include <utility>
+
+namespace morvane {
+
+SafeFile::SafeFile(std::string target)
+    : target_(std::move(target)), temporary_(target_ + ".part"), file_(openForWriting(temporary_)) {
+  if (!file_) keepReason();
+}
+
+SafeFile::~SafeFile() {
+  if (file_) {
+    file_.reset();
+    removeFile(temporary_);
+  }
+}
+
+void SafeFile::write(const void* data, std::size_t bytes) {
+  if (!reason_.empty()) return;
+  if (std::fwrite(data, 1, bytes, file_.get()) != bytes) keepReason();
+}
+
+std::string SafeFile::commit() {
+  if (reason_.empty() && !syncFile(file_.get())) keepReason();
+  if (!file_) return reason_;
+  file_.reset();
+  if (reason_.empty() && !replaceFile(temporary_, target_)) keepReason();
+  if (!reason_.empty()) removeFile(temporary_);
+  return reason_;
+}
+
+void SafeFile::keepReason() { reason_ = std::strerror(errno); }
+
+}  // namespace morvane

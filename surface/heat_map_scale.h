@@ -1,0 +1,76 @@
+// The six-colour height scale: what colour a height has, and the key that explains it.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <string>
+
+namespace morvane {
+
+using Colour = std::array<float, 3>;
+
+/// The stops of the scale from low to high: violet, blue, green, yellow, orange, red.
+inline constexpr std::array<Colour, 6> kHeatStops = {{
+    {0.6F, 0.4F, 1.0F},
+    {0.0F, 0.0F, 1.0F},
+    {0.0F, 1.0F, 0.0F},
+    {1.0F, 1.0F, 0.0F},
+    {1.0F, 0.4F, 0.0F},
+    {1.0F, 0.0F, 0.0F},
+}};
+
+/// The colour of whatever no rule colours: a flat mid grey.
+inline constexpr Colour kUncoloured = {0.5F, 0.5F, 0.5F};
+
+/// A height range spread over the stops.
+class HeatMapScale {
+ public:
+  HeatMapScale() = default;
+  /// A scale from `lower` to `upper`, in height units; equal or reversed limits are allowed.
+  HeatMapScale(float lower, float upper);
+
+  [[nodiscard]] float lower() const { return lower_; }
+  [[nodiscard]] float upper() const { return upper_; }
+
+  /// The colour of `height`: linear between the stops, the last stop from the upper limit to 20 %
+  /// of the range beyond it, grey elsewhere, for a missing point and on an empty range.
+  [[nodiscard]] Colour colourOf(float height) const {
+    const float part = (height - lower_) / segment_;
+    if (!(part >= 0.0F && part < static_cast<float>(kHeatStops.size()))) return kUncoloured;
+    const auto stop = height == upper_ ? kHeatStops.size() - 1 : static_cast<std::size_t>(part);
+    const float above = height - (lower_ + static_cast<float>(stop) * segment_);
+    Colour colour = kHeatStops[stop];
+    for (std::size_t channel = 0; channel < 3; ++channel) {
+      colour[channel] += slopes_[stop][channel] * above;
+    }
+    return colour;
+  }
+
+ private:
+  float lower_ = 0.0F;
+  float upper_ = 0.0F;
+  float segment_ = 0.0F;                             // height between two stops
+  std::array<Colour, kHeatStops.size()> slopes_{};  // per height unit; none past the last stop
+};
+
+inline constexpr std::size_t kKeyBands = kHeatStops.size() - 1;
+inline constexpr std::size_t kKeyLabels = kHeatStops.size();
+
+/// The colour key in device coordinates: five bands, red on top, two triangles each.
+struct KeyGeometry {
+  std::array<float, kKeyBands * 18> positions;
+  std::array<float, kKeyBands * 18> colours;
+};
+inline constexpr float kKeyCentreX = 0.75F;
+inline constexpr float kKeyWidth = 0.05F;
+inline constexpr float kKeyHeight = 1.4F;
+
+KeyGeometry keyGeometry();
+
+/// Device y of key label `i`, counted from the top.
+float keyLabelY(std::size_t i);
+
+/// The numbers beside the key, top to bottom, from `max` to `min` with two decimals.
+std::array<std::string, kKeyLabels> keyLabels(float max, float min);
+
+}  // namespace morvane

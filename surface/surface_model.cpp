@@ -1,0 +1,68 @@
+#include "surface/surface_model.h"
+
+#include <cmath>
+#include <ostream>
+#include <utility>
+
+namespace morvane {
+
+SurfaceModel::SurfaceModel(std::ostream& log) : log_(&log) { *log_ << "Hello Vertices\n"; }
+
+void SurfaceModel::setRaw(std::shared_ptr<const HeightGrid> grid) {
+  raw_ = std::move(grid);
+  filtered_.reset();
+  statisticsKnown_ = false;
+}
+
+void SurfaceModel::setFiltered(std::shared_ptr<const HeightGrid> grid) {
+  filtered_ = std::move(grid);
+}
+
+const std::shared_ptr<const HeightGrid>& SurfaceModel::shown() const {
+  const bool fits = filtered_ && raw_ && filtered_->width() == raw_->width() &&
+                    filtered_->height() == raw_->height();
+  return useFiltered && fits ? filtered_ : raw_;
+}
+
+void SurfaceModel::measure() {
+  if (!raw_) return;
+  *log_ << "Setting Model Values...\n";
+  if (!statisticsKnown_) measureStatistics();
+  if (!skipScale) {
+    *log_ << "Setting AS...\n";
+    autoScale_ = automaticScale(sd_, raw_->width());
+  }
+  *log_ << "Non-Detailed Rendering\n";
+  limits_ = findLimits(*shown(), crop);
+  scale_ = HeatMapScale(limits_.zMin, limits_.zMax);
+  logLimits();
+}
+
+void SurfaceModel::measureStatistics() {
+  const auto heights = raw_->values();
+  *log_ << "Setting Mean...\n";
+  mean_ = meanOf(heights);
+  *log_ << "Setting Variance...\n";
+  variance_ = varianceOf(heights, mean_);
+  *log_ << "Setting SD...\n";
+  sd_ = std::sqrt(variance_);
+  statisticsKnown_ = true;
+}
+
+void SurfaceModel::logLimits() const {
+  *log_ << "True Min: " << limits_.trueMin << '\n'
+        << "True Max: " << limits_.trueMax << '\n'
+        << "zMin: " << limits_.zMin << '\n'
+        << "zMax: " << limits_.zMax << '\n'
+        << "cropMin: " << crop.min << '\n'
+        << "cropMax: " << crop.max << '\n';
+}
+
+void SurfaceModel::build(const MeshArrays& arrays) const {
+  if (!raw_) return;
+  *log_ << "Setting Vertex Normals...\n";
+  const HeatMapScale colours = crop.on ? HeatMapScale(crop.min, crop.max) : scale_;
+  buildMesh(*shown(), {crop, heatMap ? &colours : nullptr}, arrays);
+}
+
+}  // namespace morvane

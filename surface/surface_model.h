@@ -1,0 +1,70 @@
+// The surface of the measurement on show: its statistics, scale, limits and mesh.
+#pragma once
+
+#include <iosfwd>
+#include <memory>
+
+#include "surface/heat_map_scale.h"
+#include "surface/mesh.h"
+#include "surface/statistics.h"
+#include "surface/surface_limits.h"
+
+namespace morvane {
+
+/// Refilled, not recreated, when another measurement is shown. It keeps no mesh: `build` writes
+/// into memory the caller has, and what is kept of it are the numbers.
+class SurfaceModel {
+ public:
+  /// Writes its diagnostics to `log`, which must outlive the model.
+  explicit SurfaceModel(std::ostream& log);
+
+  /// Takes the raw heights of a measurement. The filtered ones of an earlier one are let go.
+  void setRaw(std::shared_ptr<const HeightGrid> grid);
+  /// Takes the filtered heights; used only while they have the size of the raw ones.
+  void setFiltered(std::shared_ptr<const HeightGrid> grid);
+
+  /// Everything that is known without a mesh, from the present grid and flags: statistics of a raw
+  /// grid not seen before, the automatic scale unless `skipScale` is set, and the limits.
+  void measure();
+
+  /// Writes the mesh of the last `measure` into `arrays`, each of `cellCount(*shown())` cells.
+  void build(const MeshArrays& arrays) const;
+
+  /// The grid a build takes: filtered while `useFiltered` is set and there is one that fits, else
+  /// raw; null before the first measurement.
+  [[nodiscard]] const std::shared_ptr<const HeightGrid>& shown() const;
+  [[nodiscard]] const std::shared_ptr<const HeightGrid>& raw() const { return raw_; }
+  /// Whether the last measured grid has any height to draw.
+  [[nodiscard]] bool hasHeights() const { return mean_.finite > 0; }
+
+  [[nodiscard]] float mean() const { return mean_.mean; }
+  [[nodiscard]] float variance() const { return variance_; }
+  [[nodiscard]] float sd() const { return sd_; }
+  /// The vertical exaggeration that suits the raw grid; infinite for a flat one.
+  [[nodiscard]] float autoScale() const { return autoScale_; }
+  [[nodiscard]] const SurfaceLimits& limits() const { return limits_; }
+  /// The colour scale over the displayed limits of the last measure.
+  [[nodiscard]] const HeatMapScale& scale() const { return scale_; }
+
+  bool skipScale = false;    ///< keep the z-scale that is in force
+  bool useFiltered = false;  ///< build from the filtered grid
+  bool heatMap = true;       ///< colour by height; else mid grey
+  Crop crop;                 ///< the limits an operator set
+
+ private:
+  void measureStatistics();
+  void logLimits() const;
+
+  std::ostream* log_;
+  std::shared_ptr<const HeightGrid> raw_;
+  std::shared_ptr<const HeightGrid> filtered_;
+  bool statisticsKnown_ = false;
+  HeightMean mean_;
+  float variance_ = 0.0F;
+  float sd_ = 0.0F;
+  float autoScale_ = 0.0F;
+  SurfaceLimits limits_;
+  HeatMapScale scale_;
+};
+
+}  // namespace morvane

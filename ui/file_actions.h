@@ -1,0 +1,18 @@
+// The actions on whole measurement files.
+#pragma once
+
+class Fl_Widget;
+
+namespace morvane {
+
+/// Modes of `openMeasurement`; every mode but the start-up one asks with a chooser.
+inline constexpr long kOpenFromMenu = 0;
+inline constexpr long kOpenStartupFile = 2;
+inline constexpr long kOpenFromButton = 4;
+
+/// Opens a measurement: the start-up file, or the one the operator chooses. A file that cannot be
+/// opened adds a line to the console strip; one that is no whole measurement brings an alert. In
+/// both cases what is on show stays as it is and usable.
+void openMeasurement(Fl_Widget* widget, long mode);
+
+}  // namespace morvane

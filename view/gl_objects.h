@@ -1,0 +1,57 @@
+// Small owners of GL names; each releases its object while a context is current.
+#pragma once
+
+#include <GL/glew.h>
+
+#include <utility>
+
+namespace morvane {
+
+/// Move-only owner of one GL name; `Kind` says how such a name is made and released.
+template <typename Kind>
+class GlObject {
+ public:
+  GlObject() = default;
+  ~GlObject() { reset(); }
+  GlObject(GlObject&& other) noexcept : name_(std::exchange(other.name_, 0)) {}
+  GlObject& operator=(GlObject&& other) noexcept {
+    if (this != &other) {
+      reset();
+      name_ = std::exchange(other.name_, 0);
+    }
+    return *this;
+  }
+  GlObject(const GlObject&) = delete;
+  GlObject& operator=(const GlObject&) = delete;
+
+  /// Makes a fresh object in the current context.
+  static GlObject generate() {
+    GlObject object;
+    Kind::generate(&object.name_);
+    return object;
+  }
+
+  [[nodiscard]] GLuint name() const { return name_; }
+
+  void reset() {
+    if (name_ != 0) Kind::release(&name_);
+    name_ = 0;
+  }
+
+ private:
+  GLuint name_ = 0;
+};
+
+struct BufferKind {
+  static void generate(GLuint* name) { glGenBuffers(1, name); }
+  static void release(const GLuint* name) { glDeleteBuffers(1, name); }
+};
+struct VertexArrayKind {
+  static void generate(GLuint* name) { glGenVertexArrays(1, name); }
+  static void release(const GLuint* name) { glDeleteVertexArrays(1, name); }
+};
+
+using GlBuffer = GlObject<BufferKind>;
+using GlVertexArray = GlObject<VertexArrayKind>;
+
+}  // namespace morvane

@@ -1,0 +1,184 @@
+#include "view/gl_window.h"
+
+#include <FL/Fl.H>
+
+#include <array>
+#include <chrono>
+#include <cstdio>
+#include <iostream>
+#include <utility>
+
+#include "app/debug_log.h"
+#include "resfile/memory_advice.h"
+#include "view/gl_mode.h"
+
+namespace morvane {
+namespace {
+
+constexpr const char* kLogFile = "GLWindow.log";
+// Long enough for the rasteriser to have finished the first frame of a surface.
+constexpr double kTidyAfter = 0.3;  // seconds
+
+void tidyMemory(void* /*data*/) { releaseSpareMemory(); }
+
+class Stopwatch {
+ public:
+  [[nodiscard]] double milliseconds() const {
+    return std::chrono::duration<double, std::milli>(Clock::now() - start_).count();
+  }
+  /// Prints what a step took, as `label` + time + " milliseconds".
+  void print(const char* label) const { std::printf("%s%.3f milliseconds\n", label, milliseconds()); }
+
+ private:
+  using Clock = std::chrono::steady_clock;
+  Clock::time_point start_ = Clock::now();
+};
+
+}  // namespace
+
+GLWindow::GLWindow(int x, int y, int w, int h, const char* label)
+    : Fl_Gl_Window(x, y, w, h, label), file_(std::cout), model_(std::cout) {
+  mode(kGlMode);
+  end();
+}
+
+void GLWindow::updateMeasurement() {
+  DebugLog::write(kLogFile, "Updating Res File...");
+  measurement_ = file_.measurement();
+  DebugLog::write(kLogFile, "Updating Profile Res File...");
+  DebugLog::write(kLogFile, "Updating Autoscaling...");
+  model_.setRaw(measurement_.grid);
+  modelLoaded_ = true;
+  requestRebuild();
+}
+
+void GLWindow::requestRebuild() {
+  modelBound_ = false;
+  modelMeasured_ = false;
+  keyDirty_ = true;
+  redraw();
+}
+
+void GLWindow::showMeasurement() {
+  if (glUsable()) {
+    show();
+    redraw();
+    Fl::flush();
+  }
+  // Before the window is on the screen nothing is drawn; the controls need the numbers now.
+  if (!modelMeasured_) measure();
+}
+
+void GLWindow::measure() {
+  model_.measure();
+  if (!model_.skipScale) zScale_ = model_.autoScale();
+  modelMeasured_ = true;
+}
+
+bool GLWindow::glUsable() {
+  if (can_do()) return true;
+  reportTrouble("the display offers no OpenGL");
+  return false;
+}
+
+void GLWindow::reportTrouble(const std::string& reason) {
+  if (std::exchange(troubleReported_, true)) return;
+  const std::string message = "The surface cannot be drawn: " + reason +
+                              ". The 3D view needs a display and driver with OpenGL 3.0 and the "
+                              "GLSL ES 3.00 shading language.";
+  std::fprintf(stderr, "%s\n", message.c_str());
+  if (onTrouble) onTrouble(message);
+}
+
+int GLWindow::handle(int event) {
+  if (event == FL_SHOW && firstShow_) {
+    const int result = Fl_Gl_Window::handle(event);
+    initialiseGlew();
+    return result;
+  }
+  return Fl_Gl_Window::handle(event);
+}
+
+void GLWindow::initialiseGlew() {
+  firstShow_ = false;
+  if (!shown()) return;
+  make_current();
+  DebugLog::write(kLogFile, "Initializing GLEW\n");
+  const GLenum error = glewInit();
+  if (error != GLEW_OK) {
+    std::array<char, 64> message;
+    std::snprintf(message.data(), message.size(), "glewInit() failed returning %u", error);
+    Fl::warning("%s", message.data());
+    DebugLog::write(kLogFile, message.data());
+  }
+  // GLEW may complain about the window system only; what counts is whether the functions are there.
+  glReady_ = glCreateShader != nullptr && glGenVertexArrays != nullptr && glMapBufferRange != nullptr;
+  if (!glReady_) {
+    const auto* version = reinterpret_cast<const char*>(glGetString(GL_VERSION));
+    reportTrouble(std::string("the driver (OpenGL ") + (version ? version : "unknown") +
+                  ") lacks functions it needs");
+  }
+}
+
+void GLWindow::draw() {
+  if (!modelLoaded_ || !glReady_) {
+    glClearColor(0.0F, 0.0F, 0.0F, 0.0F);
+    glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
+    return;
+  }
+  const Stopwatch frame;
+  if (needsBuffers_) generateBuffers();
+  if (!modelBound_) bindModel();
+  glPolygonMode(GL_FRONT_AND_BACK, filledPolygons_ ? GL_FILL : GL_POINT);
+  drawSurface();
+  frame.print("Drawing Time: ");
+  if (std::exchange(keyBuffersNeeded_, false)) key_.generateBuffers();
+  if (keyVisible_) drawKey();
+  frame.print("Drawing Time for HM Key: ");
+}
+
+void GLWindow::generateBuffers() {
+  const Stopwatch watch;
+  DebugLog::write(kLogFile, "GENERATING BUFFERS......\n");
+  surface_.generate();
+  key_.generateProgram();
+  if (!surface_.usable() || !key_.usable()) {
+    reportTrouble(std::string("the shaders do not compile on ") +
+                  reinterpret_cast<const char*>(glGetString(GL_RENDERER)));
+  }
+  watch.print("Buffer Generation Time: ");
+  needsBuffers_ = false;
+}
+
+void GLWindow::bindModel() {
+  const Stopwatch watch;
+  DebugLog::write(kLogFile, "Binding Model Data...\n");
+  if (!modelMeasured_) measure();
+  if (const std::string reason = surface_.bind(model_); !reason.empty()) reportTrouble(reason);
+  modelBound_ = true;
+  Fl::remove_timeout(tidyMemory);
+  Fl::add_timeout(kTidyAfter, tidyMemory);
+  watch.print("Model Binding Time: ");
+}
+
+void GLWindow::drawSurface() {
+  glClearColor(0.65F, 0.86F, 1.0F, 0.0F);
+  glPointSize(2.0F);
+  glViewport(0, 0, pixel_w(), pixel_h());
+  glEnable(GL_MULTISAMPLE);
+  glEnable(GL_FRAMEBUFFER_SRGB);
+  glEnable(GL_DEPTH_TEST);
+  glDepthFunc(GL_LESS);
+  glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
+  const HeightGrid& grid = *model_.shown();
+  matrices_ = viewMatrices(camera_, w(), h(), grid.width(), grid.height(), zScale_);
+  surface_.draw(matrices_, camera_.eye, lightingOn_);
+}
+
+void GLWindow::drawKey() {
+  if (std::exchange(keyDirty_, false)) key_.rebuild();
+  glPolygonMode(GL_FRONT_AND_BACK, GL_FILL);
+  key_.draw();
+}
+
+}  // namespace morvane

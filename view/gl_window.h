@@ -1,0 +1,91 @@
+// The 3D view: the toolkit's GL window that shows the measured surface and its colour key.
+#pragma once
+
+#include <FL/Fl_Gl_Window.H>
+
+#include <functional>
+#include <string>
+
+#include "resfile/measurement.h"
+#include "resfile/res_file.h"
+#include "surface/surface_model.h"
+#include "view/camera.h"
+#include "view/key_renderer.h"
+#include "view/surface_renderer.h"
+
+namespace morvane {
+
+/// Owns the measurement-file object, the surface model, the camera and the GL objects. Everything
+/// happens on the GUI thread, GL calls only inside `draw()` and `handle()`.
+class GLWindow : public Fl_Gl_Window {
+ public:
+  GLWindow(int x, int y, int w, int h, const char* label);
+
+  int handle(int event) override;
+
+  /// The object the open action reads with. What it holds after a failed read is not on show.
+  [[nodiscard]] resFile& file() { return file_; }
+  /// The measurement on show; empty path before the first.
+  [[nodiscard]] const Measurement& measurement() const { return measurement_; }
+  [[nodiscard]] bool modelLoaded() const { return modelLoaded_; }
+  [[nodiscard]] const SurfaceModel& model() const { return model_; }
+
+  /// Takes what `file()` has read as the measurement on show and asks for a rebuild.
+  void updateMeasurement();
+  /// Shows the view and brings its numbers up to date: the picture at once where the window is on
+  /// the screen, else with its first frame.
+  void showMeasurement();
+  /// Makes the next frame build the surface and the key anew.
+  void requestRebuild();
+
+  /// Whether the system can draw the view at all. Says so once through `onTrouble` when not.
+  bool glUsable();
+
+  /// Vertical exaggeration of the surface; infinite for a flat one, which is drawn at 1.
+  [[nodiscard]] float zScale() const { return zScale_; }
+  /// The measurement's own scale, the base of the slider's steps.
+  [[nodiscard]] float sliderScale() const { return model_.autoScale(); }
+  /// Upper bound of the slider: a fresh file stands in its middle.
+  [[nodiscard]] float maxScale() const { return 2.0F * model_.autoScale(); }
+
+  /// Where the view puts a message that an operator must see.
+  std::function<void(const std::string&)> onTrouble;
+
+  std::string exeFolder;  ///< the view's own copy, for its resources
+
+ protected:
+  void draw() override;
+
+ private:
+  void measure();
+  void generateBuffers();
+  void bindModel();
+  void drawSurface();
+  void drawKey();
+  void initialiseGlew();
+  void reportTrouble(const std::string& reason);
+
+  resFile file_;
+  Measurement measurement_;
+  SurfaceModel model_;
+  Camera camera_;
+  ViewMatrices matrices_;
+  SurfaceRenderer surface_;
+  KeyRenderer key_;
+  float zScale_ = 1.0F;
+
+  bool modelBound_ = false;       // the surface buffers hold the present model
+  bool modelMeasured_ = false;    // its numbers are those of the present grid and flags
+  bool keyDirty_ = true;          // the key must be rebuilt
+  bool keyVisible_ = true;
+  bool modelLoaded_ = false;      // there is something to show
+  bool filledPolygons_ = true;    // false: points
+  bool needsBuffers_ = true;      // programs and buffers must be made
+  bool lightingOn_ = true;
+  bool keyBuffersNeeded_ = true;
+  bool firstShow_ = true;         // GLEW not yet initialised
+  bool glReady_ = false;          // GLEW found the functions the view calls
+  bool troubleReported_ = false;
+};
+
+}  // namespace morvane

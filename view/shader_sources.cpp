@@ -1,0 +1,90 @@
+#include "view/shader_sources.h"
+
+namespace morvane {
+
+const ShaderSource kSurfaceShader = {
+    "ModelVS", "ModelFS",
+    R"(#version 300 es
+precision highp float;
+
+layout(location = 0) in vec3 vertexPosition;
+layout(location = 1) in vec3 vertexColor;
+layout(location = 2) in vec3 vertexNormals;
+
+uniform mat4 M;
+uniform mat4 V;
+uniform mat4 P;
+uniform mat3 normalMatrix;  // transpose(inverse(M)), made once a frame, not once a vertex
+
+out vec3 fragmentColor;
+out vec3 vsPosition;
+out vec3 vsNormal;
+
+void main() {
+  fragmentColor = vertexColor;
+  vsPosition = (M * vec4(vertexPosition, 1.0)).xyz;
+  vsNormal = normalMatrix * vertexNormals;
+  gl_Position = P * V * vec4(vsPosition, 1.0);
+}
+)",
+    R"(#version 300 es
+precision highp float;
+
+in vec3 fragmentColor;
+in vec3 vsPosition;
+in vec3 vsNormal;
+
+uniform vec3 CameraPosition;
+uniform vec3 ambient_lighting;
+uniform vec3 diffuse_lighting;
+uniform vec3 specular_lighting;
+uniform vec3 LightDirection;
+uniform float LightPower;
+uniform float Shininess;
+
+out vec4 outColor;
+
+void main() {
+  vec3 ambient = ambient_lighting * fragmentColor;
+
+  vec3 norm = normalize(vsNormal);
+  vec3 toLight = normalize(-LightDirection);
+  // Both sides of the sheet are lit.
+  float diff = max(dot(gl_FrontFacing ? norm : -norm, toLight), 0.0);
+  vec3 diffuse = diffuse_lighting * diff * fragmentColor;
+
+  // Tinted by the surface, so that a highlight never turns a height's colour white.
+  vec3 viewDir = normalize(CameraPosition - vsPosition);
+  vec3 reflectDir = reflect(-toLight, norm);
+  float spec = pow(max(dot(viewDir, reflectDir), 0.0), Shininess);
+  vec3 specular = specular_lighting * spec * fragmentColor * LightPower;
+
+  outColor = vec4(ambient + diffuse + specular, 1.0);
+}
+)"};
+
+const ShaderSource kKeyShader = {
+    "KeyVS", "KeyFS",
+    R"(#version 300 es
+precision highp float;
+
+layout(location = 3) in vec3 vertexPosition_modelspace;
+layout(location = 4) in vec3 vertexColours;
+
+out vec3 vertexColour;
+
+void main() {
+  gl_Position = vec4(vertexPosition_modelspace, 1.0);
+  vertexColour = vertexColours;
+}
+)",
+    R"(#version 300 es
+precision highp float;
+
+in vec3 vertexColour;
+out vec4 color;
+
+void main() { color = vec4(vertexColour, 1.0); }
+)"};
+
+}  // namespace morvane
