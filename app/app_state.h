@@ -2,16 +2,22 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 class Fl_Box;
+class Fl_Button;
 class Fl_Double_Window;
+class Fl_Float_Input;
 class Fl_Menu_Bar;
+class Fl_Slider;
 class Fl_Text_Buffer;
 class Fl_Window;
 
 namespace morvane {
 
+class ConfigManagerWindow;
 class GLWindow;
+class ResultsPanel;
 
 /// One instance for the whole run. The pointers do not own: widgets belong to the toolkit's tree.
 struct AppState {
@@ -25,6 +31,29 @@ struct AppState {
   Fl_Window* controlsPanel = nullptr;
   Fl_Window* consolePanel = nullptr;
   Fl_Text_Buffer* consoleText = nullptr;
+  Fl_Window* aboutWindow = nullptr;
+  Fl_Window* heatMapDialog = nullptr;
+  ConfigManagerWindow* configManager = nullptr;
+  ResultsPanel* resultsPanel = nullptr;
+
+  Fl_Button* heatMapButton = nullptr;
+  Fl_Slider* scaleSlider = nullptr;
+  Fl_Text_Buffer* scaleReadout = nullptr;
+  Fl_Float_Input* maximumInput = nullptr;
+  Fl_Float_Input* minimumInput = nullptr;
+  Fl_Button* cropButton = nullptr;
+  Fl_Button* profileButton = nullptr;
+  Fl_Button* swapPinsButton = nullptr;
+  Fl_Button* profileOffButton = nullptr;
+  Fl_Button* detailsButton = nullptr;
+
+  std::vector<std::string> bitmapPaths;  ///< the bitmaps of the "&BMPs" menu, in its order
+
+  bool heatMapOn = true;     ///< the surface wears the heat map, not a bitmap
+  bool cropMode = false;     ///< the next press of the crop button returns to automatic limits
+  bool detailsShown = true;  ///< the next press of the details button shows the results column
+  bool fullScreen = false;
+  bool fileLoaded = false;
 };
 
 /// The record itself.

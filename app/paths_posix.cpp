@@ -1,6 +1,6 @@
-#include <cstdlib>
-
 #include "app/paths.h"
+
+#include <cstdlib>
 
 namespace morvane {
 

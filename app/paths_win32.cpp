@@ -1,6 +1,6 @@
-#include <windows.h>
-
 #include "app/paths.h"
+
+#include <windows.h>
 
 namespace morvane {
 

@@ -19,6 +19,12 @@ FilePtr openForReading(const std::string& path);
 /// Creates or empties `path` for binary writing. Null with `errno` set on failure.
 FilePtr openForWriting(const std::string& path);
 
+/// Whether there is anything under the name `path`.
+bool fileExists(const std::string& path);
+
+/// Whether both names lead to one existing file, through links too.
+bool isSameFile(const std::string& a, const std::string& b);
+
 /// Puts `from` in the place of `to` in one step; both lie in one folder. False with `errno` set.
 bool replaceFile(const std::string& from, const std::string& to);
 

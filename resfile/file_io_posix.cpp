@@ -25,6 +25,15 @@ FilePtr openForReading(const std::string& path) {
 
 FilePtr openForWriting(const std::string& path) { return FilePtr(std::fopen(path.c_str(), "wb")); }
 
+bool fileExists(const std::string& path) { return ::access(path.c_str(), F_OK) == 0; }
+
+bool isSameFile(const std::string& a, const std::string& b) {
+  struct stat first {};
+  struct stat second {};
+  return ::stat(a.c_str(), &first) == 0 && ::stat(b.c_str(), &second) == 0 &&
+         first.st_dev == second.st_dev && first.st_ino == second.st_ino;
+}
+
 bool replaceFile(const std::string& from, const std::string& to) {
   return std::rename(from.c_str(), to.c_str()) == 0;
 }

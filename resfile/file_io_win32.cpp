@@ -5,6 +5,8 @@
 #include <windows.h>
 
 #include <cerrno>
+#include <filesystem>
+#include <system_error>
 
 namespace morvane {
 namespace {
@@ -32,6 +34,13 @@ FilePtr openForReading(const std::string& path) {
 
 FilePtr openForWriting(const std::string& path) {
   return FilePtr(_wfopen(wide(path).c_str(), L"wb"));
+}
+
+bool fileExists(const std::string& path) { return _waccess(wide(path).c_str(), 0) == 0; }
+
+bool isSameFile(const std::string& a, const std::string& b) {
+  std::error_code error;
+  return std::filesystem::equivalent(wide(a), wide(b), error);
 }
 
 bool replaceFile(const std::string& from, const std::string& to) {

@@ -58,7 +58,8 @@ std::size_t takeText(const std::byte* bytes, const TextField& field, std::array<
   std::array<char, N> text{};
   std::memcpy(text.data(), bytes + field.offset + 1, length);
   const std::size_t used = std::min(length, fieldText(text).size());
-  std::fill(std::copy_n(text.begin(), used, target.begin()), target.begin() + static_cast<std::ptrdiff_t>(length), '\0');
+  std::fill(std::copy_n(text.begin(), used, target.begin()),
+            target.begin() + static_cast<std::ptrdiff_t>(length), '\0');
   return length;
 }
 

@@ -57,7 +57,8 @@ void resFile::read() {
   const FilePtr file = openForReading(path_);
   if (!file) {
     const int error = errno;
-    *log_ << "ERROR: FILE CANNOT BE OPENED\n" << "  err " << std::strerror(error) << " \n";
+    *log_ << "ERROR: FILE CANNOT BE OPENED\n"
+          << "  err " << std::strerror(error) << " \n";
     return;
   }
   // The grid goes straight into its buffer; a second buffer in between would only cost a copy.
@@ -79,7 +80,8 @@ HeaderBytes resFile::readHeader(std::FILE* file, std::int32_t& version) {
   *log_ << "(resFile) -- File version: " << version << '\n';
   if (version >= 4) {
     rawHeader_ = bytes;
-    *log_ << "Size of Res Head 4: " << kHeaderBytes << '\n' << "Headersize: " << headerSize_ << '\n';
+    *log_ << "Size of Res Head 4: " << kHeaderBytes << '\n'
+          << "Headersize: " << headerSize_ << '\n';
   } else if (version == 3) {
     *log_ << "VERSION 3 DETECTED\n";
   }

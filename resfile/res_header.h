@@ -22,13 +22,13 @@ inline constexpr std::int32_t kNumTypeCounts16 = -2;
 
 /// What a header says. Fields that an older version lacks keep what an earlier read put there.
 struct ResHeader {
-  std::int32_t numType = 0;        ///< element type of the grid in the file
-  std::int32_t width = 0;          ///< grid columns
-  std::int32_t height = 0;         ///< grid rows
-  std::int32_t headerVersion = 0;  ///< format version
-  double pixelSizeX = 0.0;         ///< distance of neighbouring columns, mm
-  double pixelSizeY = 0.0;         ///< distance of neighbouring rows, mm
-  double heightScale = 0.0;        ///< height of one count of a 16-bit grid value
+  std::int32_t numType = 0;            ///< element type of the grid in the file
+  std::int32_t width = 0;              ///< grid columns
+  std::int32_t height = 0;             ///< grid rows
+  std::int32_t headerVersion = 0;      ///< format version
+  double pixelSizeX = 0.0;             ///< distance of neighbouring columns, mm
+  double pixelSizeY = 0.0;             ///< distance of neighbouring rows, mm
+  double heightScale = 0.0;            ///< height of one count of a 16-bit grid value
   std::array<char, 16> headerText1{};  ///< time stamp, 14 digits: year, month, day, h, min, s
   std::array<char, 16> headerText2{};  ///< data type
   std::array<char, 64> headerText3{};  ///< part name

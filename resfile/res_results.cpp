@@ -22,6 +22,7 @@ constexpr LogLine kStandardLog[] = {{"(resFile) - CC_VEXA_STD"}};
 constexpr LogLine kCoprLog[] = {{"(resFile) - CC_RENAULT:"}};
 constexpr LogLine kWaveScanLog[] = {{"(resFile) - CC_WS_BANDS"}};
 
+// clang-format off
 constexpr LogLine kOrangePeelLog[] = {
     {"EC RM OR DETAILS: "},
     {">>B1 Filter Type: ", 0, true},
@@ -63,6 +64,8 @@ constexpr LogLine kEcWaveScanLog[] = {
     {"Sa_SW: ", 6},      {""},
 };
 
+// clang-format on
+
 constexpr LogLine kInspectionLog[] = {{"CASE 9 DETECTED"}, {"IN VEXA STD DETAILS: "}};
 constexpr LogLine kCode15Log[] = {{"CASE 10 DETECTED"}};
 constexpr LogLine kUnknownLog[] = {{"UNRECOGNISED ALGORITHM TYPE"}};
@@ -96,6 +99,7 @@ struct AlgorithmRecord {
   std::span<const LogLine> log;
 };
 
+// clang-format off
 // Indexed by algorithm code. Kept: the numbers in the case lines are not the codes.
 constexpr AlgorithmRecord kRecords[] = {
     {takeNothing, {}},                         // 0
@@ -115,6 +119,7 @@ constexpr AlgorithmRecord kRecords[] = {
     {takeNothing, kInspectionLog},             // 14
     {takeNothing, kCode15Log},                 // 15
 };
+// clang-format on
 constexpr AlgorithmRecord kUnknownRecord = {takeNothing, kUnknownLog};
 
 struct Version3Value {

@@ -17,11 +17,12 @@ struct OrangePeelBands {
 };
 
 /// One record of each kind. A read refreshes only the record its algorithm code selects; the
-/// others keep what an earlier file put there. Floats that no layout shows are carried all the same.
+/// others keep what an earlier file put there. Floats that no layout shows are carried all the
+/// same.
 struct ResResults {
-  std::array<float, 16> standard{};         ///< C, S, Sq (%), W, D (mm), Q (%), ten more
-  std::array<float, 4> copr{};              ///< COPR value, three more
-  std::array<float, 13> waveScanBands{};    ///< Sa_A … Sa_E, Sa_LW, Sa_SW (µm), six more
+  std::array<float, 16> standard{};       ///< C, S, Sq (%), W, D (mm), Q (%), ten more
+  std::array<float, 4> copr{};            ///< COPR value, three more
+  std::array<float, 13> waveScanBands{};  ///< Sa_A … Sa_E, Sa_LW, Sa_SW (µm), six more
   OrangePeelBands orangePeel;
   std::array<float, 8> textureCurvature{};  ///< overall, a, b, c, d, e, lw, sw
   std::array<float, 6> standardEcRm{};      ///< ORa, ORq (µm), waviness, quality (%), two more

@@ -49,7 +49,7 @@ class HeatMapScale {
  private:
   float lower_ = 0.0F;
   float upper_ = 0.0F;
-  float segment_ = 0.0F;                             // height between two stops
+  float segment_ = 0.0F;                            // height between two stops
   std::array<Colour, kHeatStops.size()> slopes_{};  // per height unit; none past the last stop
 };
 

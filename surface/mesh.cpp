@@ -31,7 +31,10 @@ struct FaceRow {
 /// float of room behind the last point.
 struct PointRow {
   explicit PointRow(std::size_t points)
-      : heights(points), positions(3 * points + 1), normals(3 * points + 1), colours(3 * points + 1) {}
+      : heights(points),
+        positions(3 * points + 1),
+        normals(3 * points + 1),
+        colours(3 * points + 1) {}
   std::vector<float> heights;
   std::vector<float> positions, normals, colours;
   bool hasMissing = false;

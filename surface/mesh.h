@@ -39,8 +39,8 @@ struct MeshLook {
   const HeatMapScale* scale = nullptr;
 };
 
-/// Fills `arrays` (each of `cellCount` cells) from `grid` with the seven workers. A vertex normal is
-/// the normalised sum of the normals of all faces that hold the point. A triangle with a missing
+/// Fills `arrays` (each of `cellCount` cells) from `grid` with the seven workers. A vertex normal
+/// is the normalised sum of the normals of all faces that hold the point. A triangle with a missing
 /// corner is no face and is collapsed onto the first finite point, so that it draws nothing that is
 /// not there. Two builds of one grid are bit-equal. With no finite height nothing is to be drawn,
 /// and what the arrays then hold is of no use.

@@ -50,8 +50,10 @@ SurfaceLimits findLimits(const HeightGrid& grid, const Crop& crop) {
     limits.trueMax = std::max(limits.trueMax, extremes.max);
   }
   // A displayed limit that moved is clamped on its own side only.
-  if (limits.trueMax > first) limits.zMax = crop.on ? std::min(limits.trueMax, crop.max) : limits.trueMax;
-  if (limits.trueMin < first) limits.zMin = crop.on ? std::max(limits.trueMin, crop.min) : limits.trueMin;
+  if (limits.trueMax > first)
+    limits.zMax = crop.on ? std::min(limits.trueMax, crop.max) : limits.trueMax;
+  if (limits.trueMin < first)
+    limits.zMin = crop.on ? std::max(limits.trueMin, crop.min) : limits.trueMin;
   return limits;
 }
 

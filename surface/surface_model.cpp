@@ -28,10 +28,7 @@ void SurfaceModel::measure() {
   if (!raw_) return;
   *log_ << "Setting Model Values...\n";
   if (!statisticsKnown_) measureStatistics();
-  if (!skipScale) {
-    *log_ << "Setting AS...\n";
-    autoScale_ = automaticScale(sd_, raw_->width());
-  }
+  if (!skipScale) *log_ << "Setting AS...\n";
   *log_ << "Non-Detailed Rendering\n";
   limits_ = findLimits(*shown(), crop);
   scale_ = HeatMapScale(limits_.zMin, limits_.zMax);
@@ -46,6 +43,8 @@ void SurfaceModel::measureStatistics() {
   variance_ = varianceOf(heights, mean_);
   *log_ << "Setting SD...\n";
   sd_ = std::sqrt(variance_);
+  // Known even while another scale is in force: the controls count in steps of it.
+  autoScale_ = automaticScale(sd_, raw_->width());
   statisticsKnown_ = true;
 }
 

@@ -23,8 +23,8 @@ class SurfaceModel {
   /// Takes the filtered heights; used only while they have the size of the raw ones.
   void setFiltered(std::shared_ptr<const HeightGrid> grid);
 
-  /// Everything that is known without a mesh, from the present grid and flags: statistics of a raw
-  /// grid not seen before, the automatic scale unless `skipScale` is set, and the limits.
+  /// Everything that is known without a mesh, from the present grid and flags: statistics and
+  /// automatic scale of a raw grid not seen before, and the limits.
   void measure();
 
   /// Writes the mesh of the last `measure` into `arrays`, each of `cellCount(*shown())` cells.

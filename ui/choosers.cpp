@@ -4,18 +4,37 @@
 #include <FL/fl_ask.H>
 
 namespace morvane {
+namespace {
 
-std::string chooseFileToOpen(const char* filter) {
-  Fl_Native_File_Chooser chooser(Fl_Native_File_Chooser::BROWSE_FILE);
-  chooser.filter(filter);
-  chooser.show();
+std::string answerOf(Fl_Native_File_Chooser& chooser) {
+  if (chooser.show() != 0) return {};
   const char* name = chooser.filename();
   return name != nullptr ? name : "";
 }
 
-void showAlert(const char* text) {
-  fl_beep(FL_BEEP_DEFAULT);
-  fl_alert("%s", text);
+}  // namespace
+
+std::string chooseFileToOpen(const char* filter, const std::string& folder) {
+  Fl_Native_File_Chooser chooser(Fl_Native_File_Chooser::BROWSE_FILE);
+  chooser.filter(filter);
+  if (!folder.empty()) chooser.directory(folder.c_str());
+  return answerOf(chooser);
+}
+
+std::string chooseFileToSave(const SaveRequest& request) {
+  Fl_Native_File_Chooser chooser(Fl_Native_File_Chooser::BROWSE_SAVE_FILE);
+  chooser.filter(request.filter);
+  if (!request.folder.empty()) chooser.directory(request.folder.c_str());
+  if (request.presetName != nullptr) chooser.preset_file(request.presetName);
+  if (request.confirmOverwrite) chooser.options(Fl_Native_File_Chooser::SAVEAS_CONFIRM);
+  return answerOf(chooser);
+}
+
+void showAlert(const std::string& text) { fl_alert("%s", text.c_str()); }
+
+bool confirmReplace(const std::string& path) {
+  return fl_choice("%s\n\nThis file exists already.", "Cancel", "Replace", nullptr, path.c_str()) ==
+         1;
 }
 
 }  // namespace morvane

@@ -5,10 +5,25 @@
 
 namespace morvane {
 
-/// Asks for one existing file that fits `filter`, e.g. "*.res". Empty when cancelled.
-std::string chooseFileToOpen(const char* filter);
+/// Asks for one existing file that fits `filter`, e.g. "*.res", starting in `folder` where that is
+/// not empty. Empty when cancelled.
+std::string chooseFileToOpen(const char* filter, const std::string& folder);
 
-/// Beeps and shows `text` until it is confirmed.
-void showAlert(const char* text);
+/// What a save chooser starts with.
+struct SaveRequest {
+  const char* filter;
+  std::string folder;
+  const char* presetName;
+  bool confirmOverwrite;
+};
+
+/// Asks for a name to save under. Empty when cancelled.
+std::string chooseFileToSave(const SaveRequest& request);
+
+/// Shows `text` until it is confirmed.
+void showAlert(const std::string& text);
+
+/// Asks whether the existing file `path` may be replaced.
+bool confirmReplace(const std::string& path);
 
 }  // namespace morvane

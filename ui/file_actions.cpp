@@ -1,17 +1,28 @@
 #include "ui/file_actions.h"
 
 #include <FL/Fl_Box.H>
+#include <FL/Fl_Button.H>
 #include <FL/Fl_Double_Window.H>
 #include <FL/Fl_Menu_Bar.H>
+#include <FL/Fl_Slider.H>
+#include <FL/fl_ask.H>
 
 #include <iostream>
 #include <string>
 
 #include "app/app_state.h"
+#include "app/folders.h"
+#include "app/paths.h"
+#include "resfile/bitmap_scan.h"
+#include "resfile/file_copy.h"
 #include "resfile/file_io.h"
+#include "results/layouts.h"
+#include "results/results_panel.h"
 #include "ui/choosers.h"
 #include "ui/console.h"
 #include "ui/menu.h"
+#include "ui/view_controls.h"
+#include "ui/view_layout.h"
 #include "view/gl_window.h"
 
 namespace morvane {
@@ -26,6 +37,25 @@ class WaitCursor {
   WaitCursor& operator=(const WaitCursor&) = delete;
 };
 
+/// The folder of the measurement on show; empty before the first.
+std::string lastFolder() {
+  const std::string& path = appState().glView->measurement().path;
+  return path.find_first_of("/\\") == std::string::npos ? std::string() : folderOf(path);
+}
+
+std::string pathToOpen(long mode) {
+  std::cout << "Open Button Clicked\n";
+  std::string path;
+  if (mode == kOpenStartupFile) {
+    std::cout << "Copying Filename\n";
+    path = appState().startupFile;
+  } else {
+    path = chooseFileToOpen("*.res", lastFolder());
+  }
+  std::cout << "(ChooseFile) - Filename to open: " << path << '\n';
+  return path;
+}
+
 bool readMeasurement(const std::string& path) {
   const WaitCursor wait;
   resFile& file = appState().glView->file();
@@ -33,37 +63,111 @@ bool readMeasurement(const std::string& path) {
   return file.isValid();
 }
 
+/// Lists the bitmaps beside the measurement in the menu. Kept: which one is chosen depends on their
+/// order; when "captured_white.bmp" comes first, both are marked and the later one is taken.
+void offerBitmaps(const BitmapFolder& bitmaps) {
+  AppState& app = appState();
+  app.bitmapPaths.clear();
+  app.glView->chooseBitmap({});
+  for (const std::string& name : bitmaps.names) {
+    const bool chosen = name == "surface_image_f.bmp" ||
+                        (name == "captured_white.bmp" && !app.glView->bitmapAvailable());
+    addBitmapItem(name, static_cast<long>(app.bitmapPaths.size()), chosen);
+    app.bitmapPaths.push_back(bitmaps.folder + "/" + name);
+    if (chosen) app.glView->chooseBitmap(app.bitmapPaths.back());
+  }
+}
+
+void showSurface() {
+  AppState& app = appState();
+  if (!app.heatMapOn && app.glView->bitmapAvailable()) {
+    app.glView->flatten();
+  } else {
+    app.glView->useAutomaticScale();
+  }
+  app.menuBar->redraw();
+  if (!app.glView->profileShown) app.profileButton->show();
+  app.glView->showMeasurement();
+  app.controlsPanel->show();  // on top: its right edge lies over the view's left one
+}
+
+void resetControls() {
+  AppState& app = appState();
+  app.scaleSlider->bounds(1e-10, app.glView->maxScale());
+  std::cout << "MAX SCALE: " << app.glView->maxScale() << '\n';
+  app.cropMode = true;
+  applyLimits(nullptr, kLimitsButton);
+  showMeasured();
+}
+
+void offerResults() {
+  AppState& app = appState();
+  const Measurement& measurement = app.glView->measurement();
+  app.resultsPanel->take(measurement);
+  if (offersResultsColumn(measurement.header.algorithmType)) {
+    app.resultsPanel->showResults();
+    app.detailsButton->show();
+    return;
+  }
+  app.detailsButton->hide();
+  app.resultsPanel->hide();
+  app.detailsShown = true;
+  layoutViews();
+}
+
 void showOpened() {
   const WaitCursor wait;
   AppState& app = appState();
   app.glView->updateMeasurement();
   app.logoBox->hide();
+  app.fileLoaded = true;
+  const BitmapFolder bitmaps = scanBitmaps(app.glView->measurement().path, std::cout);
   rebuildMenu();
-  app.menuBar->redraw();
-  app.glView->showMeasurement();
+  offerBitmaps(bitmaps);
+  // Limits typed for the last measurement mean nothing for this one.
+  app.glView->setCrop({});
+  offerResults();
+  showSurface();
+  resetControls();
 }
 
 }  // namespace
 
 void openMeasurement(Fl_Widget* /*widget*/, long mode) {
-  std::cout << "Open Button Clicked\n";
-  std::string path;
-  if (mode == kOpenStartupFile) {
-    std::cout << "Copying Filename\n";
-    path = appState().startupFile;
-  } else {
-    path = chooseFileToOpen("*.res");
-  }
-  std::cout << "(ChooseFile) - Filename to open: " << path << '\n';
+  const std::string path = pathToOpen(mode);
   if (!openForReading(path)) {
     appendConsole("File does not exist!");
     return;
   }
   if (!readMeasurement(path)) {
+    fl_beep(FL_BEEP_DEFAULT);
     showAlert("Invalid file");
     return;
   }
   showOpened();
+}
+
+void saveCopy() {
+  const std::string folder = savedFilesFolder();
+  makeFolder(folder, std::cout);
+  std::cout << "Updated DIRECTORY IS: " << folder << '\n';
+  const std::string name = chooseFileToSave({"*.res", folder, "Untitled", true});
+  if (name.empty()) {
+    std::cout << "Cancelled save\n";
+    return;
+  }
+  const std::string destination = name + ".res";
+  const std::string& source = appState().glView->measurement().path;
+  std::cout << "filename to save as: " << destination << '\n'
+            << "destination: " << destination << '\n'
+            << "source: " << source << '\n';
+  if (isSameFile(source, destination)) {
+    showAlert("This is the measurement that is open. Please choose another name.");
+    return;
+  }
+  if (fileExists(destination) && !confirmReplace(destination)) return;
+  const std::string reason = copyFile(source, destination);
+  if (!reason.empty()) showAlert("The copy could not be saved: " + reason);
 }
 
 }  // namespace morvane

@@ -15,4 +15,9 @@ inline constexpr long kOpenFromButton = 4;
 /// both cases what is on show stays as it is and usable.
 void openMeasurement(Fl_Widget* widget, long mode);
 
+/// Writes a byte-for-byte copy of the measurement on show under a name the operator chooses, with
+/// ".res" behind it whatever was typed. An existing file is replaced only after asking; the open
+/// measurement itself never. A failure is shown with the system's reason and leaves no file.
+void saveCopy();
+
 }  // namespace morvane

@@ -6,7 +6,8 @@ class Fl_Image;
 namespace morvane {
 
 /// The image `resources/<subfolder>/<name>` beside the executable, from the toolkit's shared cache,
-/// `width` × `height` pixels or its natural size when these are 0. Null when there is no such image.
+/// `width` × `height` pixels or its natural size when these are 0. Null when there is no such
+/// image.
 Fl_Image* loadImage(const char* subfolder, const char* name, int width = 0, int height = 0);
 
 }  // namespace morvane

@@ -10,12 +10,19 @@
 #include <FL/Fl_Text_Display.H>
 
 #include "app/app_state.h"
+#include "results/results_panel.h"
+#include "ui/about_window.h"
 #include "ui/button_box.h"
+#include "ui/config_manager.h"
 #include "ui/console.h"
 #include "ui/controls.h"
+#include "ui/heat_map_dialog.h"
 #include "ui/images.h"
 #include "ui/look.h"
 #include "ui/menu.h"
+#include "ui/quit_dialog.h"
+#include "ui/view_controls.h"
+#include "ui/view_layout.h"
 #include "view/gl_window.h"
 
 namespace morvane {
@@ -23,17 +30,42 @@ namespace {
 
 constexpr int kWindowWidth = 1280;
 constexpr int kWindowHeight = 800;
-constexpr int kMenuHeight = 25;
-constexpr int kViewX = 150;
-constexpr int kViewWidth = kWindowWidth - kViewX;
+constexpr int kViewWidth = kWindowWidth - kControlsWidth;
 constexpr int kViewHeight = kWindowHeight - kMenuHeight;
+// The smallest window in which no control is cut off and the view can still be used.
+constexpr int kLeastWidth = kControlsWidth + kResultsWidth + 320;
+constexpr int kLeastHeight = kMenuHeight + 690;
+
+/// Gives every window of the program its icon.
+void setIcon() {
+  const Fl_Image* image = loadImage("Icons", "MRV3ico.png");
+  if (image == nullptr || image->count() != 1) return;
+  const auto* pixels = reinterpret_cast<const uchar*>(image->data()[0]);
+  const Fl_RGB_Image icon(pixels, image->w(), image->h(), image->d());
+  Fl_Window::default_icon(&icon);
+}
+
+/// The column of results is laid out for a face with these metrics.
+void useProgramFont() {
+  Fl::set_font(FL_HELVETICA, " Liberation Sans");
+  Fl::set_font(FL_HELVETICA_BOLD, "BLiberation Sans");
+}
+
+/// Keeps what stands in it in its places whatever its size.
+class MainWindow : public Fl_Double_Window {
+ public:
+  using Fl_Double_Window::Fl_Double_Window;
+  void resize(int x, int y, int w, int h) override {
+    Fl_Double_Window::resize(x, y, w, h);
+    layoutViews();
+  }
+};
 
 Fl_Double_Window* makeWindow() {
-  auto* window = new Fl_Double_Window(kWindowWidth, kWindowHeight, "Morvane Reader Software");
+  auto* window = new MainWindow(kWindowWidth, kWindowHeight, "Morvane Reader Software");
   window->color(kBlack);
-  if (auto* icon = dynamic_cast<Fl_RGB_Image*>(loadImage("Icons", "MRV3ico.png"))) {
-    window->icon(icon);
-  }
+  window->callback(confirmQuit);
+  window->size_range(kLeastWidth, kLeastHeight);
   return window;
 }
 
@@ -46,10 +78,11 @@ Fl_Menu_Bar* makeMenuBar() {
 }
 
 GLWindow* makeView(AppState& app) {
-  auto* view = new GLWindow(kViewX, kMenuHeight, kViewWidth, kViewHeight, "TestOPGL");
+  auto* view = new GLWindow(kControlsWidth, kMenuHeight, kViewWidth, kViewHeight, "TestOPGL");
   view->hide();
   view->exeFolder = app.exeFolder;
   view->onTrouble = appendConsole;
+  view->onMeasured = showMeasured;
   return view;
 }
 
@@ -60,7 +93,7 @@ Fl_Box* makeLogoBox() {
 }
 
 Fl_Window* makeControlsPanel() {
-  auto* panel = new Fl_Window(2, kMenuHeight, kViewX, kViewHeight, "controls");
+  auto* panel = new Fl_Window(2, kMenuHeight, kControlsWidth, kViewHeight, "controls");
   panel->color(kBlack);
   buildControls();
   panel->end();
@@ -82,7 +115,9 @@ Fl_Window* makeConsolePanel(AppState& app) {
 void buildMainWindow() {
   AppState& app = appState();
   fl_register_images();
+  useProgramFont();
   registerButtonBox();
+  setIcon();
   app.mainWindow = makeWindow();
   app.menuBar = makeMenuBar();
   buildMenu();
@@ -90,9 +125,14 @@ void buildMainWindow() {
   app.logoBox = makeLogoBox();
   app.controlsPanel = makeControlsPanel();
   app.consolePanel = makeConsolePanel(app);
+  app.resultsPanel = new ResultsPanel(app.exeFolder);
+  app.resultsPanel->hide();
   app.mainWindow->resizable(app.glView);
   app.mainWindow->end();
   app.mainWindow->hide();
+  app.aboutWindow = buildAboutWindow();
+  app.heatMapDialog = buildHeatMapDialog();
+  app.configManager = new ConfigManagerWindow;
 }
 
 }  // namespace morvane

@@ -1,5 +1,7 @@
-// The menu bar's fixed items.
+// The menu bar's items.
 #pragma once
+
+#include <string>
 
 namespace morvane {
 
@@ -8,5 +10,8 @@ void buildMenu();
 
 /// Empties the menu bar and builds the fixed items anew.
 void rebuildMenu();
+
+/// Adds the bitmap number `index` of the measurement to the "&BMPs" menu, marked when it is chosen.
+void addBitmapItem(const std::string& name, long index, bool chosen);
 
 }  // namespace morvane

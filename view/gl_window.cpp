@@ -27,7 +27,9 @@ class Stopwatch {
     return std::chrono::duration<double, std::milli>(Clock::now() - start_).count();
   }
   /// Prints what a step took, as `label` + time + " milliseconds".
-  void print(const char* label) const { std::printf("%s%.3f milliseconds\n", label, milliseconds()); }
+  void print(const char* label) const {
+    std::printf("%s%.3f milliseconds\n", label, milliseconds());
+  }
 
  private:
   using Clock = std::chrono::steady_clock;
@@ -66,13 +68,62 @@ void GLWindow::showMeasurement() {
     Fl::flush();
   }
   // Before the window is on the screen nothing is drawn; the controls need the numbers now.
-  if (!modelMeasured_) measure();
+  ensureMeasured();
+}
+
+void GLWindow::setZScale(float zScale) {
+  model_.skipScale = true;
+  zScale_ = zScale;
+  redraw();
+}
+
+void GLWindow::setCrop(const Crop& crop) {
+  const Crop before = std::exchange(model_.crop, crop);
+  const bool sameClamp = before.on == crop.on && before.min == crop.min && before.max == crop.max;
+  if (!sameClamp && (before.on || crop.on)) requestRebuild();
+  redraw();
+}
+
+void GLWindow::flatten() {
+  constexpr float kFlat = 1e-7F;
+  setZScale(kFlat);
+}
+
+void GLWindow::swapColourSource() {
+  model_.heatMap = !model_.heatMap;
+  bitmapColours_ = !bitmapColours_;
+  redraw();
+}
+
+void GLWindow::resetCamera() {
+  camera_ = Camera{};
+  redraw();
+}
+
+void GLWindow::toggleAxes() {
+  axesVisible_ = !axesVisible_;
+  redraw();
+}
+
+void GLWindow::setGlobalLimits(float max, float min) {
+  globalLimits_ = HeatMapScale(min, max);
+  requestRebuild();
+}
+
+void GLWindow::clearGlobalLimits() {
+  globalLimits_.reset();
+  requestRebuild();
+}
+
+void GLWindow::ensureMeasured() {
+  if (!modelMeasured_ && modelLoaded_) measure();
 }
 
 void GLWindow::measure() {
   model_.measure();
   if (!model_.skipScale) zScale_ = model_.autoScale();
   modelMeasured_ = true;
+  if (onMeasured) onMeasured();
 }
 
 bool GLWindow::glUsable() {
@@ -112,7 +163,8 @@ void GLWindow::initialiseGlew() {
     DebugLog::write(kLogFile, message.data());
   }
   // GLEW may complain about the window system only; what counts is whether the functions are there.
-  glReady_ = glCreateShader != nullptr && glGenVertexArrays != nullptr && glMapBufferRange != nullptr;
+  glReady_ =
+      glCreateShader != nullptr && glGenVertexArrays != nullptr && glMapBufferRange != nullptr;
   if (!glReady_) {
     const auto* version = reinterpret_cast<const char*>(glGetString(GL_VERSION));
     reportTrouble(std::string("the driver (OpenGL ") + (version ? version : "unknown") +
@@ -133,7 +185,7 @@ void GLWindow::draw() {
   drawSurface();
   frame.print("Drawing Time: ");
   if (std::exchange(keyBuffersNeeded_, false)) key_.generateBuffers();
-  if (keyVisible_) drawKey();
+  if (keyVisible_ && wearsHeatMap_) drawKey();
   frame.print("Drawing Time for HM Key: ");
 }
 
@@ -153,7 +205,8 @@ void GLWindow::generateBuffers() {
 void GLWindow::bindModel() {
   const Stopwatch watch;
   DebugLog::write(kLogFile, "Binding Model Data...\n");
-  if (!modelMeasured_) measure();
+  ensureMeasured();
+  wearsHeatMap_ = model_.heatMap;
   if (const std::string reason = surface_.bind(model_); !reason.empty()) reportTrouble(reason);
   modelBound_ = true;
   Fl::remove_timeout(tidyMemory);

@@ -4,6 +4,7 @@
 #include <FL/Fl_Gl_Window.H>
 
 #include <functional>
+#include <optional>
 #include <string>
 
 #include "resfile/measurement.h"
@@ -41,15 +42,46 @@ class GLWindow : public Fl_Gl_Window {
   /// Whether the system can draw the view at all. Says so once through `onTrouble` when not.
   bool glUsable();
 
+  /// Brings limits and scale up to date before the next frame does.
+  void ensureMeasured();
+
   /// Vertical exaggeration of the surface; infinite for a flat one, which is drawn at 1.
   [[nodiscard]] float zScale() const { return zScale_; }
+  /// Puts a scale of the operator's in force until `useAutomaticScale`.
+  void setZScale(float zScale);
+  /// Takes the measurement's own scale with the next rebuild.
+  void useAutomaticScale() { model_.skipScale = false; }
   /// The measurement's own scale, the base of the slider's steps.
   [[nodiscard]] float sliderScale() const { return model_.autoScale(); }
   /// Upper bound of the slider: a fresh file stands in its middle.
-  [[nodiscard]] float maxScale() const { return 2.0F * model_.autoScale(); }
+  [[nodiscard]] float maxScale() const { return 2.0F * sliderScale(); }
+
+  /// Clamps heights and colours to `crop`. Rebuilds only when that changes what is drawn.
+  void setCrop(const Crop& crop);
+
+  /// The bitmap that may be draped; an empty path chooses none.
+  void chooseBitmap(const std::string& path) { bitmapPath_ = path; }
+  [[nodiscard]] bool bitmapAvailable() const { return !bitmapPath_.empty(); }
+  /// Draws the surface flat, as a bitmap wants it, until `useAutomaticScale`.
+  void flatten();
+  /// Swaps heat map and bitmap as the source of colours; acts with the next rebuild.
+  void swapColourSource();
+
+  /// Puts the camera back to its first place.
+  void resetCamera();
+
+  void toggleAxes();
+  /// Limits the key's labels run between in place of the surface's own.
+  void setGlobalLimits(float max, float min);
+  void clearGlobalLimits();
+
+  bool profileShown = false;  ///< the profile tool is on and its window shown
 
   /// Where the view puts a message that an operator must see.
   std::function<void(const std::string&)> onTrouble;
+
+  /// Called when limits or scale have been brought up to date.
+  std::function<void()> onMeasured;
 
   std::string exeFolder;  ///< the view's own copy, for its resources
 
@@ -73,18 +105,23 @@ class GLWindow : public Fl_Gl_Window {
   SurfaceRenderer surface_;
   KeyRenderer key_;
   float zScale_ = 1.0F;
+  std::string bitmapPath_;
+  bool bitmapColours_ = false;  // where no heat map colours the surface, a bitmap may
+  std::optional<HeatMapScale> globalLimits_;
 
-  bool modelBound_ = false;       // the surface buffers hold the present model
-  bool modelMeasured_ = false;    // its numbers are those of the present grid and flags
-  bool keyDirty_ = true;          // the key must be rebuilt
+  bool modelBound_ = false;     // the surface buffers hold the present model
+  bool modelMeasured_ = false;  // its numbers are those of the present grid and flags
+  bool keyDirty_ = true;        // the key must be rebuilt
   bool keyVisible_ = true;
-  bool modelLoaded_ = false;      // there is something to show
-  bool filledPolygons_ = true;    // false: points
-  bool needsBuffers_ = true;      // programs and buffers must be made
+  bool axesVisible_ = true;
+  bool wearsHeatMap_ = true;    // the surface was last built with heat-map colours
+  bool modelLoaded_ = false;    // there is something to show
+  bool filledPolygons_ = true;  // false: points
+  bool needsBuffers_ = true;    // programs and buffers must be made
   bool lightingOn_ = true;
   bool keyBuffersNeeded_ = true;
-  bool firstShow_ = true;         // GLEW not yet initialised
-  bool glReady_ = false;          // GLEW found the functions the view calls
+  bool firstShow_ = true;  // GLEW not yet initialised
+  bool glReady_ = false;   // GLEW found the functions the view calls
   bool troubleReported_ = false;
 };
 

@@ -2,9 +2,8 @@
 
 namespace morvane {
 
-const ShaderSource kSurfaceShader = {
-    "ModelVS", "ModelFS",
-    R"(#version 300 es
+const ShaderSource kSurfaceShader = {"ModelVS", "ModelFS",
+                                     R"(#version 300 es
 precision highp float;
 
 layout(location = 0) in vec3 vertexPosition;
@@ -27,7 +26,7 @@ void main() {
   gl_Position = P * V * vec4(vsPosition, 1.0);
 }
 )",
-    R"(#version 300 es
+                                     R"(#version 300 es
 precision highp float;
 
 in vec3 fragmentColor;
@@ -63,9 +62,8 @@ void main() {
 }
 )"};
 
-const ShaderSource kKeyShader = {
-    "KeyVS", "KeyFS",
-    R"(#version 300 es
+const ShaderSource kKeyShader = {"KeyVS", "KeyFS",
+                                 R"(#version 300 es
 precision highp float;
 
 layout(location = 3) in vec3 vertexPosition_modelspace;
@@ -78,7 +76,7 @@ void main() {
   vertexColour = vertexColours;
 }
 )",
-    R"(#version 300 es
+                                 R"(#version 300 es
 precision highp float;
 
 in vec3 vertexColour;

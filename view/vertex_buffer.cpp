@@ -7,7 +7,8 @@ namespace {
 
 bool drawsFromOwnPages() {
   const auto* renderer = reinterpret_cast<const char*>(glGetString(GL_RENDERER));
-  return GLEW_AMD_pinned_memory && renderer != nullptr && std::strstr(renderer, "llvmpipe") != nullptr;
+  return GLEW_AMD_pinned_memory && renderer != nullptr &&
+         std::strstr(renderer, "llvmpipe") != nullptr;
 }
 
 void forgetErrors() {

@@ -38,8 +38,9 @@ int main(int argc, char** argv) {
     app.startupFile = argv[1];
     openMeasurement(nullptr, kOpenStartupFile);
   } else {
-    Fl::add_timeout(0.0, [](void* window) { warmUpGl(*static_cast<Fl_Group*>(window)); },
-                    static_cast<Fl_Group*>(app.mainWindow));
+    Fl::add_timeout(
+        0.0, [](void* window) { warmUpGl(*static_cast<Fl_Group*>(window)); },
+        static_cast<Fl_Group*>(app.mainWindow));
   }
   return Fl::run();
 }

@@ -1,0 +1,299 @@
+#include "results/layouts.h"
+
+#include <charconv>
+#include <iterator>
+#include <span>
+#include <system_error>
+#include <utility>
+
+namespace morvane {
+namespace {
+
+constexpr int kRowHeight = 30;
+constexpr int kTagY = 200;
+constexpr int kFirstResultY = 240;
+
+/// Where label and value of a row stand from left to right.
+struct Columns {
+  int labelX, labelWidth, valueX, valueWidth;
+  int labelIndent = 0;
+};
+
+constexpr Columns kShortLabels = {5, 50, 55, 130};
+constexpr Columns kLongLabels = {5, 80, 90, 130};
+constexpr Columns kSurfaceLabels = {5, 90, 95, 130};
+constexpr Columns kTagLabel = {5, 50, 55, 180};
+constexpr Columns kBandLabels = {5, 92, 97, 123};  // "Bandwidth:" is the longest of all labels
+// Two pairs side by side. The left value begins on the empty end of its label, as it could not be
+// 65 wide before the right label otherwise; the indent keeps the two apart where the value is cut.
+constexpr Columns kLeftPair = {5, 42, 42, 65};
+constexpr Columns kRightPair = {107, 42, 150, 65, 3};
+constexpr int kHeadingWidth = 200;
+
+// Units as they follow the number; some bring a blank of their own.
+constexpr char kMicrometres[] = {kMicroSign, 'm', '\0'};
+constexpr char kBlankMicrometres[] = {' ', kMicroSign, 'm', '\0'};
+constexpr std::string_view kMillimetres = "mm";
+
+ResultRow rowAt(int y, const Columns& columns, std::string label, std::string value,
+                int height = kRowHeight) {
+  return {std::move(label),
+          std::move(value),
+          {columns.labelX, y, columns.labelWidth, height},
+          {columns.valueX, y, columns.valueWidth, height},
+          columns.labelIndent};
+}
+
+ResultRow headingAt(int y, std::string_view text) {
+  ResultRow row = rowAt(y, kShortLabels, std::string(text), {});
+  row.labelArea.w = kHeadingWidth;
+  row.heading = true;
+  return row;
+}
+
+ResultLayout startLayout(std::string_view tag) {
+  return {{rowAt(kTagY, kTagLabel, "Algo:", std::string(tag))}};
+}
+
+// ---- layouts of one value a row
+
+struct ValueRow {
+  std::string_view label;
+  std::string_view unit{};
+  int height = kRowHeight;
+};
+
+struct ValueTable {
+  std::string_view tag;
+  int decimals;
+  Columns columns;
+  std::span<const ValueRow> rows;
+};
+
+constexpr ValueRow kVexaStdRows[] = {{"C:", " %"}, {"S:", " %"},  {"Sq:", " %"},
+                                     {"W:"},       {"D:", " mm"}, {"Q:", " %"}};
+constexpr ValueRow kAltitudeRows[] = {{"Sa_A:", kMicrometres}, {"Sa_B:", kMicrometres},
+                                      {"Sa_C:", kMicrometres}, {"Sa_D:", kMicrometres},
+                                      {"Sa_E:", kMicrometres}, {"Sa_LW:", kMicrometres},
+                                      {"Sa_SW:", kMicrometres}};
+constexpr ValueRow kEcRmVexaStdRows[] = {
+    {"ORa:", kBlankMicrometres}, {"ORq:", kBlankMicrometres}, {"W:"}, {"Q:", " %"}};
+constexpr ValueRow kEcRmVwStdRows[] = {{"Wa 0.8:", kBlankMicrometres},
+                                       {"Wsa 1-5:", kBlankMicrometres, 50}};
+
+constexpr ValueTable kVexaStd = {"VEXA_STD", 1, kShortLabels, kVexaStdRows};
+constexpr ValueTable kAltitude = {"ALTITUDE", 3, kLongLabels, kAltitudeRows};
+constexpr ValueTable kEcRmVexaStd = {"EC_RM_VEXA_STD", 1, kShortLabels, kEcRmVexaStdRows};
+constexpr ValueTable kEcRmVwStd = {"EC_RM_VW_STD", 1, kLongLabels, kEcRmVwStdRows};
+
+/// `values` in the order of the table's rows; those behind the last row are not shown.
+ResultLayout valueLayout(const ValueTable& table, std::span<const float> values) {
+  ResultLayout layout = startLayout(table.tag);
+  int y = kFirstResultY;
+  for (std::size_t i = 0; i < table.rows.size(); ++i) {
+    const ValueRow& row = table.rows[i];
+    layout.rows.push_back(rowAt(y, table.columns, std::string(row.label),
+                                fixedText(values[i], table.decimals).append(row.unit), row.height));
+    y += row.height;
+  }
+  return layout;
+}
+
+ResultLayout vexaStd(const ResResults& r) { return valueLayout(kVexaStd, r.standard); }
+ResultLayout altitude(const ResResults& r) { return valueLayout(kAltitude, r.waveScanBands); }
+ResultLayout ecAltitude(const ResResults& r) { return valueLayout(kAltitude, r.ecWaveScanBands); }
+ResultLayout ecRmVexaStd(const ResResults& r) { return valueLayout(kEcRmVexaStd, r.standardEcRm); }
+ResultLayout ecRmVwStd(const ResResults& r) { return valueLayout(kEcRmVwStd, r.vwEcRm); }
+
+/// The only layout without the algorithm's name: its value stands in that row.
+ResultLayout copr(const ResResults& results) {
+  return {{rowAt(kTagY, kLongLabels, "COPR:", fixedText(results.copr[0], 1))}};
+}
+
+ResultLayout textureLayout(std::string_view tag, char symbol, std::string_view unit,
+                           const ResResults& results) {
+  constexpr std::string_view kSuffixes[] = {"overall:", "a:", "b:", "c:", "d:", "e:", "lw:", "sw:"};
+  ResultLayout layout = startLayout(tag);
+  for (std::size_t i = 0; i < std::size(kSuffixes); ++i) {
+    layout.rows.push_back(rowAt(kFirstResultY + static_cast<int>(i) * kRowHeight, kLongLabels,
+                                std::string(1, symbol).append(kSuffixes[i]),
+                                fixedText(results.textureCurvature[i], 1).append(unit)));
+  }
+  return layout;
+}
+
+ResultLayout curvature(const ResResults& r) { return textureLayout("CURVATURE", 'K', "m-1", r); }
+ResultLayout texture(const ResResults& r) { return textureLayout("TEXTURE", 'T', "", r); }
+
+// ---- EC_RM_GM_STD: four bands of two by two pairs
+
+struct Pair {
+  std::string_view label;
+  std::size_t stored;  ///< place of the value in its group
+  Columns columns;
+  int line;  ///< below the heading
+};
+
+// Stored as Sa, RaX, RaY, RsM.
+constexpr std::array<Pair, 4> kPairs = {{{"Sa:", 0, kLeftPair, 1},
+                                         {"Rax:", 1, kLeftPair, 2},
+                                         {"Rsm:", 3, kRightPair, 1},
+                                         {"Ray:", 2, kRightPair, 2}}};
+
+struct GmBand {
+  std::string_view heading;
+  std::array<std::string_view, 4> units;  ///< in the order of kPairs
+};
+
+constexpr std::array<std::string_view, 4> kGmUnits = {kMicrometres, kMicrometres, kMillimetres,
+                                                      kMicrometres};
+// Kept: the units of Rsm and Ray in Band B are the other way round.
+constexpr GmBand kGmBands[] = {
+    {"Appearance (0.15 - 2mm)", kGmUnits},
+    {"Peel  (0.15 - 15mm)", kGmUnits},
+    {"Band B  (0.3 - 1mm)", {kMicrometres, kMicrometres, kMicrometres, kMillimetres}},
+    {"Band C  (1 - 3mm)", kGmUnits},
+};
+
+ResultLayout ecRmGmStd(const ResResults& results) {
+  constexpr int kBandHeight = 3 * kRowHeight;
+  ResultLayout layout = startLayout("EC_RM_GM_STD");
+  std::span<const float> values = results.gmEcRm;
+  int y = kFirstResultY;
+  for (const GmBand& band : kGmBands) {
+    layout.rows.push_back(headingAt(y, band.heading));
+    for (std::size_t i = 0; i < kPairs.size(); ++i) {
+      const Pair& pair = kPairs[i];
+      layout.rows.push_back(rowAt(y + pair.line * kRowHeight, pair.columns, std::string(pair.label),
+                                  fixedText(values[pair.stored], 3).append(band.units[i])));
+    }
+    values = values.subspan(kPairs.size());
+    y += kBandHeight;
+  }
+  return layout;
+}
+
+// ---- O_ROUGH: two bands, each behind its own filter
+
+struct FilterKind {
+  std::string_view name{};
+  std::string_view limitLabel{};
+  bool showsLow = false;
+  bool showsHigh = false;
+};
+
+// Indexed by filter type.
+constexpr FilterKind kFilterKinds[] = {
+    {"HPF", "Cut-Off:", true, false},
+    {"LPF", "Cut-Off:", false, true},
+    {"BPF", "Bandwidth:", true, true},
+};
+
+std::string limitText(const FilterKind& kind, float low, float high) {
+  std::string text;
+  if (kind.showsLow) text = fixedText(low, 2);
+  if (kind.showsLow && kind.showsHigh) text += " - ";
+  if (kind.showsHigh) text += fixedText(high, 2);
+  return text.empty() ? text : text.append(kMillimetres);
+}
+
+/// The seven rows of a band from `y` on. `limits` are low and high, `values` Sa, RaX, RaY, RsM. An
+/// unknown filter type leaves its name and the limit row empty.
+void addBand(std::vector<ResultRow>& rows, int y, std::string_view heading,
+             std::uint32_t filterType, std::span<const float> limits,
+             std::span<const float> values) {
+  const FilterKind kind =
+      filterType < std::size(kFilterKinds) ? kFilterKinds[filterType] : FilterKind{};
+  rows.push_back(headingAt(y, heading));
+  const auto add = [&](std::string_view label, std::string value) {
+    y += kRowHeight;
+    rows.push_back(rowAt(y, kBandLabels, std::string(label), std::move(value)));
+  };
+  add("Type:", std::string(kind.name));
+  add(kind.limitLabel, limitText(kind, limits[0], limits[1]));
+  add("Sa:", fixedText(values[0], 3).append(kMicrometres));
+  add("Rax:", fixedText(values[1], 3).append(kMicrometres));
+  add("Rsm:", fixedText(values[3], 3).append(kMillimetres));
+  add("Ray:", fixedText(values[2], 3).append(kMicrometres));
+}
+
+ResultLayout oRough(const ResResults& results) {
+  constexpr int kSecondBandY = kFirstResultY + 7 * kRowHeight + 10;
+  const OrangePeelBands& bands = results.orangePeel;
+  const std::span<const float> values = bands.values;
+  ResultLayout layout = startLayout("O_ROUGH");
+  addBand(layout.rows, kFirstResultY, "Band 1", bands.filterType[0], values.first(2),
+          values.subspan(4, 4));
+  addBand(layout.rows, kSecondBandY, "Band 2", bands.filterType[1], values.subspan(2, 2),
+          values.subspan(8, 4));
+  for (const int bandEnd : {kSecondBandY, kSecondBandY + 7 * kRowHeight + 10}) {
+    layout.separators.push_back(separatorAt(bandEnd - 20));
+  }
+  return layout;
+}
+
+// ---- dispatch
+
+using LayoutRoutine = ResultLayout (*)(const ResResults&);
+
+// Indexed by algorithm code.
+constexpr LayoutRoutine kAlgorithmLayouts[] = {
+    nullptr,     vexaStd,   copr,      altitude, oRough,     curvature, texture,
+    ecRmVexaStd, ecRmVwStd, ecRmGmStd, oRough,   ecAltitude, curvature, texture,
+};
+
+LayoutRoutine algorithmLayout(std::uint32_t algorithmType) {
+  return algorithmType < std::size(kAlgorithmLayouts) ? kAlgorithmLayouts[algorithmType] : nullptr;
+}
+
+LayoutRoutine version3Layout(const ResHeader& header) {
+  if (header.headerVersion != 3) return nullptr;
+  if (header.surfaceType == 1) return vexaStd;
+  return header.surfaceType == 2 || header.surfaceType == 3 ? ecRmVexaStd : nullptr;
+}
+
+}  // namespace
+
+std::string fixedText(double value, int decimals) {
+  // Room for the 309 digits of the largest double, sign, point and decimals.
+  std::array<char, 400> text{};
+  const auto [end, error] = std::to_chars(text.data(), text.data() + text.size(), value,
+                                          std::chars_format::fixed, decimals);
+  return error == std::errc{} ? std::string(text.data(), end) : std::string();
+}
+
+std::string_view surfaceTypeText(std::uint32_t surfaceType) {
+  constexpr std::string_view kNames[] = {"N/A", "Reflective", "Dull", "Dull"};
+  return kNames[surfaceType < std::size(kNames) ? surfaceType : 0];
+}
+
+std::array<ResultRow, kHeaderRows> headerRows(const ResHeader& header,
+                                              std::string_view surfaceText) {
+  const std::string_view stamp = fieldText(header.headerText1);
+  const auto piece = [stamp](std::size_t from, std::size_t length) {
+    return std::string(from < stamp.size() ? stamp.substr(from, length) : std::string_view());
+  };
+  const std::string date = piece(6, 2) + "/" + piece(4, 2) + "/" + piece(0, 4);
+  const std::string time = piece(8, 2) + ":" + piece(10, 2) + ":" + piece(12, 2);
+  return {rowAt(40, kShortLabels, "Part:", std::string(fieldText(header.headerText3))),
+          rowAt(70, kShortLabels, "Date:", date), rowAt(100, kShortLabels, "Time:", time),
+          rowAt(140, kSurfaceLabels, "Surf. type:", std::string(surfaceText)),
+          rowAt(170, kSurfaceLabels, "Data Type:", std::string(fieldText(header.headerText2)))};
+}
+
+ResultRow defaultResultRow(std::size_t index) {
+  const int y = index == 0 ? kTagY : kFirstResultY + (static_cast<int>(index) - 1) * kRowHeight;
+  return rowAt(y, kShortLabels, {}, {});
+}
+
+ResultLayout resultLayout(const ResHeader& header, const ResResults& results) {
+  // Kept: a version-3 file draws its fixed results first, then whatever the algorithm code holds
+  // over them; the code may be left from an earlier file.
+  ResultLayout layout;
+  for (const LayoutRoutine draw : {version3Layout(header), algorithmLayout(header.algorithmType)}) {
+    if (draw != nullptr) layout = draw(results);
+  }
+  return layout;
+}
+
+}  // namespace morvane

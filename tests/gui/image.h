@@ -1,0 +1,72 @@
+// A picture of the screen as tests look at it.
+#pragma once
+
+#include <cstdint>
+#include <iosfwd>
+#include <string>
+#include <vector>
+
+namespace morvane::gui {
+
+struct Point {
+  int x = 0, y = 0;
+};
+struct Area {
+  int x = 0, y = 0, w = 0, h = 0;
+};
+
+/// A colour as the screen shows it, 0 to 255.
+struct Rgb {
+  int r = 0, g = 0, b = 0;
+  friend bool operator==(const Rgb&, const Rgb&) = default;
+};
+inline constexpr Rgb kBlack{0, 0, 0};
+
+std::ostream& operator<<(std::ostream& out, const Rgb& colour);
+
+/// The largest difference of a channel.
+int difference(const Rgb& a, const Rgb& b);
+
+/// Spread between the strongest and the weakest channel: 0 for greys.
+int chroma(const Rgb& colour);
+
+/// Degrees on the colour circle, 0 to 359; red is 0, green 120, blue 240. 0 for greys.
+int hue(const Rgb& colour);
+
+class Image {
+ public:
+  Image() = default;
+  /// `pixels` holds width × height values 0xRRGGBB in row order.
+  Image(int width, int height, std::vector<std::uint32_t> pixels);
+
+  [[nodiscard]] int width() const { return width_; }
+  [[nodiscard]] int height() const { return height_; }
+  /// Throws std::out_of_range beside the picture, as the next two do.
+  [[nodiscard]] Rgb at(Point point) const;
+  [[nodiscard]] Image part(const Area& area) const;
+  [[nodiscard]] Rgb mean() const;
+
+  /// How many pixels fulfil `predicate(Rgb)`.
+  template <class Predicate>
+  [[nodiscard]] int count(Predicate predicate) const {
+    int found = 0;
+    for (const std::uint32_t pixel : pixels_) found += predicate(decode(pixel)) ? 1 : 0;
+    return found;
+  }
+
+  void savePng(const std::string& path) const;
+
+  friend bool operator==(const Image&, const Image&) = default;
+
+ private:
+  static Rgb decode(std::uint32_t pixel) {
+    const auto channel = [&](int shift) { return static_cast<int>(pixel >> shift & 0xFF); };
+    return {channel(16), channel(8), channel(0)};
+  }
+  [[nodiscard]] std::size_t index(Point point) const;
+
+  int width_ = 0, height_ = 0;
+  std::vector<std::uint32_t> pixels_;
+};
+
+}  // namespace morvane::gui

@@ -1,0 +1,155 @@
+// What the 3D view shows, as pixels of the real window.
+#include <gtest/gtest.h>
+
+#include <array>
+#include <cmath>
+
+#include "tests/gui/program.h"
+#include "tests/support/golden.h"
+
+namespace morvane::gui {
+namespace {
+
+constexpr Rgb kSky{211, 238, 255};  // linear (0.65, 0.86, 1)
+const std::string kPanel = golden::file("panel/measurement.res");
+
+/// The place of the 3D view in a picture of the main window.
+Area viewOf(const Image& picture) {
+  return {150, 25, picture.width() - 150, picture.height() - 25};
+}
+
+/// The pixel at device coordinates (-1 to 1, y upwards) of the view.
+Point pixelAt(const Image& picture, double x, double y) {
+  const Area view = viewOf(picture);
+  return {view.x + static_cast<int>((x + 1) / 2 * view.w),
+          view.y + static_cast<int>((1 - y) / 2 * view.h)};
+}
+
+bool isSky(const Rgb& colour) { return difference(colour, kSky) <= 1; }
+
+/// Background seen, on top of it the surface's middle.
+bool showsSurface(const Image& picture) {
+  return isSky(picture.at(pixelAt(picture, -0.9, -0.9))) &&
+         !isSky(picture.at(pixelAt(picture, 0, 0)));
+}
+
+int toScreen(double linear) {
+  return static_cast<int>(std::lround(
+      255 * (linear <= 0.0031308 ? 12.92 * linear : 1.055 * std::pow(linear, 1 / 2.4) - 0.055)));
+}
+
+/// Checks the key from top to bottom, with the stops as linear colours, against its place.
+void expectKey(const Image& picture) {
+  constexpr std::array<std::array<double, 3>, 6> kStops = {
+      {{1, 0, 0}, {1, 0.4, 0}, {1, 1, 0}, {0, 1, 0}, {0, 0, 1}, {0.6, 0.4, 1}}};
+  constexpr double kTop = 0.7, kBand = 2 * kTop / 5, kLeft = 0.725, kRight = 0.775;
+  for (std::size_t band = 0; band + 1 < kStops.size(); ++band) {
+    for (const double part : {0.1, 0.5, 0.9}) {
+      const double y = kTop - (static_cast<double>(band) + part) * kBand;
+      const auto channel = [&](std::size_t i) {
+        return toScreen(kStops[band][i] + part * (kStops[band + 1][i] - kStops[band][i]));
+      };
+      const Rgb expected{channel(0), channel(1), channel(2)};
+      for (const double x : {kLeft + 0.004, kRight - 0.004}) {
+        const Rgb shown = picture.at(pixelAt(picture, x, y));
+        EXPECT_LE(difference(shown, expected), 6) << shown << " for " << expected << " at y " << y;
+      }
+      EXPECT_TRUE(isSky(picture.at(pixelAt(picture, kLeft - 0.006, y)))) << "left of the key";
+    }
+  }
+  for (const double y : {kTop + 0.01, -kTop - 0.01}) {
+    EXPECT_TRUE(isSky(picture.at(pixelAt(picture, 0.75, y)))) << "beyond the key's end, y " << y;
+  }
+}
+
+/// Pixels from the view's middle to where the surface ends, going by `step`.
+int reach(const Image& picture, Point step) {
+  const Point middle = pixelAt(picture, 0, 0);
+  int pixels = 0;
+  while (!isSky(picture.at({middle.x + pixels * step.x, middle.y + pixels * step.y}))) ++pixels;
+  return pixels;
+}
+
+/// Checks that the panel of `columns` × `rows` points lies around the view's middle. A thousand
+/// points are one unit; the camera looks from a distance of 3 with a field of 45 degrees.
+void expectCentred(const Image& picture, int columns, int rows) {
+  const double pixelsPerPoint = viewOf(picture).h / (2 * 3 * std::tan(M_PI / 8)) / 1000;
+  const double across = columns / 2.0 * pixelsPerPoint;
+  const double up = rows / 2.0 * pixelsPerPoint;
+  EXPECT_NEAR(reach(picture, {-1, 0}), across, 4);
+  EXPECT_NEAR(reach(picture, {1, 0}), across, 4);
+  EXPECT_NEAR(reach(picture, {0, -1}), up, 4);
+  EXPECT_NEAR(reach(picture, {0, 1}), up, 4);
+}
+
+TEST(Picture, IsBlackWithTheLogoUntilAFileIsOpen) {
+  Program program;
+  const auto isLit = [](const Rgb& colour) { return colour != kBlack; };
+  const Area logo{205, 352, 1000, 120};
+  const Image start = program.mainWindow().awaitPicture(
+      "the logo", [&](const Image& picture) { return picture.part(logo).count(isLit) > 1000; });
+  // The control column reaches two pixels into the view's place.
+  EXPECT_EQ(start.part({152, 25, start.width() - 152, logo.y - 25}).count(isLit), 0);
+  const int below = logo.y + logo.h;
+  EXPECT_EQ(start.part({152, below, start.width() - 152, start.height() - below}).count(isLit), 0);
+
+  program.mainWindow().key({"ctrl+o"});
+  program.answerChooser(kPanel);
+  const Image opened = program.mainWindow().awaitPicture("the surface", showsSurface);
+  EXPECT_EQ(opened.part({logo.x, logo.y, 300, logo.h}).count(isSky), 300 * logo.h);
+}
+
+TEST(Picture, ShowsTheSurfaceAndItsKeyWhateverTheSize) {
+  Program program({kPanel});
+  const Window main = program.mainWindow();
+  Image picture = main.awaitPicture("the surface", showsSurface);
+  ASSERT_EQ(viewOf(picture).w, 1130);
+  ASSERT_EQ(viewOf(picture).h, 775);
+  expectKey(picture);
+  expectCentred(picture, 400, 300);
+
+  main.resize(1400, 900);
+  picture = main.awaitPicture("the surface in a larger window", [](const Image& larger) {
+    return showsSurface(larger) && isSky(larger.at(pixelAt(larger, 0.99, -0.99)));
+  });
+  expectKey(picture);
+  expectCentred(picture, 400, 300);
+}
+
+TEST(Picture, ColoursTheSurfaceByHeight) {
+  Program program({kPanel});
+  const Image picture = program.mainWindow().awaitPicture("the surface", showsSurface);
+  const Point middle = pixelAt(picture, 0, 0);
+  const Image surface = picture.part({middle.x - 50, middle.y - 35, 100, 70});
+  const int pixels = surface.width() * surface.height();
+  EXPECT_LT(surface.count([](const Rgb& colour) { return chroma(colour) < 40; }), pixels / 20);
+  // Sixths of the colour circle around red, yellow, green, cyan, blue and violet.
+  int hues = 0;
+  for (int sixth = 0; sixth < 6; ++sixth) {
+    const auto isOfIt = [&](const Rgb& colour) { return (hue(colour) + 30) / 60 % 6 == sixth; };
+    hues += surface.count(isOfIt) > pixels / 100 ? 1 : 0;
+  }
+  EXPECT_GE(hues, 3);
+}
+
+TEST(Picture, OfADisplayWithoutGlIsMissedOnceAndQuietly) {
+  Process server({"Xvfb", "-displayfd", "1", "-screen", "0", "1600x1000x24", "-extension", "GLX",
+                  "-nolisten", "tcp", "-noreset"});
+  const std::string display = ":" + server.awaitLine("");
+  Program program({kPanel}, {.display = display});
+  EXPECT_NE(program.awaitLine("OpenGL", Stream::kErrors), "");
+  program.mainWindow().key({"ctrl+o"});
+  program.answerChooser(kPanel);
+  program.awaitLine("Updating Res File...");
+  program.awaitLine("Updating Res File...");
+  // A dialog would keep the key from the main window.
+  EXPECT_EQ(program.quit(), 0);
+  int told = 0;
+  for (const std::string& line : program.lines(Stream::kErrors)) {
+    told += line.find("OpenGL") != std::string::npos ? 1 : 0;
+  }
+  EXPECT_EQ(told, 1);
+}
+
+}  // namespace
+}  // namespace morvane::gui

@@ -1,0 +1,80 @@
+// A child process of a test, with what it prints.
+#pragma once
+
+#include <sys/types.h>
+
+#include <chrono>
+#include <condition_variable>
+#include <functional>
+#include <mutex>
+#include <optional>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <thread>
+#include <vector>
+
+namespace morvane::gui {
+
+/// What the harness throws when a sign does not come or something cannot be done at all.
+class GuiError : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
+/// How long a sign is waited for. Generous: it is only ever used up by a test that fails.
+inline constexpr std::chrono::seconds kPatience{20};
+
+/// Polls `condition` until it holds; false when `patience` is over.
+bool eventually(const std::function<bool()>& condition,
+                std::chrono::milliseconds patience = kPatience);
+
+enum class Stream { kOutput, kErrors };
+
+/// Started by construction, killed at the latest by destruction, and by the death of the test.
+class Process {
+ public:
+  /// `words` are the program, sought along $PATH, and its arguments.
+  explicit Process(std::vector<std::string> words);
+  ~Process();
+  Process(const Process&) = delete;
+  Process& operator=(const Process&) = delete;
+
+  [[nodiscard]] pid_t id() const { return id_; }
+
+  /// Waits for a line that contains `text` and returns it. Each stream is searched from behind the
+  /// line found there last, so that successive calls find successive lines.
+  std::string awaitLine(std::string_view text, Stream stream = Stream::kOutput);
+
+  /// Every line printed so far; after `awaitExit` every line there is.
+  [[nodiscard]] std::vector<std::string> lines(Stream stream = Stream::kOutput) const;
+
+  /// Waits for the end and returns the exit status, or minus the signal that ended it.
+  int awaitExit();
+
+  /// False once the process has ended.
+  [[nodiscard]] bool running();
+
+ private:
+  struct Output {
+    int descriptor = -1;
+    std::vector<std::string> lines;
+    std::size_t searched = 0;
+    bool ended = false;
+    std::thread reader;
+  };
+
+  void collect(Output& output);
+  [[nodiscard]] const Output& of(Stream stream) const;
+
+  pid_t id_ = -1;
+  std::optional<int> status_;
+  mutable std::mutex mutex_;
+  std::condition_variable changed_;
+  Output output_, errors_;
+};
+
+/// Runs a program to its end; throws with what it said when it fails.
+void runToEnd(const std::vector<std::string>& words);
+
+}  // namespace morvane::gui

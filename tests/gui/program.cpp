@@ -1,0 +1,98 @@
+#include "tests/gui/program.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <exception>
+#include <filesystem>
+#include <fstream>
+#include <iostream>
+
+namespace morvane::gui {
+namespace {
+
+std::string variable(const char* name) {
+  const char* value = std::getenv(name);
+  return value != nullptr ? value : "";
+}
+
+/// FLTK takes the file chooser of whatever desktop library it finds. This setting, read from the
+/// home folder, leaves it its own one, which is the same everywhere.
+void choosePlainChooser(const std::string& home) {
+  const std::string folder = home + "/.fltk/fltk.org";
+  std::filesystem::create_directories(folder);
+  std::ofstream(folder + "/fltk.prefs")
+      << "; FLTK preferences file format 1.0\n; vendor: fltk.org\n; application: fltk\n\n[.]\n\n"
+         "[./options]\n\nFNFCUsesGTK:0\n";
+}
+
+std::vector<std::string> startWords(const std::vector<std::string>& arguments, const Start& start,
+                                    const std::string& home, const Screen& screen) {
+  choosePlainChooser(home);
+  // A pointer left over a button by an earlier test would bring up its tip.
+  screen.xdotool({"mousemove", "0", "0"});
+  // What GL drivers and toolkits keep until the end is not the program's leak.
+  std::vector<std::string> words = {"env",
+                                    "-C",
+                                    start.folder,
+                                    "HOME=" + home,
+                                    "USERPROFILE=" + home,
+                                    "DISPLAY=" + screen.name(),
+                                    "ASAN_OPTIONS=" + variable("ASAN_OPTIONS") + ":detect_leaks=0"};
+  words.insert(words.end(), start.environment.begin(), start.environment.end());
+  words.push_back(start.program);
+  words.insert(words.end(), arguments.begin(), arguments.end());
+  return words;
+}
+
+}  // namespace
+
+Program::Program(const std::vector<std::string>& arguments, const Start& start)
+    : screen_(start.display.empty() ? variable("DISPLAY") : start.display),
+      process_(startWords(arguments, start, home(), screen_)) {}
+
+Program::~Program() {
+  if (!testing::Test::HasFailure() && std::uncaught_exceptions() == 0) return;
+  const testing::TestInfo* test = testing::UnitTest::GetInstance()->current_test_info();
+  std::string name = std::string(test->test_suite_name()) + '.' + test->name() + ".png";
+  std::replace(name.begin(), name.end(), '/', '-');
+  screen_.capture().savePng(name);
+  std::cerr << "The screen is in " << std::filesystem::absolute(name).string() << '\n';
+  for (const Stream stream : {Stream::kOutput, Stream::kErrors}) {
+    std::cerr << (stream == Stream::kOutput ? "---- output\n" : "---- errors\n");
+    for (const std::string& line : lines(stream)) std::cerr << line << '\n';
+  }
+}
+
+Window Program::window(const std::string& title) const {
+  std::vector<Window> found;
+  const auto there = [&] {
+    found = windows();
+    std::erase_if(found, [&](const Window& window) { return window.title() != title; });
+    return !found.empty();
+  };
+  if (!eventually(there)) throw GuiError("there is no window \"" + title + '"');
+  return found.front();
+}
+
+void Program::answerChooser(const std::string& path, const std::string& title) const {
+  const Window chooser = window(title);
+  if (path.empty()) {
+    chooser.key({"Escape"});
+  } else {
+    // All but the first separator goes: typed into an empty field, that one would get lost.
+    chooser.key({"Home", "Right", "shift+End", "Delete"});
+    chooser.type(std::filesystem::absolute(path).string().substr(1));
+    // The chooser completes names on its own; what it added is selected now and goes.
+    chooser.key({"Delete", "Return"});
+  }
+  chooser.awaitGone();
+}
+
+int Program::quit() {
+  mainWindow().key({"ctrl+q"});
+  return awaitExit();
+}
+
+}  // namespace morvane::gui

@@ -1,0 +1,190 @@
+// The road from the command line, the menu and the Open button to a measurement on show.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <initializer_list>
+#include <ostream>
+
+#include "tests/gui/program.h"
+#include "tests/support/golden.h"
+
+namespace morvane::gui {
+namespace {
+
+using testing::Contains;
+using testing::HasSubstr;
+using testing::Not;
+
+constexpr Point kOpenButton{77, 140};
+
+std::string panel() { return golden::file("panel/measurement.res"); }
+
+/// A measurement cut short behind its header.
+std::string brokenFile(const TemporaryFolder& folder) {
+  const std::string path = folder.file("broken.res");
+  std::ofstream(path, std::ios::binary) << contentOf(panel()).substr(0, 300);
+  return path;
+}
+
+/// Expects the program to print these lines in this order; others may stand between.
+void expectInOrder(Program& program, std::initializer_list<std::string> lines) {
+  for (const std::string& line : lines) EXPECT_EQ(program.awaitLine(line), line);
+}
+
+std::string joined(std::span<const std::string> lines) {
+  std::string text;
+  for (const std::string& line : lines) text += line + '\n';
+  return text;
+}
+
+TEST(StartUp, WithoutAFileSaysItsStepsAndWaits) {
+  Program program;
+  expectInOrder(program,
+                {"Program executed from directory: " MORVANE_PROGRAM,
+                 "Setting-up display variables...", "done!", "Display MRV3 GUI...", "done!"});
+  EXPECT_EQ(program.quit(), 0);
+  EXPECT_THAT(program.lines(), Not(Contains(HasSubstr("ARGV"))));
+  EXPECT_THAT(program.lines(), Not(Contains("Open Button Clicked")));
+}
+
+TEST(StartUp, OpensTheFirstArgumentAndIgnoresTheRest) {
+  Program program({panel(), "second.res"});
+  expectInOrder(program, {"Display MRV3 GUI...", "done!", "ARGV0:" MORVANE_PROGRAM,
+                          "ARGV: " + panel(), "Open Button Clicked", "Copying Filename",
+                          "(ChooseFile) - Filename to open: " + panel(),
+                          ">>(resFile) -- File updated: " + panel(), "Updating Res File...",
+                          "Updating Profile Res File...", "Updating Autoscaling...",
+                          "GENERATING BUFFERS......", "Compiling shader : ModelVS",
+                          "Linking program", "Compiling shader : KeyFS", "Linking program"});
+  for (const char* step : {"Buffer Generation Time: ", "Model Binding Time: ", "Drawing Time: "}) {
+    EXPECT_THAT(program.awaitLine(step), testing::EndsWith(" milliseconds"));
+  }
+  program.awaitLine(kFrameDrawn);
+  EXPECT_EQ(program.quit(), 0);
+  EXPECT_THAT(program.lines(), Not(Contains(HasSubstr("second.res"))));
+}
+
+/// Where the program is called from, and by what path.
+struct Call {
+  std::string folder, program;
+  friend void PrintTo(const Call& call, std::ostream* out) { *out << call.program; }
+};
+
+class CalledBy : public testing::TestWithParam<Call> {};
+
+TEST_P(CalledBy, FindsItsResources) {
+  Program program({}, {.program = GetParam().program, .folder = GetParam().folder});
+  program.mainWindow().awaitPicture("the Open button's icon", [](const Image& picture) {
+    const Image inside = picture.part({kOpenButton.x - 30, kOpenButton.y - 25, 60, 50});
+    return inside.count([](const Rgb& colour) { return colour != kBlack; }) > 50;
+  });
+  EXPECT_EQ(program.lines().at(0), "Program executed from directory: " + GetParam().program);
+}
+
+const std::filesystem::path kProgram = MORVANE_PROGRAM;
+INSTANTIATE_TEST_SUITE_P(
+    Paths, CalledBy,
+    testing::Values(Call{"/", kProgram}, Call{kProgram.parent_path(), "./morvane-reader"},
+                    Call{kProgram.parent_path() / "resources", "../morvane-reader"}));
+
+TEST(Open, AMissingFileIsNoReasonToStop) {
+  Program program({"nowhere.res"});
+  program.awaitLine("(ChooseFile) - Filename to open: nowhere.res");
+  // An alert would keep the key from the main window.
+  EXPECT_EQ(program.quit(), 0);
+  EXPECT_THAT(program.lines(), Not(Contains("Updating Res File...")));
+}
+
+TEST(Open, ABrokenFileIsToldAndTheNextOneOpens) {
+  const TemporaryFolder folder;
+  Program program({brokenFile(folder)});
+  const Window alert = program.alert();
+  alert.key({"Return"});
+  alert.awaitGone();
+  EXPECT_THAT(program.lines(), Not(Contains("Updating Res File...")));
+
+  program.mainWindow().key({"ctrl+o"});
+  program.answerChooser(panel());
+  expectInOrder(program, {"(ChooseFile) - Filename to open: " + panel(), "Binding Model Data..."});
+  program.awaitLine(kFrameDrawn);
+
+  const std::string flat = golden::file("flat/measurement.res");
+  program.mainWindow().click(kOpenButton);
+  program.answerChooser(flat);
+  expectInOrder(program, {"(ChooseFile) - Filename to open: " + flat, "Binding Model Data..."});
+  program.awaitLine(kFrameDrawn);
+  EXPECT_EQ(program.quit(), 0);
+}
+
+TEST(Open, WhatCannotBeOpenedLeavesThePictureAsItWas) {
+  const TemporaryFolder folder;
+  Program program({panel()});
+  program.awaitLine(kFrameDrawn);
+  const Window main = program.mainWindow();
+  const auto surfaceShown = [](const Image& picture) {
+    return chroma(picture.at({picture.width() / 2 + 75, picture.height() / 2 + 12})) > 60;
+  };
+  const auto viewOf = [](const Image& picture) {
+    return picture.part({150, 25, picture.width() - 150, picture.height() - 25});
+  };
+  const Image before = main.awaitPicture("the surface", surfaceShown);
+  const auto asBefore = [&](const Image& picture) { return viewOf(picture) == viewOf(before); };
+
+  main.key({"ctrl+o"});
+  program.answerChooser("");
+  program.awaitLine("(ChooseFile) - Filename to open: ");
+  main.awaitPicture("the same after a cancelled chooser", asBefore);
+
+  main.key({"ctrl+o"});
+  program.answerChooser(brokenFile(folder));
+  const Window alert = program.alert();
+  alert.close();
+  alert.awaitGone();
+  main.awaitPicture("the same after a broken file", asBefore);
+
+  // Frames drawn from now on are still of the measurement on show.
+  main.resize(1400, 900);
+  main.awaitPicture("the surface in a larger window", surfaceShown);
+  main.resize(before.width(), before.height());
+  main.awaitPicture("the same after new frames", asBefore);
+  EXPECT_EQ(program.quit(), 0);
+}
+
+class Golden : public testing::TestWithParam<std::string> {};
+
+TEST_P(Golden, MeasurementIsLoggedAndShown) {
+  const std::filesystem::path folder = golden::file(GetParam());
+  const std::string path = folder / "measurement.res";
+  Program program({path});
+  program.awaitLine(kFrameDrawn);
+  golden::expectLog(folder / "log.txt", joined(program.lines()), path);
+}
+
+INSTANTIATE_TEST_SUITE_P(Cases, Golden, testing::ValuesIn(golden::casesWith("measurement.res")));
+
+TEST(Open, GoldenFilesInTurnAreEachLogged) {
+  Program program;
+  const std::filesystem::path folder = golden::file("sequence");
+  int opened = 0;
+  for (const std::string& step : golden::lines(folder / "steps.txt")) {
+    const std::vector<std::string> words = golden::words(step);
+    if (words.at(2) == "missing") continue;
+    const std::string path = folder / words[1];
+    const std::size_t before = program.lines().size();
+    program.mainWindow().key({"ctrl+o"});
+    program.answerChooser(path);
+    program.awaitLine("fileSize: ");
+    const std::vector<std::string> lines = program.lines();
+    golden::expectLog(folder / ("step" + words[0] + "_log.txt"),
+                      joined(std::span(lines).subspan(before)), path);
+    if (words[1] == "odd.res") program.alert().key({"Return"});
+    ++opened;
+  }
+  EXPECT_EQ(opened, 6);
+  EXPECT_EQ(program.quit(), 0);
+}
+
+}  // namespace
+}  // namespace morvane::gui

@@ -1,0 +1,245 @@
+#include "tests/gui/window.h"
+
+#include <X11/Xatom.h>
+#include <X11/Xlib.h>
+#include <X11/Xutil.h>
+
+#include <algorithm>
+#include <array>
+#include <cstdlib>
+#include <cstring>
+#include <span>
+
+#include "tests/gui/process.h"
+
+namespace morvane::gui {
+namespace {
+
+/// The children of an X window; empty when it has gone.
+std::vector<::Window> childrenOf(Display* display, ::Window window) {
+  ::Window root = 0, parent = 0, *children = nullptr;
+  unsigned count = 0;
+  if (XQueryTree(display, window, &root, &parent, &children, &count) == 0) return {};
+  const std::vector<::Window> result(children, children + count);
+  if (children != nullptr) XFree(children);
+  return result;
+}
+
+/// The bytes of a property as Xlib hands them out, 32-bit items as longs; empty without one.
+std::string propertyOf(Display* display, ::Window window, const char* name) {
+  Atom type = 0;
+  int format = 0;
+  unsigned long items = 0, left = 0;
+  unsigned char* data = nullptr;
+  const Atom property = XInternAtom(display, name, False);
+  if (XGetWindowProperty(display, window, property, 0, 1024, False, AnyPropertyType, &type, &format,
+                         &items, &left, &data) != Success ||
+      data == nullptr) {
+    return {};
+  }
+  const std::size_t itemSize = format == 32 ? sizeof(long) : static_cast<std::size_t>(format) / 8;
+  std::string result(reinterpret_cast<const char*>(data), items * itemSize);
+  XFree(data);
+  return result;
+}
+
+bool belongsTo(Display* display, ::Window window, pid_t process) {
+  const std::string bytes = propertyOf(display, window, "_NET_WM_PID");
+  unsigned long id = 0;
+  if (bytes.size() != sizeof id) return false;
+  std::memcpy(&id, bytes.data(), sizeof id);
+  return id == static_cast<unsigned long>(process);
+}
+
+bool onScreen(Display* display, ::Window window) {
+  XWindowAttributes attributes{};
+  return XGetWindowAttributes(display, window, &attributes) != 0 &&
+         attributes.map_state == IsViewable;
+}
+
+std::string text(int number) { return std::to_string(number); }
+
+}  // namespace
+
+Screen::Screen(const std::string& name)
+    : name_(name), display_(name.empty() ? nullptr : XOpenDisplay(name.c_str()), XCloseDisplay) {
+  if (!display_) {
+    throw GuiError(
+        "These tests drive real windows and need an X server with a window manager: "
+        "set DISPLAY or run scripts/test. Now it is \"" +
+        name + "\".");
+  }
+  // Windows go while they are asked about; the answer says so, and the error adds nothing.
+  XSetErrorHandler([](Display*, XErrorEvent*) { return 0; });
+}
+
+Image Screen::capture() const {
+  Display* display = display_.get();
+  return capture({0, 0, XDisplayWidth(display, 0), XDisplayHeight(display, 0)});
+}
+
+Image Screen::capture(const Area& area) const {
+  Display* display = display_.get();
+  const int left = std::max(area.x, 0),
+            right = std::min(area.x + area.w, XDisplayWidth(display, 0));
+  const int top = std::max(area.y, 0),
+            bottom = std::min(area.y + area.h, XDisplayHeight(display, 0));
+  const auto width = static_cast<std::size_t>(std::max(area.w, 0));
+  std::vector<std::uint32_t> pixels(width * static_cast<std::size_t>(std::max(area.h, 0)));
+  if (right <= left || bottom <= top) return {area.w, area.h, std::move(pixels)};
+  // Taken from the root window: what lies on top is seen, GL pictures included.
+  const std::unique_ptr<XImage, int (*)(XImage*)> image(
+      XGetImage(display, DefaultRootWindow(display), left, top, static_cast<unsigned>(right - left),
+                static_cast<unsigned>(bottom - top), AllPlanes, ZPixmap),
+      [](XImage* taken) { return XDestroyImage(taken); });
+  if (!image || image->bits_per_pixel != 32 || image->red_mask != 0xFF0000) {
+    throw GuiError("the screen cannot be captured; it must have 24-bit colours");
+  }
+  for (int y = top; y < bottom; ++y) {
+    std::uint32_t* row = &pixels[static_cast<std::size_t>(y - area.y) * width +
+                                 static_cast<std::size_t>(left - area.x)];
+    std::memcpy(row, image->data + (y - top) * image->bytes_per_line,
+                static_cast<std::size_t>(right - left) * sizeof *row);
+    for (std::uint32_t& pixel : std::span(row, static_cast<std::size_t>(right - left))) {
+      pixel &= 0xFFFFFF;
+    }
+  }
+  return {area.w, area.h, std::move(pixels)};
+}
+
+std::vector<Window> Screen::windowsOf(pid_t process) const {
+  Display* display = display_.get();
+  std::vector<Window> found;
+  // A window manager puts windows into a frame or two; below a window of the program lie only parts
+  // of it.
+  std::vector<::Window> level = {DefaultRootWindow(display)};
+  for (int depth = 0; depth < 3; ++depth) {
+    std::vector<::Window> next;
+    for (const ::Window window : level) {
+      for (const ::Window child : childrenOf(display, window)) {
+        if (!belongsTo(display, child, process)) {
+          next.push_back(child);
+        } else if (onScreen(display, child) &&
+                   !propertyOf(display, child, "WM_PROTOCOLS").empty()) {
+          found.emplace_back(*this, child);
+        }
+      }
+    }
+    level = next;
+  }
+  return found;
+}
+
+void Screen::xdotool(const std::vector<std::string>& words) const {
+  std::vector<std::string> command = {"env", "DISPLAY=" + name_, "xdotool"};
+  command.insert(command.end(), words.begin(), words.end());
+  runToEnd(command);
+}
+
+std::string Window::title() const {
+  return propertyOf(screen_->display_.get(), id_, "_NET_WM_NAME");
+}
+
+Area Window::area() const {
+  Display* display = screen_->display_.get();
+  XWindowAttributes attributes{};
+  Area area;
+  ::Window child = 0;
+  if (XGetWindowAttributes(display, id_, &attributes) == 0) return area;
+  XTranslateCoordinates(display, id_, attributes.root, 0, 0, &area.x, &area.y, &child);
+  area.w = attributes.width;
+  area.h = attributes.height;
+  return area;
+}
+
+bool Window::shown() const { return onScreen(screen_->display_.get(), id_); }
+
+void Window::awaitGone() const {
+  if (!eventually([this] { return !shown(); }))
+    throw GuiError("the window \"" + title() + "\" stays");
+}
+
+std::vector<std::string> Window::moveTo(Point at) const {
+  const Area place = area();
+  return {"mousemove", text(place.x + at.x), text(place.y + at.y)};
+}
+
+void Window::click(Point at, int button) const {
+  std::vector<std::string> words = moveTo(at);
+  words.insert(words.end(), {"click", text(button)});
+  screen_->xdotool(words);
+}
+
+void Window::drag(Point from, Point to, int button) const {
+  constexpr int kSteps = 10;
+  std::vector<std::string> words = moveTo(from);
+  words.insert(words.end(), {"mousedown", text(button)});
+  for (int step = 1; step <= kSteps; ++step) {
+    const auto part = [&](int a, int b) { return a + (b - a) * step / kSteps; };
+    const auto move = moveTo({part(from.x, to.x), part(from.y, to.y)});
+    words.insert(words.end(), move.begin(), move.end());
+  }
+  words.insert(words.end(), {"mouseup", text(button)});
+  screen_->xdotool(words);
+}
+
+void Window::wheel(Point at, int steps) const {
+  std::vector<std::string> words = moveTo(at);
+  words.insert(words.end(), {"click", "--repeat", text(std::abs(steps)), steps > 0 ? "4" : "5"});
+  screen_->xdotool(words);
+}
+
+void Window::leave() const { screen_->xdotool({"mousemove", "0", "0"}); }
+
+void Window::sendKeys(std::vector<std::string> words) const {
+  // A window manager gives a new window the focus by itself, but not at once; without one nobody
+  // does.
+  words.insert(words.begin(), {"windowfocus", "--sync", std::to_string(id_)});
+  screen_->xdotool(words);
+}
+
+void Window::key(const std::vector<std::string>& keys) const {
+  std::vector<std::string> words = {"key"};
+  words.insert(words.end(), keys.begin(), keys.end());
+  sendKeys(words);
+}
+
+void Window::type(const std::string& letters) const {
+  sendKeys({"type", "--delay", "2", "--", letters});
+}
+
+void Window::resize(int width, int height) const {
+  const std::string id = std::to_string(id_);
+  screen_->xdotool({"windowmove", id, "0", "0", "windowsize", id, text(width), text(height)});
+  const auto reached = [&] {
+    const Area now = area();
+    return now.w == width && now.h == height && now.x < 20 && now.y < 60;
+  };
+  if (!eventually(reached)) throw GuiError("the window \"" + title() + "\" does not take its size");
+}
+
+void Window::close() const {
+  Display* display = screen_->display_.get();
+  XEvent event{};
+  event.xclient.type = ClientMessage;
+  event.xclient.window = id_;
+  event.xclient.message_type = XInternAtom(display, "WM_PROTOCOLS", False);
+  event.xclient.format = 32;
+  event.xclient.data.l[0] = static_cast<long>(XInternAtom(display, "WM_DELETE_WINDOW", False));
+  event.xclient.data.l[1] = CurrentTime;
+  XSendEvent(display, id_, False, NoEventMask, &event);
+  XFlush(display);
+}
+
+Image Window::awaitPicture(const std::string& what,
+                           const std::function<bool(const Image&)>& predicate) const {
+  Image image;
+  const auto seen = [&] {
+    image = capture();
+    return predicate(image);
+  };
+  if (!eventually(seen)) throw GuiError("the picture never showed " + what);
+  return image;
+}
+
+}  // namespace morvane::gui

@@ -1,0 +1,153 @@
+// The reader against the reference cases: log lines, fields, records, heights, regions.
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <sstream>
+
+#include "resfile/res_file.h"
+#include "tests/support/golden.h"
+#include "tests/support/temporary_folder.h"
+
+namespace morvane {
+namespace {
+
+std::vector<double> recordOf(const ResResults& r, const std::string& name) {
+  const auto numbers = [](const auto& floats) {
+    return std::vector<double>(floats.begin(), floats.end());
+  };
+  if (name == "standard") return numbers(r.standard);
+  if (name == "copr") return numbers(r.copr);
+  if (name == "wavescan") return numbers(r.waveScanBands);
+  if (name == "texcurv") return numbers(r.textureCurvature);
+  if (name == "ecrm") return numbers(r.standardEcRm);
+  if (name == "vw") return numbers(r.vwEcRm);
+  if (name == "gm") return numbers(r.gmEcRm);
+  if (name == "ecws") return numbers(r.ecWaveScanBands);
+  EXPECT_EQ(name, "orpeel");
+  std::vector<double> words = numbers(r.orangePeel.filterType);
+  for (const float value : r.orangePeel.values) words.push_back(static_cast<double>(value));
+  return words;
+}
+
+void expectRecord(const ResResults& results, const std::vector<std::string>& words) {
+  const std::vector<double> record = recordOf(results, words.at(1));
+  ASSERT_EQ(record.size() + 2, words.size()) << words[1];
+  for (std::size_t i = 0; i < record.size(); ++i) {
+    EXPECT_TRUE(golden::isClose(record[i], golden::number(words[i + 2])))
+        << words[1] << ' ' << i << ": " << record[i] << ", expected " << words[i + 2];
+  }
+}
+
+std::string fieldOf(const resFile& file, const std::string& key) {
+  const ResHeader& h = file.header();
+  const auto text = [](auto value) { return std::to_string(value); };
+  if (key == "numType") return text(h.numType);
+  if (key == "width") return text(h.width);
+  if (key == "height") return text(h.height);
+  if (key == "headerVersion") return text(h.headerVersion);
+  if (key == "headerText1") return std::string(fieldText(h.headerText1));
+  if (key == "headerText2") return std::string(fieldText(h.headerText2));
+  if (key == "headerText3") return std::string(fieldText(h.headerText3));
+  if (key == "surfaceType") return text(h.surfaceType);
+  if (key == "algorithmType") return text(h.algorithmType);
+  if (key == "headerSize") return text(file.headerSize());
+  if (key == "fileSize") return text(file.fileSize());
+  if (key == "pointCount") return text(file.pointCount());
+  return "no such field: " + key;
+}
+
+double numberOf(const resFile& file, const std::string& key) {
+  if (key == "pixelSizeX") return file.header().pixelSizeX;
+  if (key == "pixelSizeY") return file.header().pixelSizeY;
+  if (key == "heightScale") return file.header().heightScale;
+  return static_cast<double>(file.header().headerValue);
+}
+
+void expectFields(const std::filesystem::path& expected, const resFile& file, bool valid) {
+  for (const std::string& line : golden::lines(expected)) {
+    const std::vector<std::string> words = golden::words(line);
+    const std::string& key = words[0];
+    const std::string rest = line.size() > key.size() ? line.substr(key.size() + 1) : "";
+    if (rest == "*") continue;
+    if (key == "record") {
+      expectRecord(file.results(), words);
+    } else if (key == "height_at") {
+      EXPECT_EQ(file.grid()->values()[std::stoul(words[1])], golden::number(words[2])) << line;
+    } else if (key == "valid") {
+      EXPECT_EQ(valid, rest == "1") << expected;
+    } else if (key == "pixelSizeX" || key == "pixelSizeY" || key == "heightScale" ||
+               key == "headerValue") {
+      EXPECT_TRUE(golden::isClose(numberOf(file, key), golden::number(rest))) << line;
+    } else {
+      EXPECT_EQ(fieldOf(file, key), rest) << key;
+    }
+  }
+}
+
+class GoldenRead : public testing::TestWithParam<std::string> {};
+
+TEST_P(GoldenRead, GivesItsLogAndFields) {
+  const auto folder = golden::file(GetParam());
+  const std::string path = (folder / "measurement.res").string();
+  std::ostringstream log;
+  resFile file(log);
+  file.update(path);
+  const bool valid = file.isValid();
+  golden::expectLog(folder / "log.txt", log.str(), path);
+  expectFields(folder / "fields.txt", file, valid);
+}
+
+INSTANTIATE_TEST_SUITE_P(Cases, GoldenRead, testing::ValuesIn(golden::casesWith("fields.txt")));
+
+std::vector<double> region(const HeightGrid& grid, std::size_t c0, std::size_t r0, std::size_t w,
+                           std::size_t h) {
+  std::vector<double> values;
+  for (std::size_t r = r0; r < r0 + h; ++r) {
+    const auto row = grid.row(r).subspan(c0, w);
+    values.insert(values.end(), row.begin(), row.end());
+  }
+  return values;
+}
+
+TEST(GoldenSequence, OneReaderKeepsWhatLaterFilesDoNotHold) {
+  const auto folder = golden::file("sequence");
+  const TemporaryFolder temporary;
+  std::ostringstream log;
+  resFile file(log);
+  std::size_t regions = 0;
+  for (const std::string& line : golden::lines(folder / "steps.txt")) {
+    const std::vector<std::string> step = golden::words(line);
+    const std::string path = (folder / step[1]).string();
+    log.str("");
+    file.update(path);
+    const bool valid = file.isValid();
+    golden::expectLog(folder / ("step" + step[0] + "_log.txt"), log.str(), path);
+    expectFields(folder / ("step" + step[0] + "_fields.txt"), file, valid);
+    for (const std::string& cut : golden::lines(folder / "regions.txt")) {
+      const std::vector<std::string> words = golden::words(cut);
+      if (words[0] != step[0]) continue;
+      const auto at = [&](std::size_t i) { return std::stoul(words[i]); };
+      const auto values = region(*file.grid(), at(1), at(2), at(3), at(4));
+      const std::string target = temporary.file(words[5]);
+      EXPECT_EQ(file.writeRegion(values, std::stoi(words[3]), std::stoi(words[4]), target), "");
+      EXPECT_TRUE(contentOf(target) == contentOf((folder / words[5]).string())) << cut;
+      ++regions;
+    }
+  }
+  EXPECT_EQ(regions, 3U);
+}
+
+TEST(GoldenSequence, AFailedOpenLeavesEarlierHeightsToWhoeverHoldsThem) {
+  std::ostringstream log;
+  resFile file(log);
+  file.update(golden::file("sequence/a.res").string());
+  const Measurement shown = file.measurement();
+  file.update(golden::file("sequence/none.res").string());
+  EXPECT_EQ(file.grid(), nullptr);
+  EXPECT_TRUE(file.loaded());
+  EXPECT_EQ(shown.grid->count(), 24U);
+  EXPECT_EQ(shown.grid->values()[0], 3.644);
+}
+
+}  // namespace
+}  // namespace morvane

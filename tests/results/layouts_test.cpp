@@ -1,0 +1,209 @@
+// Rows, units, decimals and places of the results column, without a window.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <limits>
+#include <sstream>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "resfile/res_file.h"
+#include "results/layouts.h"
+
+namespace morvane {
+namespace {
+
+namespace fs = std::filesystem;
+
+const fs::path kGolden = MORVANE_GOLDEN_FOLDER;
+
+// ---- golden rows
+
+/// `text` with its `\xNN` groups as bytes.
+std::string unescape(std::string_view text) {
+  std::string bytes;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    if (text.substr(i, 2) == "\\x") {
+      bytes += static_cast<char>(std::stoi(std::string(text.substr(i + 2, 2)), nullptr, 16));
+      i += 3;
+    } else {
+      bytes += text[i];
+    }
+  }
+  return bytes;
+}
+
+/// The lines of a rows file, as bytes.
+std::vector<std::string> expectedLines(const fs::path& path) {
+  std::ifstream file(path);
+  EXPECT_TRUE(file) << path;
+  std::vector<std::string> lines;
+  for (std::string line; std::getline(file, line);) lines.push_back(unescape(line));
+  return lines;
+}
+
+/// What the column shows of the reader's measurement, in the words of a rows file.
+std::vector<std::string> shownLines(const resFile& reader) {
+  const ResHeader& header = reader.header();
+  std::vector<std::string> lines = {"panel_shown " +
+                                    std::to_string(offersResultsColumn(header.algorithmType))};
+  for (const ResultRow& row : headerRows(header, surfaceTypeText(header.surfaceType))) {
+    lines.push_back("H " + row.label + "\t" + row.value);
+  }
+  for (const ResultRow& row : resultLayout(header, reader.results()).rows) {
+    EXPECT_TRUE(!row.heading || row.value.empty());
+    lines.push_back("R " + row.label + "\t" + row.value);
+  }
+  return lines;
+}
+
+/// "?" as a label stands for any label of a row without value, "*" for any text.
+void expectRows(const fs::path& rowsFile, const resFile& reader) {
+  SCOPED_TRACE(rowsFile);
+  const std::vector<std::string> expected = expectedLines(rowsFile);
+  const std::vector<std::string> shown = shownLines(reader);
+  ASSERT_EQ(shown.size(), expected.size());
+  for (std::size_t i = 0; i < shown.size(); ++i) {
+    if (expected[i].starts_with("R ?")) {
+      EXPECT_TRUE(shown[i].starts_with("R ") && shown[i].ends_with("\t")) << shown[i];
+    } else if (expected[i].ends_with("\t*")) {
+      EXPECT_TRUE(shown[i].starts_with(expected[i].substr(0, expected[i].size() - 1)));
+    } else {
+      EXPECT_EQ(shown[i], expected[i]);
+    }
+  }
+}
+
+TEST(LayoutsGolden, RowsOfSingleFiles) {
+  int cases = 0;
+  for (const auto& entry : fs::recursive_directory_iterator(kGolden)) {
+    const fs::path rowsFile = entry.path();
+    if (rowsFile.filename() != "rows.txt") continue;
+    std::ostringstream log;
+    resFile reader(log);
+    reader.update((rowsFile.parent_path() / "measurement.res").string());
+    expectRows(rowsFile, reader);
+    ++cases;
+  }
+  EXPECT_GE(cases, 17 + 9) << "every algorithm code and the other cases";
+}
+
+TEST(LayoutsGolden, RowsOfFilesReadInTurn) {
+  const fs::path folder = kGolden / "sequence";
+  std::ifstream steps(folder / "steps.txt");
+  std::ostringstream log;
+  resFile reader(log);
+  int step = -1;
+  std::string file;
+  std::string presence;
+  while (steps >> step >> file >> presence) {
+    reader.update((folder / file).string());
+    expectRows(folder / ("step" + std::to_string(step) + "_rows.txt"), reader);
+  }
+  EXPECT_EQ(step, 6);
+}
+
+// ---- what no golden file holds
+
+ResHeader headerOf(std::int32_t version, std::uint32_t surfaceType, std::uint32_t algorithmType) {
+  ResHeader header;
+  header.headerVersion = version;
+  header.surfaceType = surfaceType;
+  header.algorithmType = algorithmType;
+  return header;
+}
+
+std::string tagOf(const ResHeader& header) {
+  const ResultLayout layout = resultLayout(header, {});
+  return layout.rows.empty() ? "" : layout.rows.front().value;
+}
+
+TEST(Layouts, Version3ShowsWhatTheSurfaceTypeSelectsUnlessAnAlgorithmCoversIt) {
+  EXPECT_EQ(tagOf(headerOf(3, 1, 0)), "VEXA_STD");
+  EXPECT_EQ(tagOf(headerOf(3, 2, 14)), "EC_RM_VEXA_STD");
+  EXPECT_EQ(tagOf(headerOf(3, 3, 99)), "EC_RM_VEXA_STD");
+  EXPECT_EQ(tagOf(headerOf(3, 4, 0)), "");
+  EXPECT_EQ(tagOf(headerOf(3, 1, 6)), "TEXTURE");
+  EXPECT_EQ(tagOf(headerOf(4, 1, 0)), "");
+  EXPECT_EQ(tagOf(headerOf(2, 1, 0)), "");
+}
+
+TEST(Layouts, FilterTypeSelectsTheLimits) {
+  ResResults results;
+  results.orangePeel.filterType = {0, 3};
+  results.orangePeel.values = {0.15F, 2.0F, 3.0F, 4.0F};
+  const auto rows = resultLayout(headerOf(4, 1, 4), results).rows;
+  ASSERT_EQ(rows.size(), 15U);
+  EXPECT_EQ(rows[2].value + "|" + rows[3].label + rows[3].value, "HPF|Cut-Off:0.15mm");
+  EXPECT_EQ(rows[9].value + "|" + rows[10].label + rows[10].value, "|");
+}
+
+TEST(Layouts, ShortTimeStampGivesEmptyPieces) {
+  const auto dateAndTime = [](std::string_view stamp) {
+    ResHeader header;
+    std::ranges::copy(stamp, header.headerText1.begin());
+    const auto rows = headerRows(header, "");
+    return rows[1].value + " " + rows[2].value;
+  };
+  EXPECT_EQ(dateAndTime("20260105093007"), "05/01/2026 09:30:07");
+  EXPECT_EQ(dateAndTime("2026010509300799"), "05/01/2026 09:30:07");
+  EXPECT_EQ(dateAndTime("202601050930"), "05/01/2026 09:30:");
+  EXPECT_EQ(dateAndTime("2026"), "//2026 ::");
+  EXPECT_EQ(dateAndTime(""), "// ::");
+}
+
+TEST(Layouts, FixedTextRoundsTheFloatItself) {
+  EXPECT_EQ(fixedText(0.05F, 1), "0.1");
+  EXPECT_EQ(fixedText(0.25F, 1), "0.2");
+  EXPECT_EQ(fixedText(-12345.678F, 3), "-12345.678");
+  EXPECT_EQ(fixedText(std::numeric_limits<float>::quiet_NaN(), 1), "nan");
+  EXPECT_EQ(fixedText(-std::numeric_limits<float>::infinity(), 3), "-inf");
+  EXPECT_EQ(fixedText(std::numeric_limits<double>::max(), 2).size(), 312U);
+}
+
+// ---- places
+
+bool overlap(const PixelArea& a, const PixelArea& b, int allowedX, int allowedY) {
+  return std::min(a.x + a.w, b.x + b.w) - std::max(a.x, b.x) > allowedX &&
+         std::min(a.y + a.h, b.y + b.h) - std::max(a.y, b.y) > allowedY;
+}
+
+TEST(Layouts, EveryLayoutFitsTheColumnWithoutOverlap) {
+  constexpr int kColumnHeight = 775;
+  // The left pairs of a band begin on the empty end of their labels, and separators stand in the
+  // empty part of the row above them.
+  constexpr int kEmptyLabelEnd = 5;
+  constexpr int kEmptyRowEnd = 10;
+  std::size_t mostRows = 0;
+  std::size_t mostSeparators = 0;
+  for (std::uint32_t code = 1; code <= 13; ++code) {
+    SCOPED_TRACE(code);
+    const ResultLayout layout = resultLayout(headerOf(4, 1, code), {});
+    std::vector<PixelArea> texts;
+    for (const ResultRow& row : layout.rows) {
+      texts.push_back(row.labelArea);
+      if (!row.heading) texts.push_back(row.valueArea);
+    }
+    for (std::size_t i = 0; i < texts.size(); ++i) {
+      EXPECT_GE(texts[i].y, 200);
+      EXPECT_LT(texts[i].x + 60, kResultsColumnWidth);
+      EXPECT_LE(texts[i].y + texts[i].h, kColumnHeight);
+      for (std::size_t k = 0; k < i; ++k) {
+        EXPECT_FALSE(overlap(texts[i], texts[k], kEmptyLabelEnd, 0)) << i << " " << k;
+      }
+      for (const PixelArea& line : layout.separators) {
+        EXPECT_FALSE(overlap(texts[i], line, 0, kEmptyRowEnd)) << i << " separator";
+      }
+    }
+    mostRows = std::max(mostRows, layout.rows.size());
+    mostSeparators = std::max(mostSeparators, layout.separators.size());
+  }
+  EXPECT_EQ(mostRows, kMaxResultRows);
+  EXPECT_EQ(mostSeparators, kMaxResultSeparators);
+}
+
+}  // namespace
+}  // namespace morvane

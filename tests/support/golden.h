@@ -1,0 +1,39 @@
+// Reading the reference cases and comparing with them.
+#pragma once
+
+#include <filesystem>
+#include <span>
+#include <string>
+#include <vector>
+
+namespace morvane::golden {
+
+/// A file or folder of the reference cases.
+std::filesystem::path file(const std::string& name);
+
+/// The lines of a reference file, `\xNN` turned back into bytes.
+std::vector<std::string> lines(const std::filesystem::path& path);
+
+/// The words of a line.
+std::vector<std::string> words(const std::string& line);
+
+/// The number a word stands for, "nan", "inf" and "-inf" included.
+double number(const std::string& word);
+
+/// All reference cases below the reference folder that hold the file `name`, e.g. "codes/4".
+std::vector<std::string> casesWith(const std::string& name);
+
+/// Whether a single-precision value is the expected one: 2e-5 relative or 1e-6 absolute.
+bool isClose(double value, double expected);
+
+/// Expects `log` (the text written) to hold the lines of a reference log in their order: all that
+/// begin with "= ", and all or none of those with "? ". `{path}` stands for `path`.
+void expectLog(const std::filesystem::path& expected, const std::string& log,
+               const std::string& path);
+
+/// Expects `floats` to equal the words behind the first, within `tolerance`. A word "-" stands for
+/// `unwritten`, "?" for anything.
+void expectFloats(std::span<const float> floats, const std::string& line, double tolerance,
+                  float unwritten = 0.0F);
+
+}  // namespace morvane::golden

@@ -1,0 +1,28 @@
+// Small height grids for tests.
+#pragma once
+
+#include <memory>
+#include <random>
+#include <vector>
+
+#include "resfile/height_grid.h"
+
+namespace morvane {
+
+inline std::shared_ptr<HeightGrid> gridOf(std::size_t width, std::size_t height,
+                                          const std::vector<double>& values) {
+  auto grid =
+      HeightGrid::zeroed(static_cast<std::int64_t>(width), static_cast<std::int64_t>(height));
+  std::copy(values.begin(), values.end(), grid->values().begin());
+  return grid;
+}
+
+/// Heights between −5 and 5, the same for the same size.
+inline std::shared_ptr<HeightGrid> roughGrid(std::size_t width, std::size_t height) {
+  std::mt19937 random(static_cast<unsigned>(width * 1009 + height));
+  std::vector<double> values(width * height);
+  for (double& value : values) value = static_cast<double>(random()) / 429496729.6 - 5.0;
+  return gridOf(width, height, values);
+}
+
+}  // namespace morvane

@@ -1,0 +1,112 @@
+// Statistics, limits, cells and key against the reference cases.
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <sstream>
+
+#include "resfile/res_file.h"
+#include "surface/surface_model.h"
+#include "tests/support/golden.h"
+
+namespace morvane {
+namespace {
+
+std::shared_ptr<const HeightGrid> gridOfCase(const std::string& name) {
+  std::ostringstream log;
+  resFile file(log);
+  file.update((golden::file(name) / "measurement.res").string());
+  return file.grid();
+}
+
+class GoldenSurface : public testing::TestWithParam<std::string> {
+ protected:
+  void SetUp() override {
+    model_.setRaw(gridOfCase(GetParam()));
+    model_.measure();
+  }
+  void setCrop(const std::string& min, const std::string& max) {
+    model_.crop = {true, static_cast<float>(golden::number(min)),
+                   static_cast<float>(golden::number(max))};
+    model_.measure();
+  }
+
+  std::ostringstream log_;
+  SurfaceModel model_{log_};
+};
+
+TEST_P(GoldenSurface, HasItsStatistics) {
+  for (const std::string& line : golden::lines(golden::file(GetParam()) / "stats.txt")) {
+    const auto words = golden::words(line);
+    const double value = words[0] == "mean"       ? model_.mean()
+                         : words[0] == "variance" ? model_.variance()
+                         : words[0] == "sd"       ? model_.sd()
+                                                  : model_.autoScale();
+    const double expected = golden::number(words[1]);
+    EXPECT_TRUE(value == expected || std::abs(value - expected) <= golden::number(words[2]))
+        << line << ", found " << value;
+  }
+}
+
+TEST_P(GoldenSurface, HasItsLimits) {
+  for (const std::string& line : golden::lines(golden::file(GetParam()) / "limits.txt")) {
+    const auto words = golden::words(line);
+    model_.crop = {};
+    if (words[0] == "1") setCrop(words[1], words[2]);
+    model_.measure();
+    const SurfaceLimits& limits = model_.limits();
+    const float found[] = {limits.trueMin, limits.trueMax, limits.zMin, limits.zMax};
+    // Two numbers more, where they stand, are another answer for the displayed limits.
+    const std::size_t other = words.size() > 7 ? 2 : 0;
+    for (std::size_t i = 0; i < 4; ++i) {
+      const bool asFirst = golden::isClose(found[i], golden::number(words[3 + i]));
+      const bool asOther =
+          i >= 2 && golden::isClose(found[i], golden::number(words[3 + i + other]));
+      EXPECT_TRUE(asFirst || asOther) << line << ", value " << i << " is " << found[i];
+    }
+  }
+}
+
+TEST_P(GoldenSurface, HasItsCells) {
+  const std::size_t cells = cellCount(*model_.shown());
+  std::vector<float> positions(cells * 18);
+  std::vector<float> normals(cells * 18);
+  std::vector<float> colours(cells * 18);
+  std::vector<float> faces(cells * 6);
+  const auto lines = golden::lines(golden::file(GetParam()) / "cells.txt");
+  ASSERT_EQ(lines.size() % 5, 0U);
+  for (std::size_t i = 0; i < lines.size(); i += 5) {
+    const auto words = golden::words(lines[i]);
+    model_.crop = {};
+    if (words[3] == "crop") setCrop(words[4], words[5]);
+    model_.measure();
+    model_.build({positions, normals, colours, faces});
+    const std::size_t cell =
+        std::stoul(words[1]) * (model_.shown()->width() - 1) + std::stoul(words[2]);
+    SCOPED_TRACE(lines[i]);
+    golden::expectFloats(std::span(positions).subspan(cell * 18, 18), lines[i + 1], 0.0);
+    golden::expectFloats(std::span(faces).subspan(cell * 6, 6), lines[i + 2], 2e-4);
+    golden::expectFloats(std::span(normals).subspan(cell * 18, 18), lines[i + 3], 2e-4);
+    golden::expectFloats(std::span(colours).subspan(cell * 18, 18), lines[i + 4], 2e-4, 0.5F);
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Cases, GoldenSurface, testing::ValuesIn(golden::casesWith("cells.txt")));
+
+TEST(GoldenKey, HasItsGeometryAndLabels) {
+  const KeyGeometry key = keyGeometry();
+  for (const std::string& line : golden::lines(golden::file("view/key.txt"))) {
+    const auto words = golden::words(line);
+    if (words[0] == "pos") {
+      golden::expectFloats(key.positions, line, 1e-6);
+    } else if (words[0] == "col") {
+      golden::expectFloats(key.colours, line, 1e-6);
+    } else {
+      const auto labels = keyLabels(static_cast<float>(golden::number(words[1])),
+                                    static_cast<float>(golden::number(words[2])));
+      EXPECT_TRUE(std::equal(labels.begin(), labels.end(), words.begin() + 3, words.end())) << line;
+    }
+  }
+}
+
+}  // namespace
+}  // namespace morvane

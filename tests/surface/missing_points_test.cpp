@@ -1,0 +1,77 @@
+// Heights that are not finite are points the instrument could not see, not data.
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+#include <sstream>
+
+#include "surface/surface_model.h"
+#include "tests/support/test_grid.h"
+
+namespace morvane {
+namespace {
+
+constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
+constexpr double kInfinity = std::numeric_limits<double>::infinity();
+
+struct Built {
+  explicit Built(std::shared_ptr<const HeightGrid> grid) : positions(cellCount(*grid) * 18) {
+    model.setRaw(std::move(grid));
+    model.measure();
+    normals = colours = positions;
+    model.build({positions, normals, colours, {}});
+  }
+  std::ostringstream log;
+  SurfaceModel model{log};
+  std::vector<float> positions, normals, colours;
+};
+
+TEST(MissingPoints, TakeNoPartInNumbers) {
+  for (const double missing : {kNaN, kInfinity, -kInfinity, 1e300}) {
+    const Built with(gridOf(3, 3, {missing, 1, 2, 3, 4, missing, 6, 7, 8}));
+    EXPECT_FLOAT_EQ(with.model.mean(), 31.0F / 7.0F);
+    EXPECT_FLOAT_EQ(with.model.variance(), 5.9591837F);
+    // They start at the first finite height.
+    EXPECT_EQ(with.model.limits().trueMin, 1.0F);
+    EXPECT_EQ(with.model.limits().trueMax, 8.0F);
+  }
+}
+
+TEST(MissingPoints, HaveNoTriangles) {
+  auto grid = roughGrid(8, 9);
+  const Built whole(roughGrid(8, 9));
+  const std::size_t c = 3;
+  const std::size_t r = 4;
+  grid->values()[r * 8 + c] = kNaN;
+  const Built built(grid);
+  std::size_t dropped = 0;
+  for (std::size_t triangle = 0; triangle < built.positions.size() / 9; ++triangle) {
+    const float* p = built.positions.data() + 9 * triangle;
+    const bool sameAsWhole = std::equal(p, p + 9, whole.positions.data() + 9 * triangle);
+    const bool isPoint = std::equal(p, p + 3, p + 3) && std::equal(p, p + 3, p + 6);
+    EXPECT_TRUE(sameAsWhole || (isPoint && std::isfinite(p[2]))) << triangle;
+    dropped += isPoint ? 1 : 0;
+  }
+  EXPECT_EQ(dropped, 6U);
+  for (const float value : built.normals) EXPECT_TRUE(std::isfinite(value));
+  for (const float value : built.colours) EXPECT_TRUE(std::isfinite(value));
+}
+
+TEST(MissingPoints, MayBeAllThereIs) {
+  const Built built(gridOf(3, 3, std::vector<double>(9, kNaN)));
+  EXPECT_FALSE(built.model.hasHeights());
+  EXPECT_EQ(built.model.limits().trueMin, 0.0F);
+  EXPECT_EQ(built.model.limits().trueMax, 0.0F);
+  EXPECT_EQ(built.model.mean(), 0.0F);
+}
+
+TEST(MissingPoints, AreNotMistakenForVeryLargeHeights) {
+  auto grid = roughGrid(5, 5);
+  for (double& height : grid->values()) height *= 1e37;
+  const Built built(grid);
+  EXPECT_TRUE(built.model.hasHeights());
+  for (const float value : built.normals) EXPECT_TRUE(std::isfinite(value));
+}
+
+}  // namespace
+}  // namespace morvane

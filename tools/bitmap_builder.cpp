@@ -1,0 +1,38 @@
+#include "tools/bitmap_builder.h"
+
+#include <cstring>
+
+#include "resfile/little_endian.h"
+
+namespace morvane {
+
+std::vector<std::byte> encodeBitmap(const BitmapSpec& spec) {
+  constexpr std::uint32_t kHeaders = 54;
+  constexpr std::uint32_t kShades = 256;
+  const bool grey = spec.bitsPerPixel == 8;
+  const std::uint32_t start = kHeaders + (grey ? 4 * kShades : 0);
+  const auto row = static_cast<std::uint32_t>(spec.width) * (grey ? 1 : 3);
+  const std::uint32_t paddedRow = (row + 3) / 4 * 4;
+  const std::uint32_t image = paddedRow * static_cast<std::uint32_t>(spec.height);
+
+  std::vector<std::byte> bytes(start + image);
+  std::byte* out = bytes.data();
+  std::memcpy(out, "BM", 2);
+  writeLe(out + 2, start + image);
+  writeLe(out + 10, start);
+  writeLe(out + 14, std::uint32_t{40});
+  writeLe(out + 18, spec.width);
+  writeLe(out + 22, spec.height);
+  writeLe(out + 26, std::uint16_t{1});
+  writeLe(out + 28, static_cast<std::uint16_t>(spec.bitsPerPixel));
+  writeLe(out + 34, image);
+  for (std::uint32_t shade = 0; grey && shade < kShades; ++shade) {
+    writeLe(out + kHeaders + 4 * shade, shade * 0x010101U);
+  }
+  for (std::uint32_t y = 0; y < static_cast<std::uint32_t>(spec.height); ++y) {
+    std::memcpy(out + start + y * paddedRow, spec.pixels.data() + y * row, row);
+  }
+  return bytes;
+}
+
+}  // namespace morvane

@@ -1,0 +1,69 @@
+#include "tools/measurement_builder.h"
+
+#include <algorithm>
+#include <cstring>
+#include <stdexcept>
+
+#include "resfile/little_endian.h"
+#include "resfile/res_header.h"
+#include "resfile/safe_file.h"
+
+namespace morvane {
+namespace {
+
+void putText(std::byte* header, std::size_t offset, std::size_t room, const std::string& text) {
+  const std::size_t length = std::min(text.size(), room);
+  writeLe(header + offset, static_cast<std::int8_t>(length));
+  std::memcpy(header + offset + 1, text.data(), length);
+}
+
+void putRecord(std::byte* target, const std::vector<RecordWord>& record) {
+  for (const RecordWord& word : record) {
+    std::visit([target](auto value) { writeLe(target, value); }, word);
+    target += 4;
+  }
+}
+
+template <typename T>
+void append(std::vector<std::byte>& bytes, const std::vector<T>& values) {
+  const std::size_t size = values.size() * sizeof(T);
+  if (size == 0) return;
+  bytes.resize(bytes.size() + size);
+  std::memcpy(bytes.data() + bytes.size() - size, values.data(), size);
+}
+
+}  // namespace
+
+std::vector<std::byte> encodeMeasurement(const MeasurementSpec& spec) {
+  std::vector<std::byte> bytes(kHeaderBytes);
+  std::byte* header = bytes.data();
+  writeLe(header, spec.numType);
+  writeLe(header + 4, spec.width);
+  writeLe(header + 8, spec.height);
+  writeLe(header + 20, spec.version);
+  writeLe(header + 24, spec.pixelSizeX);
+  writeLe(header + 32, spec.pixelSizeY);
+  writeLe(header + 56, spec.heightScale);
+  if (spec.version >= 3) {
+    putText(header, 72, 15, spec.timeStamp);
+    writeLe(header + 88, spec.headerValue);
+    putText(header, 92, 15, spec.dataType);
+    putText(header, 108, 63, spec.partName);
+    writeLe(header + 172, spec.surfaceType);
+    if (spec.version >= 4) writeLe(header + 176, spec.algorithmType);
+    putRecord(header + (spec.version >= 4 ? 180 : 176), spec.record);
+  }
+  append(bytes, spec.heights);
+  append(bytes, spec.counts);
+  return bytes;
+}
+
+void writeBytes(const std::string& path, const std::vector<std::byte>& bytes) {
+  SafeFile file(path);
+  file.write(bytes.data(), bytes.size());
+  if (const std::string reason = file.commit(); !reason.empty()) {
+    throw std::runtime_error(path + ": " + reason);
+  }
+}
+
+}  // namespace morvane

@@ -1,0 +1,68 @@
+#include "ui/config_manager.h"
+
+#include <FL/Fl_Button.H>
+#include <FL/Fl_Choice.H>
+#include <FL/Fl_Input.H>
+#include <FL/Fl_Table_Row.H>
+
+#include <cstdlib>
+#include <iostream>
+#include <string>
+
+namespace morvane {
+namespace {
+
+/// The saved configurations: a table that selects whole rows and holds none yet.
+class SavedConfigs : public Fl_Table_Row {
+ public:
+  SavedConfigs(int x, int y, int w, int h, const char* label) : Fl_Table_Row(x, y, w, h, label) {
+    constexpr int kRowsInSight = 3;
+    end();
+    rows() < kRowsInSight ? vscrollbar->hide() : vscrollbar->show();
+    table_resized();
+  }
+};
+
+struct ButtonEntry {
+  int x, y, w, h;
+  const char* label;
+};
+
+// Kept: none of these does anything.
+constexpr ButtonEntry kIdleButtons[] = {
+    {370, 175, 75, 25, "Save"},
+    {370, 205, 75, 25, "Load"},
+    {370, 235, 75, 25, "Delete"},
+};
+
+/// Reads the fields of a session. No session is opened, so nothing is done with them.
+void openConnection(Fl_Widget* /*widget*/, void* data) {
+  const auto& fields = *static_cast<const ConnectionFields*>(data);
+  [[maybe_unused]] const std::string hostname = fields.hostname->value();
+  [[maybe_unused]] const int port = std::atoi(fields.port->value());
+  [[maybe_unused]] const int connection = fields.connection->value();
+  std::cout << "Session Launched\n";
+}
+
+}  // namespace
+
+ConfigManagerWindow::ConfigManagerWindow() : Fl_Double_Window(550, 500, "Configuration Manager") {
+  fields_.hostname = new Fl_Input(100, 25, 160, 25, "Hostname:");
+  fields_.port = new Fl_Input(100, 55, 50, 25, "Port:");
+  fields_.connection = new Fl_Choice(100, 85, 100, 25, "Connection:");
+  fields_.connection->add("TCP");
+  fields_.connection->add("UDP");
+  fields_.connection->value(0);
+  new Fl_Input(100, 115, 200, 25, "Key Path:");
+  new Fl_Button(320, 115, 80, 25, "Choose");
+  new SavedConfigs(50, 175, 300, 275, "Saved Configs");
+  for (const ButtonEntry& entry : kIdleButtons) {
+    new Fl_Button(entry.x, entry.y, entry.w, entry.h, entry.label);
+  }
+  auto* open = new Fl_Button(370, 400, 150, 25, "Open Connection");
+  open->callback(openConnection, &fields_);
+  end();
+  hide();
+}
+
+}  // namespace morvane

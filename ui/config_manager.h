@@ -1,0 +1,27 @@
+// The window for the settings of a network session to an instrument.
+#pragma once
+
+#include <FL/Fl_Double_Window.H>
+
+class Fl_Choice;
+class Fl_Input;
+
+namespace morvane {
+
+/// The fields of a session that "Open Connection" reads.
+struct ConnectionFields {
+  Fl_Input* hostname = nullptr;
+  Fl_Input* port = nullptr;
+  Fl_Choice* connection = nullptr;  ///< 0 TCP, 1 UDP
+};
+
+class ConfigManagerWindow : public Fl_Double_Window {
+ public:
+  /// Builds the window with its widgets, hidden.
+  ConfigManagerWindow();
+
+ private:
+  ConnectionFields fields_;
+};
+
+}  // namespace morvane

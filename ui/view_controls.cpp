@@ -1,0 +1,160 @@
+#include "ui/view_controls.h"
+
+#include <FL/Fl_Button.H>
+#include <FL/Fl_Float_Input.H>
+#include <FL/Fl_Slider.H>
+#include <FL/Fl_Text_Buffer.H>
+
+#include <algorithm>
+#include <iostream>
+#include <string>
+
+#include "app/app_state.h"
+#include "results/layouts.h"
+#include "results/results_panel.h"
+#include "ui/control_rules.h"
+#include "ui/images.h"
+#include "ui/view_layout.h"
+#include "view/gl_window.h"
+
+namespace morvane {
+namespace {
+
+constexpr int kIconWidth = 40;
+constexpr int kIconHeight = 36;
+
+void setIcon(Fl_Button* button, const char* icon) {
+  button->image(loadImage("Icons", icon, kIconWidth, kIconHeight));
+  button->redraw();
+}
+
+/// Puts a limit text without its unit into an input, the cursor staying behind the same digits.
+void setLimitText(Fl_Float_Input* input, const std::string& stripped) {
+  const auto before = static_cast<std::size_t>(input->position());
+  const std::size_t digits = stripUnit(std::string_view(input->value()).substr(0, before)).size();
+  input->value((stripped + std::string(kMicrometres)).c_str());
+  input->position(static_cast<int>(std::min(digits, stripped.size())));
+}
+
+void showAutomaticLimits() {
+  const AppState& app = appState();
+  const SurfaceLimits& limits = app.glView->model().limits();
+  setLimitText(app.maximumInput, fixedText(limits.trueMax, 1));
+  setLimitText(app.minimumInput, fixedText(limits.trueMin, 1));
+}
+
+void showScale() {
+  const AppState& app = appState();
+  app.scaleSlider->value(app.glView->zScale());
+  app.scaleSlider->redraw();
+  app.scaleReadout->text(readoutText(app.glView->zScale()).c_str());
+}
+
+Crop typedLimits(const std::string& maximum, const std::string& minimum) {
+  return {.on = appState().glView->model().crop.on,
+          .min = static_cast<float>(leadingNumber(minimum)),
+          .max = static_cast<float>(leadingNumber(maximum))};
+}
+
+/// The crop button's press; returns the limits then in force.
+Crop pressCropButton(const std::string& maximum, const std::string& minimum) {
+  AppState& app = appState();
+  const bool automatic = app.cropMode;
+  app.cropMode = !app.cropMode;
+  setIcon(app.cropButton, automatic ? "crop.png" : "auto.png");
+  for (Fl_Float_Input* input : {app.maximumInput, app.minimumInput}) {
+    automatic ? input->deactivate() : input->activate();
+  }
+  if (automatic) {
+    showAutomaticLimits();
+    Crop crop = app.glView->model().crop;
+    crop.on = false;
+    return crop;
+  }
+  Crop crop = typedLimits(maximum, minimum);
+  crop.on = true;
+  return crop;
+}
+
+}  // namespace
+
+void showMeasured() {
+  showScale();
+  if (!appState().glView->model().crop.on) showAutomaticLimits();
+}
+
+void toggleHeatMap(Fl_Widget* /*widget*/, long /*action*/) {
+  AppState& app = appState();
+  GLWindow& view = *app.glView;
+  setIcon(app.heatMapButton, app.heatMapOn ? "hmOff.png" : "hmOn.png");
+  if (!app.heatMapOn) {
+    view.useAutomaticScale();
+  } else if (view.bitmapAvailable()) {
+    view.flatten();
+  }
+  app.heatMapOn = !app.heatMapOn;
+  view.swapColourSource();
+  if (view.bitmapAvailable()) view.requestRebuild();
+}
+
+void changeScale(Fl_Widget* /*widget*/, long action) {
+  const AppState& app = appState();
+  GLWindow& view = *app.glView;
+  if (action == 0) {
+    view.setZScale(static_cast<float>(app.scaleSlider->value()));
+  } else {
+    view.setZScale(
+        steppedScale(static_cast<int>(action), view.sliderScale(), view.maxScale(), view.zScale()));
+  }
+  showScale();
+}
+
+void applyLimits(Fl_Widget* /*widget*/, long action) {
+  const AppState& app = appState();
+  const std::string maximum = stripUnit(app.maximumInput->value());
+  const std::string minimum = stripUnit(app.minimumInput->value());
+  std::cout << "cropMaxFormat:" << maximum << '\n' << "CROP MAX: " << maximum << '\n';
+  if (action == kLimitsButton) {
+    app.glView->setCrop(pressCropButton(maximum, minimum));
+    return;
+  }
+  setLimitText(app.maximumInput, maximum);
+  setLimitText(app.minimumInput, minimum);
+  app.glView->setCrop(typedLimits(maximum, minimum));
+}
+
+void resetView(Fl_Widget* /*widget*/, long /*action*/) {
+  GLWindow& view = *appState().glView;
+  view.resetCamera();
+  if (!view.modelLoaded()) return;
+  view.useAutomaticScale();
+  const SurfaceLimits& limits = view.model().limits();
+  view.setCrop({.on = view.model().crop.on, .min = limits.trueMin, .max = limits.trueMax});
+  showAutomaticLimits();
+  view.requestRebuild();
+}
+
+void selectBitmap(long index) {
+  const AppState& app = appState();
+  app.glView->chooseBitmap(app.bitmapPaths.at(static_cast<std::size_t>(index)));
+  if (app.heatMapOn) return;
+  app.glView->flatten();
+  app.glView->requestRebuild();
+}
+
+void setProfileMode(Fl_Widget* /*widget*/, long action) {
+  AppState& app = appState();
+  GLWindow& view = *app.glView;
+  if (action == kProfileSwapPins) return;
+  const bool on = action == kProfileOn;
+  if (on) std::cout << "PROFILER ENABLED\n";
+  if (!on && app.resultsPanel->visible()) std::cout << "SHOWN\n";
+  view.profileShown = on;
+  for (Fl_Button* button : {app.swapPinsButton, app.profileOffButton}) {
+    on ? button->show() : button->hide();
+  }
+  on ? app.profileButton->hide() : app.profileButton->show();
+  layoutViews();
+}
+
+}  // namespace morvane

@@ -1,0 +1,51 @@
+#include "ui/view_layout.h"
+
+#include <FL/Fl_Double_Window.H>
+
+#include <iostream>
+
+#include "app/app_state.h"
+#include "results/results_panel.h"
+#include "view/gl_window.h"
+
+namespace morvane {
+namespace {
+
+void logGeometry(const char* width, const char* height, const char* x, const char* y,
+                 const Fl_Widget& widget) {
+  std::cout << width << widget.w() << '\n'
+            << height << widget.h() << '\n'
+            << x << widget.x() << '\n'
+            << y << widget.y() << '\n';
+}
+
+}  // namespace
+
+void layoutViews() {
+  const AppState& app = appState();
+  const int results = app.resultsPanel->visible() ? kResultsWidth : 0;
+  const int profile = app.glView->profileShown ? kProfileHeight : 0;
+  const int width = app.mainWindow->w() - kControlsWidth - results;
+  const int height = app.mainWindow->h() - kMenuHeight - profile;
+  app.glView->resize(kControlsWidth, kMenuHeight, width, height);
+  app.resultsPanel->resize(kControlsWidth + width, kMenuHeight, kResultsWidth,
+                           app.mainWindow->h() - kMenuHeight);
+  // What was placed by hand is the new starting point of the toolkit's own resizing.
+  app.mainWindow->init_sizes();
+  app.mainWindow->redraw();
+}
+
+void toggleDetails() {
+  AppState& app = appState();
+  app.detailsShown ? app.resultsPanel->show() : app.resultsPanel->hide();
+  layoutViews();
+  if (app.detailsShown && !app.glView->profileShown) {
+    logGeometry("OPGL WIDTH: ", "OPGL Height: ", "OPGL X: ", "OPGL y: ", *app.glView);
+    logGeometry("WINDOW WIDTH: ", "WINDOW Height: ", "WINDOW x: ", "WINDOW y: ", *app.mainWindow);
+    logGeometry(
+        "Details Width: ", "Details Height: ", "Details X: ", "Details Y: ", *app.resultsPanel);
+  }
+  app.detailsShown = !app.detailsShown;
+}
+
+}  // namespace morvane
