@@ -44,11 +44,47 @@ struct Vec3 {
   float x, y, z;
 };
 
-Vec3 normalised(float x, float y, float z) {
-  const float inverse = 1.0F / std::sqrt(x * x + y * y + z * z);
-  // A vector too long or of no length has no direction; the comparison is false for NaN too.
-  const bool known = inverse > 0.0F && inverse < std::numeric_limits<float>::infinity();
-  return {known ? x * inverse : 0.0F, known ? y * inverse : 0.0F, known ? z * inverse : 0.0F};
+/// 1 / length of a vector of squared length `squared`; 0 for one that has no direction, being of no
+/// length, too long, or not a number. Free of branches, so that loops of it run four at a time.
+float inverseLength(float squared) {
+  const bool known = (squared > 0.0F) & (squared <= std::numeric_limits<float>::max());
+  const float inverse = 1.0F / std::sqrt(squared);
+  return known ? inverse : 0.0F;
+}
+
+/// `value` × `inverse`, and 0 where the inverse is 0 even if the value is no number.
+float scaled(float value, float inverse) {
+  const float product = value * inverse;
+  return inverse > 0.0F ? product : 0.0F;
+}
+
+/// A row of triangles, each with one edge along a row, whose heights are along[c] and along[c + 1],
+/// and one down a column, from top[c] to bottom[c].
+struct TriangleRow {
+  std::size_t count;
+  const float* dx;
+  float dy;
+  const float* along;
+  const float* top;
+  const float* bottom;
+};
+
+void crossEdges(const TriangleRow& row, float* __restrict outX, float* __restrict outY,
+                float* __restrict outZ) {
+  for (std::size_t c = 0; c < row.count; ++c) {
+    const float x = row.dy * (row.along[c] - row.along[c + 1]);
+    const float y = -(row.bottom[c] - row.top[c]) * row.dx[c];
+    const float z = row.dx[c] * row.dy;
+    const float inverse = inverseLength(x * x + y * y + z * z);
+    outX[c] = scaled(x, inverse);
+    outY[c] = scaled(y, inverse);
+    outZ[c] = scaled(z, inverse);
+  }
+}
+
+/// Writes the unit normals of the triangles to `faces`, behind its empty first cell.
+void crossEdges(const TriangleRow& row, VectorRow& faces) {
+  crossEdges(row, faces.x.data() + 1, faces.y.data() + 1, faces.z.data() + 1);
 }
 
 /// Builds the rows of one band. Every row is computed once and handed on to the next cell row.
@@ -66,7 +102,8 @@ class BandBuilder {
         far_(points_),
         ahead_(points_),
         columns_(points_),
-        steps_(cells_) {
+        steps_(cells_),
+        sums_(points_) {
     for (std::size_t c = 0; c < points_; ++c) {
       columns_[c] = static_cast<float>(c) / kPointsPerUnit;
     }
@@ -137,20 +174,8 @@ class BandBuilder {
     const float dy = rowPosition(row + 1) - rowPosition(row);
     const float* z0 = upper.heights.data();
     const float* z1 = lower.heights.data();
-    const float* dx = steps_.data();
-    const auto put = [](VectorRow& target, std::size_t i, const Vec3& value) {
-      target.x[i] = value.x;
-      target.y[i] = value.y;
-      target.z[i] = value.z;
-    };
-    for (std::size_t c = 0; c < cells_; ++c) {
-      put(faces.lower, c + 1,
-          normalised(dy * (z1[c] - z1[c + 1]), -(z1[c] - z0[c]) * dx[c], dx[c] * dy));
-    }
-    for (std::size_t c = 0; c < cells_; ++c) {
-      put(faces.upper, c + 1,
-          normalised(dy * (z0[c] - z0[c + 1]), -(z1[c + 1] - z0[c + 1]) * dx[c], dx[c] * dy));
-    }
+    crossEdges({cells_, steps_.data(), dy, z1, z0, z1}, faces.lower);
+    crossEdges({cells_, steps_.data(), dy, z0, z0 + 1, z1 + 1}, faces.upper);
   }
 
   void keepFaces(std::size_t row, const FaceRow& faces) const {
@@ -167,8 +192,8 @@ class BandBuilder {
   }
 
   /// Normals, positions and colours of grid row `row`, whose faces are above_ and below_.
-  void finishPoints(std::size_t row, PointRow& target) const {
-    sumNormals(target.normals.data());
+  void finishPoints(std::size_t row, PointRow& target) {
+    sumNormals(target);
     const float y = rowPosition(row);
     float* position = target.positions.data();
     float* colour = target.colours.data();
@@ -183,20 +208,31 @@ class BandBuilder {
     }
   }
 
-  void sumNormals(float* out) const {
-    const auto sum = [this](std::vector<float> VectorRow::*part, std::size_t c) {
-      const std::vector<float>& b1 = below_.lower.*part;
-      const std::vector<float>& b2 = below_.upper.*part;
-      const std::vector<float>& a1 = above_.lower.*part;
-      const std::vector<float>& a2 = above_.upper.*part;
-      return b1[c + 1] + b2[c + 1] + b2[c] + a1[c] + a2[c] + a1[c + 1];
-    };
+  void sumNormals(PointRow& target) {
+    sumFaces(&VectorRow::x, sums_.x.data());
+    sumFaces(&VectorRow::y, sums_.y.data());
+    sumFaces(&VectorRow::z, sums_.z.data());
+    const float* x = sums_.x.data();
+    const float* y = sums_.y.data();
+    const float* z = sums_.z.data();
+    float* out = target.normals.data();
     for (std::size_t c = 0; c < points_; ++c) {
-      const Vec3 normal =
-          normalised(sum(&VectorRow::x, c), sum(&VectorRow::y, c), sum(&VectorRow::z, c));
-      out[3 * c] = normal.x;
-      out[3 * c + 1] = normal.y;
-      out[3 * c + 2] = normal.z;
+      const float inverse = inverseLength(x[c] * x[c] + y[c] * y[c] + z[c] * z[c]);
+      out[3 * c] = scaled(x[c], inverse);
+      out[3 * c + 1] = scaled(y[c], inverse);
+      out[3 * c + 2] = scaled(z[c], inverse);
+    }
+  }
+
+  /// One component of the sums of the six faces around each point of a row.
+  void sumFaces(std::vector<float> VectorRow::*part, float* out) const {
+    const float* below1 = (below_.lower.*part).data();
+    const float* below2 = (below_.upper.*part).data();
+    const float* above1 = (above_.lower.*part).data();
+    const float* above2 = (above_.upper.*part).data();
+    const std::size_t points = points_;
+    for (std::size_t c = 0; c < points; ++c) {
+      out[c] = below1[c + 1] + below2[c + 1] + below2[c] + above1[c] + above2[c] + above1[c + 1];
     }
   }
 
@@ -252,6 +288,7 @@ class BandBuilder {
   PointRow near_, far_, ahead_;
   std::vector<float> columns_;  // x of each column
   std::vector<float> steps_;    // distance to the next column
+  VectorRow sums_;              // of the faces around each point of a row
   Vec3 anchorPosition_{};
   Colour anchorColour_ = kUncoloured;
 };
