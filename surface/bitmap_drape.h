@@ -21,9 +21,18 @@ class BitmapDrape {
     std::size_t first = 0;
     std::size_t end = 0;
     [[nodiscard]] bool holds(std::size_t i) const { return i >= first && i < end; }
+    /// Whether point `i` lies at a cell of the range.
+    [[nodiscard]] bool touches(std::size_t i) const {
+      return end > first && i >= first && i <= end;
+    }
   };
   [[nodiscard]] const Range& cellRows() const { return rows_.cells; }
   [[nodiscard]] const Range& cellColumns() const { return columns_.cells; }
+
+  /// Whether a grid point is a corner of a covered cell.
+  [[nodiscard]] bool covers(std::size_t row, std::size_t column) const {
+    return rows_.cells.touches(row) && columns_.cells.touches(column);
+  }
 
   /// The colour of a grid point at a corner of a covered cell. Kept: a grey pixel is a part of 256,
   /// a coloured one a part of 255.

@@ -146,13 +146,17 @@ class BandBuilder {
     const auto index = static_cast<std::size_t>(found - values.begin());
     const float z = look_.crop.clamp(static_cast<float>(*found));
     anchorPosition_ = {columns_[index % points_], rowPosition(index / points_), z};
-    anchorColour_ = colourOf(z);
+    anchorColour_ = colourOf(z, index / points_, index % points_);
   }
 
   static float rowPosition(std::size_t row) { return static_cast<float>(row) / kPointsPerUnit; }
 
-  [[nodiscard]] Colour colourOf(float z) const {
-    return look_.scale != nullptr ? look_.scale->colourOf(z) : kUncoloured;
+  [[nodiscard]] Colour colourOf(float z, std::size_t row, std::size_t column) const {
+    if (look_.scale != nullptr) return look_.scale->colourOf(z);
+    if (look_.drape != nullptr && look_.drape->covers(row, column)) {
+      return look_.drape->colourOf(row, column);
+    }
+    return kUncoloured;
   }
 
   void loadHeights(std::size_t row, PointRow& target) const {
@@ -196,14 +200,14 @@ class BandBuilder {
     sumNormals(target);
     const float y = rowPosition(row);
     float* position = target.positions.data();
-    float* colour = target.colours.data();
     for (std::size_t c = 0; c < points_; ++c) {
       position[3 * c] = columns_[c];
       position[3 * c + 1] = y;
       position[3 * c + 2] = target.heights[c];
     }
+    float* colour = target.colours.data();
     for (std::size_t c = 0; c < points_; ++c) {
-      const Colour value = colourOf(target.heights[c]);
+      const Colour value = colourOf(target.heights[c], row, c);
       std::memcpy(colour + 3 * c, value.data(), sizeof value);
     }
   }
@@ -241,6 +245,7 @@ class BandBuilder {
     expand(near_.positions, far_.positions, arrays_.positions.data() + offset);
     expand(near_.normals, far_.normals, arrays_.normals.data() + offset);
     expand(near_.colours, far_.colours, arrays_.colours.data() + offset);
+    if (look_.scale == nullptr && look_.drape != nullptr) uncoverCells(row, offset);
     if (near_.hasMissing || far_.hasMissing) collapseMissing(offset);
   }
 
@@ -259,6 +264,16 @@ class BandBuilder {
       std::memcpy(out + 9, a, kFour);
       std::memcpy(out + 12, a + 3, kFour);
       std::memcpy(out + 15, b + 3, kThree);
+    }
+  }
+
+  /// Gives the cells that the drape leaves free their grey back, on whose border its points lie.
+  void uncoverCells(std::size_t row, std::size_t offset) const {
+    const BitmapDrape::Range& columns = look_.drape->cellColumns();
+    const bool rowCovered = look_.drape->cellRows().holds(row);
+    for (std::size_t c = 0; c < cells_; ++c, offset += kFloatsPerCell) {
+      if (rowCovered && columns.holds(c)) continue;
+      std::fill_n(arrays_.colours.data() + offset, kFloatsPerCell, kUncoloured[0]);
     }
   }
 

@@ -5,6 +5,7 @@
 #include <span>
 
 #include "resfile/height_grid.h"
+#include "surface/bitmap_drape.h"
 #include "surface/heat_map_scale.h"
 #include "surface/surface_limits.h"
 
@@ -33,10 +34,12 @@ struct MeshArrays {
   std::span<float> faceNormals;  ///< two unit normals a cell; may be empty when nobody wants them
 };
 
-/// How the mesh is coloured: by height, or all mid grey without a scale.
+/// How the mesh is coloured: by height where there is a scale, else from a bitmap where there is
+/// one, else all mid grey.
 struct MeshLook {
   Crop crop;
   const HeatMapScale* scale = nullptr;
+  const BitmapDrape* drape = nullptr;
 };
 
 /// Fills `arrays` (each of `cellCount` cells) from `grid` with the seven workers. A vertex normal

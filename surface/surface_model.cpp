@@ -57,11 +57,11 @@ void SurfaceModel::logLimits() const {
         << "cropMax: " << crop.max << '\n';
 }
 
-void SurfaceModel::build(const MeshArrays& arrays) const {
+void SurfaceModel::build(const MeshArrays& arrays, const BitmapDrape* drape) const {
   if (!raw_) return;
   *log_ << "Setting Vertex Normals...\n";
   const HeatMapScale colours = crop.on ? HeatMapScale(crop.min, crop.max) : scale_;
-  buildMesh(*shown(), {crop, heatMap ? &colours : nullptr}, arrays);
+  buildMesh(*shown(), {crop, heatMap ? &colours : nullptr, drape}, arrays);
 }
 
 }  // namespace morvane

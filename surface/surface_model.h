@@ -28,7 +28,8 @@ class SurfaceModel {
   void measure();
 
   /// Writes the mesh of the last `measure` into `arrays`, each of `cellCount(*shown())` cells.
-  void build(const MeshArrays& arrays) const;
+  /// Where no heat map colours it, `drape` does, if there is one.
+  void build(const MeshArrays& arrays, const BitmapDrape* drape = nullptr) const;
 
   /// The grid a build takes: filtered while `useFiltered` is set and there is one that fits, else
   /// raw; null before the first measurement.

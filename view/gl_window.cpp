@@ -39,7 +39,7 @@ class Stopwatch {
 }  // namespace
 
 GLWindow::GLWindow(int x, int y, int w, int h, const char* label)
-    : Fl_Gl_Window(x, y, w, h, label), file_(std::cout), model_(std::cout) {
+    : Fl_Gl_Window(x, y, w, h, label), file_(std::cout), model_(std::cout), bitmap_(std::cout) {
   mode(kGlMode);
   end();
 }
@@ -207,11 +207,22 @@ void GLWindow::bindModel() {
   DebugLog::write(kLogFile, "Binding Model Data...\n");
   ensureMeasured();
   wearsHeatMap_ = model_.heatMap;
-  if (const std::string reason = surface_.bind(model_); !reason.empty()) reportTrouble(reason);
+  const std::optional<BitmapDrape> drape = drapeBitmap();
+  const std::string reason = surface_.bind(model_, drape ? &*drape : nullptr);
+  if (!reason.empty()) reportTrouble(reason);
   modelBound_ = true;
   Fl::remove_timeout(tidyMemory);
   Fl::add_timeout(kTidyAfter, tidyMemory);
   watch.print("Model Binding Time: ");
+}
+
+std::optional<BitmapDrape> GLWindow::drapeBitmap() {
+  const HeightGrid& grid = *model_.shown();
+  if (model_.heatMap || !bitmapColours_ || !bitmapAvailable() || cellCount(grid) == 0) return {};
+  bitmap_.readBitmap(bitmapPath_);
+  std::cout << "BMP ARRAY: " << 8 << '\n' << "RES WIDTH: " << grid.width() << '\n';
+  if (bitmap_.pixels().empty()) return {};
+  return BitmapDrape(bitmap_, grid.width(), grid.height());
 }
 
 void GLWindow::drawSurface() {

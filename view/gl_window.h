@@ -7,6 +7,7 @@
 #include <optional>
 #include <string>
 
+#include "resfile/bitmap_image.h"
 #include "resfile/measurement.h"
 #include "resfile/res_file.h"
 #include "surface/surface_model.h"
@@ -92,6 +93,7 @@ class GLWindow : public Fl_Gl_Window {
   void measure();
   void generateBuffers();
   void bindModel();
+  std::optional<BitmapDrape> drapeBitmap();
   void drawSurface();
   void drawKey();
   void initialiseGlew();
@@ -105,6 +107,7 @@ class GLWindow : public Fl_Gl_Window {
   SurfaceRenderer surface_;
   KeyRenderer key_;
   float zScale_ = 1.0F;
+  BitmapImage bitmap_;
   std::string bitmapPath_;
   bool bitmapColours_ = false;  // where no heat map colours the surface, a bitmap may
   std::optional<HeatMapScale> globalLimits_;

@@ -56,7 +56,7 @@ void SurfaceRenderer::generate() {
   program_ = ShaderProgram(kSurfaceShader);
 }
 
-std::string SurfaceRenderer::bind(const SurfaceModel& model) {
+std::string SurfaceRenderer::bind(const SurfaceModel& model, const BitmapDrape* drape) {
   vertexCount_ = 0;
   const std::size_t cells = cellCount(*model.shown());
   if (cells == 0 || !model.hasHeights()) return {};
@@ -68,7 +68,7 @@ std::string SurfaceRenderer::bind(const SurfaceModel& model) {
   if (!positions_.open(floats) || !colours_.open(floats) || !normals_.open(floats)) {
     return "the graphics memory cannot hold the surface";
   }
-  model.build({positions_.floats(), normals_.floats(), colours_.floats(), {}});
+  model.build({positions_.floats(), normals_.floats(), colours_.floats(), {}}, drape);
   if (!positions_.close() || !colours_.close() || !normals_.close()) {
     return "the graphics memory was lost while it was filled";
   }

@@ -17,9 +17,10 @@ class SurfaceRenderer {
   /// Makes the program and the buffers.
   void generate();
 
-  /// Builds the mesh of `model` straight into the buffers; what they held is let go first. Empty on
-  /// success, else what was wrong; then there is nothing to draw.
-  [[nodiscard]] std::string bind(const SurfaceModel& model);
+  /// Builds the mesh of `model`, coloured by `drape` where no heat map does, straight into the
+  /// buffers; what they held is let go first. Empty on success, else what was wrong; then there is
+  /// nothing to draw.
+  [[nodiscard]] std::string bind(const SurfaceModel& model, const BitmapDrape* drape);
 
   /// Draws what is bound, as triangles or as points of two pixels. `lit` chooses between shaded and
   /// raw (brightened) colours.

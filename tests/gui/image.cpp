@@ -56,9 +56,13 @@ Image Image::part(const Area& area) const {
 }
 
 Rgb Image::mean() const {
-  std::int64_t r = 0, g = 0, b = 0;
+  std::int64_t r = 0;
+  std::int64_t g = 0;
+  std::int64_t b = 0;
   const std::int64_t pixels = count([&](const Rgb& colour) {
-    r += colour.r, g += colour.g, b += colour.b;
+    r += colour.r;
+    g += colour.g;
+    b += colour.b;
     return true;
   });
   if (pixels == 0) throw std::out_of_range("the mean of no pixels");

@@ -34,6 +34,7 @@ bool eventually(const std::function<bool()>& condition, std::chrono::millisecond
 
 Process::Process(std::vector<std::string> words) {
   std::vector<char*> arguments;
+  arguments.reserve(words.size() + 1);
   for (std::string& word : words) arguments.push_back(word.data());
   arguments.push_back(nullptr);
   const std::array<int, 2> out = openPipe();

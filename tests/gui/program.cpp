@@ -53,6 +53,12 @@ Program::Program(const std::vector<std::string>& arguments, const Start& start)
       process_(startWords(arguments, start, home(), screen_)) {}
 
 Program::~Program() {
+  for (const std::string& line : lines(Stream::kErrors)) {
+    if (line.find("Sanitizer") != std::string::npos ||
+        line.find("runtime error:") != std::string::npos) {
+      ADD_FAILURE() << line;
+    }
+  }
   if (!testing::Test::HasFailure() && std::uncaught_exceptions() == 0) return;
   const testing::TestInfo* test = testing::UnitTest::GetInstance()->current_test_info();
   std::string name = std::string(test->test_suite_name()) + '.' + test->name() + ".png";

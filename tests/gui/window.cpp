@@ -1,26 +1,26 @@
 #include "tests/gui/window.h"
 
-#include <X11/Xatom.h>
 #include <X11/Xlib.h>
 #include <X11/Xutil.h>
 
-#include <algorithm>
-#include <array>
 #include <cstdlib>
 #include <cstring>
-#include <span>
 
 #include "tests/gui/process.h"
 
 namespace morvane::gui {
 namespace {
 
+Display* xlib(const std::shared_ptr<void>& display) { return static_cast<Display*>(display.get()); }
+
 /// The children of an X window; empty when it has gone.
 std::vector<::Window> childrenOf(Display* display, ::Window window) {
-  ::Window root = 0, parent = 0, *children = nullptr;
+  ::Window root = 0;
+  ::Window parent = 0;
+  ::Window* children = nullptr;
   unsigned count = 0;
   if (XQueryTree(display, window, &root, &parent, &children, &count) == 0) return {};
-  const std::vector<::Window> result(children, children + count);
+  std::vector<::Window> result(children, children + count);
   if (children != nullptr) XFree(children);
   return result;
 }
@@ -29,7 +29,8 @@ std::vector<::Window> childrenOf(Display* display, ::Window window) {
 std::string propertyOf(Display* display, ::Window window, const char* name) {
   Atom type = 0;
   int format = 0;
-  unsigned long items = 0, left = 0;
+  unsigned long items = 0;
+  unsigned long left = 0;
   unsigned char* data = nullptr;
   const Atom property = XInternAtom(display, name, False);
   if (XGetWindowProperty(display, window, property, 0, 1024, False, AnyPropertyType, &type, &format,
@@ -61,12 +62,13 @@ std::string text(int number) { return std::to_string(number); }
 
 }  // namespace
 
-Screen::Screen(const std::string& name)
-    : name_(name), display_(name.empty() ? nullptr : XOpenDisplay(name.c_str()), XCloseDisplay) {
-  if (!display_) {
+Screen::Screen(const std::string& name) : name_(name) {
+  if (Display* display = name.empty() ? nullptr : XOpenDisplay(name.c_str())) {
+    display_.reset(display, XCloseDisplay);
+  } else {
     throw GuiError(
-        "These tests drive real windows and need an X server with a window manager: "
-        "set DISPLAY or run scripts/test. Now it is \"" +
+        "These tests drive real windows and need an X server with a window manager, "
+        "which scripts/test starts. DISPLAY is \"" +
         name + "\".");
   }
   // Windows go while they are asked about; the answer says so, and the error adds nothing.
@@ -74,41 +76,26 @@ Screen::Screen(const std::string& name)
 }
 
 Image Screen::capture() const {
-  Display* display = display_.get();
-  return capture({0, 0, XDisplayWidth(display, 0), XDisplayHeight(display, 0)});
-}
-
-Image Screen::capture(const Area& area) const {
-  Display* display = display_.get();
-  const int left = std::max(area.x, 0),
-            right = std::min(area.x + area.w, XDisplayWidth(display, 0));
-  const int top = std::max(area.y, 0),
-            bottom = std::min(area.y + area.h, XDisplayHeight(display, 0));
-  const auto width = static_cast<std::size_t>(std::max(area.w, 0));
-  std::vector<std::uint32_t> pixels(width * static_cast<std::size_t>(std::max(area.h, 0)));
-  if (right <= left || bottom <= top) return {area.w, area.h, std::move(pixels)};
+  Display* display = xlib(display_);
+  const int width = XDisplayWidth(display, 0);
+  const int height = XDisplayHeight(display, 0);
   // Taken from the root window: what lies on top is seen, GL pictures included.
   const std::unique_ptr<XImage, int (*)(XImage*)> image(
-      XGetImage(display, DefaultRootWindow(display), left, top, static_cast<unsigned>(right - left),
-                static_cast<unsigned>(bottom - top), AllPlanes, ZPixmap),
+      XGetImage(display, DefaultRootWindow(display), 0, 0, static_cast<unsigned>(width),
+                static_cast<unsigned>(height), AllPlanes, ZPixmap),
       [](XImage* taken) { return XDestroyImage(taken); });
-  if (!image || image->bits_per_pixel != 32 || image->red_mask != 0xFF0000) {
+  if (!image || image->bytes_per_line != width * 4 || image->red_mask != 0xFF0000) {
     throw GuiError("the screen cannot be captured; it must have 24-bit colours");
   }
-  for (int y = top; y < bottom; ++y) {
-    std::uint32_t* row = &pixels[static_cast<std::size_t>(y - area.y) * width +
-                                 static_cast<std::size_t>(left - area.x)];
-    std::memcpy(row, image->data + (y - top) * image->bytes_per_line,
-                static_cast<std::size_t>(right - left) * sizeof *row);
-    for (std::uint32_t& pixel : std::span(row, static_cast<std::size_t>(right - left))) {
-      pixel &= 0xFFFFFF;
-    }
-  }
-  return {area.w, area.h, std::move(pixels)};
+  const auto count = static_cast<std::size_t>(width) * static_cast<std::size_t>(height);
+  std::vector<std::uint32_t> pixels(count);
+  std::memcpy(pixels.data(), image->data, count * sizeof pixels[0]);
+  for (std::uint32_t& pixel : pixels) pixel &= 0xFFFFFF;
+  return {width, height, std::move(pixels)};
 }
 
 std::vector<Window> Screen::windowsOf(pid_t process) const {
-  Display* display = display_.get();
+  Display* display = xlib(display_);
   std::vector<Window> found;
   // A window manager puts windows into a frame or two; below a window of the program lie only parts
   // of it.
@@ -137,11 +124,11 @@ void Screen::xdotool(const std::vector<std::string>& words) const {
 }
 
 std::string Window::title() const {
-  return propertyOf(screen_->display_.get(), id_, "_NET_WM_NAME");
+  return propertyOf(xlib(screen_.display_), id_, "_NET_WM_NAME");
 }
 
 Area Window::area() const {
-  Display* display = screen_->display_.get();
+  Display* display = xlib(screen_.display_);
   XWindowAttributes attributes{};
   Area area;
   ::Window child = 0;
@@ -152,7 +139,7 @@ Area Window::area() const {
   return area;
 }
 
-bool Window::shown() const { return onScreen(screen_->display_.get(), id_); }
+bool Window::shown() const { return onScreen(xlib(screen_.display_), id_); }
 
 void Window::awaitGone() const {
   if (!eventually([this] { return !shown(); }))
@@ -167,7 +154,7 @@ std::vector<std::string> Window::moveTo(Point at) const {
 void Window::click(Point at, int button) const {
   std::vector<std::string> words = moveTo(at);
   words.insert(words.end(), {"click", text(button)});
-  screen_->xdotool(words);
+  screen_.xdotool(words);
 }
 
 void Window::drag(Point from, Point to, int button) const {
@@ -180,22 +167,22 @@ void Window::drag(Point from, Point to, int button) const {
     words.insert(words.end(), move.begin(), move.end());
   }
   words.insert(words.end(), {"mouseup", text(button)});
-  screen_->xdotool(words);
+  screen_.xdotool(words);
 }
 
 void Window::wheel(Point at, int steps) const {
   std::vector<std::string> words = moveTo(at);
   words.insert(words.end(), {"click", "--repeat", text(std::abs(steps)), steps > 0 ? "4" : "5"});
-  screen_->xdotool(words);
+  screen_.xdotool(words);
 }
 
-void Window::leave() const { screen_->xdotool({"mousemove", "0", "0"}); }
+void Window::leave() const { screen_.xdotool({"mousemove", "0", "0"}); }
 
 void Window::sendKeys(std::vector<std::string> words) const {
   // A window manager gives a new window the focus by itself, but not at once; without one nobody
   // does.
   words.insert(words.begin(), {"windowfocus", "--sync", std::to_string(id_)});
-  screen_->xdotool(words);
+  screen_.xdotool(words);
 }
 
 void Window::key(const std::vector<std::string>& keys) const {
@@ -210,7 +197,7 @@ void Window::type(const std::string& letters) const {
 
 void Window::resize(int width, int height) const {
   const std::string id = std::to_string(id_);
-  screen_->xdotool({"windowmove", id, "0", "0", "windowsize", id, text(width), text(height)});
+  screen_.xdotool({"windowmove", id, "0", "0", "windowsize", id, text(width), text(height)});
   const auto reached = [&] {
     const Area now = area();
     return now.w == width && now.h == height && now.x < 20 && now.y < 60;
@@ -219,7 +206,7 @@ void Window::resize(int width, int height) const {
 }
 
 void Window::close() const {
-  Display* display = screen_->display_.get();
+  Display* display = xlib(screen_.display_);
   XEvent event{};
   event.xclient.type = ClientMessage;
   event.xclient.window = id_;

@@ -6,17 +6,16 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "tests/gui/image.h"
-
-struct _XDisplay;
 
 namespace morvane::gui {
 
 class Window;
 
-/// A connection to an X server.
+/// A connection to an X server; copies share it.
 class Screen {
  public:
   /// `name` as in $DISPLAY. Throws when there is no server of that name.
@@ -24,8 +23,6 @@ class Screen {
 
   [[nodiscard]] const std::string& name() const { return name_; }
   [[nodiscard]] Image capture() const;
-  /// What the screen shows within `area`; black where `area` reaches beyond it.
-  [[nodiscard]] Image capture(const Area& area) const;
   /// The top-level windows of a process that are on the screen now.
   [[nodiscard]] std::vector<Window> windowsOf(pid_t process) const;
   /// Runs xdotool with these words on this screen.
@@ -34,14 +31,14 @@ class Screen {
  private:
   friend class Window;
   std::string name_;
-  std::unique_ptr<_XDisplay, int (*)(_XDisplay*)> display_;
+  std::shared_ptr<void> display_;  // Xlib's own type stays out of here, with all its macros
 };
 
 /// A top-level window. Points and areas are relative to its inside, without the frame; what the
 /// program draws over it, menus and tips among them, is part of its picture.
 class Window {
  public:
-  Window(const Screen& screen, unsigned long id) : screen_(&screen), id_(id) {}
+  Window(Screen screen, unsigned long id) : screen_(std::move(screen)), id_(id) {}
 
   [[nodiscard]] std::string title() const;
   /// Where it lies on the screen.
@@ -64,7 +61,8 @@ class Window {
   /// Asks it to close as a window manager does.
   void close() const;
 
-  [[nodiscard]] Image capture() const { return screen_->capture(area()); }
+  /// What the screen shows in its place. The whole of it must be on the screen.
+  [[nodiscard]] Image capture() const { return screen_.capture().part(area()); }
   /// Waits until the picture fulfils `predicate` and returns it; `what` says what was waited for.
   Image awaitPicture(const std::string& what,
                      const std::function<bool(const Image&)>& predicate) const;
@@ -73,7 +71,7 @@ class Window {
   void sendKeys(std::vector<std::string> words) const;
   [[nodiscard]] std::vector<std::string> moveTo(Point at) const;
 
-  const Screen* screen_;
+  Screen screen_;
   unsigned long id_;
 };
 

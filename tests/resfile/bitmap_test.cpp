@@ -1,0 +1,126 @@
+// Bitmaps: the reference cases, files that lie, and the folder scan.
+#include <gtest/gtest.h>
+
+#include <numeric>
+#include <sstream>
+
+#include "resfile/bitmap_image.h"
+#include "resfile/bitmap_scan.h"
+#include "resfile/little_endian.h"
+#include "tests/support/golden.h"
+#include "tests/support/temporary_folder.h"
+#include "tools/bitmap_builder.h"
+#include "tools/measurement_builder.h"
+
+namespace morvane {
+namespace {
+
+class GoldenBitmap : public testing::TestWithParam<std::string> {};
+
+void expectPixels(const std::string& name, const BitmapImage& image) {
+  const auto pixels = image.pixels();
+  const std::size_t row = static_cast<std::size_t>(image.header().width) * image.bytesPerPixel();
+  for (const std::string& line : golden::lines(golden::file(name + ".pixels.txt"))) {
+    const auto words = golden::words(line);
+    if (words[0] == "sum") {
+      EXPECT_EQ(std::accumulate(pixels.begin(), pixels.end(), 0U), std::stoul(words[1]));
+    } else if (words[0] == "at") {
+      EXPECT_EQ(pixels[std::stoul(words[1])], std::stoul(words[2])) << line;
+    } else if (words[0] == "row") {
+      for (std::size_t i = 0; i < row; ++i) {
+        if (words[2 + i] == "-") continue;
+        EXPECT_EQ(pixels[std::stoul(words[1]) * row + i], std::stoul(words[2 + i])) << line;
+      }
+    }
+  }
+}
+
+TEST_P(GoldenBitmap, GivesItsLogAndPixels) {
+  const std::string path = golden::file(GetParam()).string();
+  std::ostringstream log;
+  BitmapImage image(log);
+  image.readBitmap(path);
+  golden::expectLog(path + ".log.txt", log.str(), path);
+  expectPixels(GetParam(), image);
+}
+
+INSTANTIATE_TEST_SUITE_P(Cases, GoldenBitmap,
+                         testing::Values("bitmaps/c4.bmp", "bitmaps/c5.bmp", "bitmaps/c6.bmp",
+                                         "bitmaps/c7.bmp", "bitmaps/g4.bmp", "bitmaps/g5.bmp",
+                                         "bitmaps/g6.bmp", "bitmaps/g7.bmp",
+                                         "panel/captured_white.bmp", "panel/surface_image_f.bmp"));
+
+class HostileBitmap : public testing::Test {
+ protected:
+  std::int16_t read(const std::vector<std::byte>& bytes) {
+    writeBytes(folder_.file("x.bmp"), bytes);
+    log_.str("");
+    return image_.readBitmap(folder_.file("x.bmp"));
+  }
+
+  TemporaryFolder folder_;
+  std::ostringstream log_;
+  BitmapImage image_{log_};
+  const std::vector<std::byte> whole_ =
+      encodeBitmap({3, 2, 24, std::vector<std::uint8_t>(18, 200)});
+};
+
+TEST_F(HostileBitmap, IsReadOnlyAsFarAsItGoes) {
+  for (std::size_t length = 0; length < whole_.size(); ++length) {
+    std::vector<std::byte> cut = whole_;
+    cut.resize(length);
+    read(cut);
+    EXPECT_TRUE(image_.pixels().empty() || image_.pixels().size() == 18) << length;
+  }
+  for (std::size_t offset = 0; offset < 54; ++offset) {
+    for (const int value : {0, 127, 128, 255}) {
+      std::vector<std::byte> bytes = whole_;
+      bytes[offset] = static_cast<std::byte>(value);
+      read(bytes);
+      EXPECT_LE(image_.pixels().size(), bytes.size());
+    }
+  }
+}
+
+TEST_F(HostileBitmap, OfImpossibleSizeOrDepthHasNoPixels) {
+  for (const auto& [width, height] : {std::pair{0, 2}, {-3, 2}, {3, -2}, {46341, 46341}}) {
+    std::vector<std::byte> bytes = whole_;
+    writeLe(bytes.data() + 18, width);
+    writeLe(bytes.data() + 22, height);
+    EXPECT_EQ(read(bytes), 24);
+    EXPECT_TRUE(image_.pixels().empty());
+    const std::string size = std::to_string(width) + " x " + std::to_string(height);
+    EXPECT_NE(log_.str().find("impossible size: " + size), std::string::npos);
+  }
+  std::vector<std::byte> bytes = whole_;
+  writeLe(bytes.data() + 28, std::int16_t{4});
+  EXPECT_EQ(read(bytes), 4);
+  EXPECT_NE(log_.str().find("Unsupported BPP for Bitmap\n"), std::string::npos);
+}
+
+TEST_F(HostileBitmap, AMissingOneLeavesTheLastInPlace) {
+  std::vector<std::byte> bytes = whole_;
+  bytes[0] = std::byte{'X'};
+  EXPECT_EQ(read(bytes), 24);
+  EXPECT_EQ(log_.str().find("Chosen Bitmap: "), 0U);
+  EXPECT_NE(log_.str().find("File not Bitmap Format!\n"), std::string::npos);
+  EXPECT_EQ(image_.readBitmap(folder_.file("none.bmp")), 24);
+  EXPECT_EQ(image_.pixels().size(), 18U);
+}
+
+TEST(BitmapScan, TakesLowerCaseBitmapsInOrder) {
+  const TemporaryFolder folder;
+  for (const char* name : {"b.bmp", "a.bmp", "c.BMP", "d.bmp.txt", "bmp", ".bmp", "x.res"}) {
+    writeBytes(folder.file(name), {});
+  }
+  std::ostringstream log;
+  const BitmapFolder found = scanBitmaps(folder.file("x.res"), log);
+  EXPECT_EQ(found.names, (std::vector<std::string>{".bmp", "a.bmp", "b.bmp"}));
+  EXPECT_EQ(found.folder, folder.path().string());
+  EXPECT_EQ(log.str().find("PATH TO FOLDER: " + found.folder + "\nFound Filename: .bmp\n"), 0U);
+  EXPECT_EQ(scanBitmaps("x.res", log).folder, ".");
+  EXPECT_TRUE(scanBitmaps(folder.file("no folder/x.res"), log).names.empty());
+}
+
+}  // namespace
+}  // namespace morvane
