@@ -23,6 +23,7 @@ std::string chooseFileToOpen(const char* filter, const std::string& folder) {
 
 std::string chooseFileToSave(const SaveRequest& request) {
   Fl_Native_File_Chooser chooser(Fl_Native_File_Chooser::BROWSE_SAVE_FILE);
+  chooser.title(request.title);
   chooser.filter(request.filter);
   if (!request.folder.empty()) chooser.directory(request.folder.c_str());
   if (request.presetName != nullptr) chooser.preset_file(request.presetName);

@@ -11,6 +11,7 @@ std::string chooseFileToOpen(const char* filter, const std::string& folder);
 
 /// What a save chooser starts with.
 struct SaveRequest {
+  const char* title;
   const char* filter;
   std::string folder;
   const char* presetName;

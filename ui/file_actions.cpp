@@ -151,7 +151,7 @@ void saveCopy() {
   const std::string folder = savedFilesFolder();
   makeFolder(folder, std::cout);
   std::cout << "Updated DIRECTORY IS: " << folder << '\n';
-  const std::string name = chooseFileToSave({"*.res", folder, "Untitled", true});
+  const std::string name = chooseFileToSave({"Save Copy as", "*.res", folder, "Untitled", true});
   if (name.empty()) {
     std::cout << "Cancelled save\n";
     return;

@@ -96,6 +96,14 @@ void Program::answerChooser(const std::string& path, const std::string& title) c
   chooser.awaitGone();
 }
 
+long Program::residentKilobytes() const {
+  std::ifstream status("/proc/" + std::to_string(process_.id()) + "/status");
+  for (std::string word; status >> word;) {
+    if (long kilobytes = 0; word == "VmRSS:" && status >> kilobytes) return kilobytes;
+  }
+  throw GuiError("the program's memory is not known");
+}
+
 int Program::quit() {
   mainWindow().key({"ctrl+q"});
   return awaitExit();

@@ -59,6 +59,9 @@ class Program {
   /// `path` is empty. Returns when it has gone.
   void answerChooser(const std::string& path, const std::string& title = "Choose File") const;
 
+  /// Memory the program holds now.
+  [[nodiscard]] long residentKilobytes() const;
+
   /// Quits with Ctrl+Q and returns the exit status.
   int quit();
 

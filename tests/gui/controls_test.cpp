@@ -1,0 +1,161 @@
+// The control column, pressed and typed into as an operator does.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <functional>
+#include <memory>
+
+#include "tests/gui/program.h"
+#include "tests/support/golden.h"
+
+namespace morvane::gui {
+namespace {
+
+using testing::Contains;
+using testing::StartsWith;
+
+constexpr Point kHeatMap{77, 202};
+constexpr Point kReset{77, 264};
+constexpr Point kMinus{17, 348};
+constexpr Point kPlus{137, 348};
+constexpr Point kMaximum{30, 390};
+constexpr Point kMinimum{30, 432};
+constexpr Point kCrop{117, 411};
+constexpr Point kProfile{77, 546};
+constexpr Point kProfileOff{39, 546};
+constexpr Point kDetails{77, 608};
+
+constexpr Area kReadout{32, 328, 90, 40};
+constexpr Area kHeatMapIcon{50, 175, 54, 54};
+constexpr Area kCropIcon{90, 375, 54, 70};
+constexpr Area kMiddle{680, 380, 70, 60};  // well inside the surface
+constexpr Area kKey{1130, 140, 20, 540};
+
+bool isColourful(const Image& picture) {
+  return picture.part(kMiddle).count([](const Rgb& c) { return chroma(c) > 80; }) > 1000;
+}
+bool isGrey(const Image& picture) {
+  return picture.part(kMiddle).count([](const Rgb& c) { return chroma(c) > 12; }) == 0;
+}
+bool showsKey(const Image& picture) {
+  return picture.part(kKey).count([](const Rgb& c) { return chroma(c) > 80; }) > 5000;
+}
+bool isSky(const Rgb& colour) { return difference(colour, {211, 238, 255}) <= 1; }
+
+class Controls : public testing::Test {
+ protected:
+  /// Opens the reference panel where it has bitmaps beside it, or alone.
+  void open(bool withBitmaps) {
+    std::string path = golden::file("panel/measurement.res").string();
+    if (!withBitmaps) {
+      std::filesystem::copy_file(path, folder_.file("alone.res"));
+      path = folder_.file("alone.res");
+    }
+    program_ = std::make_unique<Program>(std::vector<std::string>{path});
+    start_ = await("the surface", isColourful);
+  }
+  Image await(const std::string& what, const std::function<bool(const Image&)>& predicate) {
+    window().leave();
+    return window().awaitPicture(what, predicate);
+  }
+  Window window() { return program_->mainWindow(); }
+  /// Replaces the text of an input by real typing.
+  void type(Point input, const std::string& text) {
+    window().click(input);
+    window().key({"ctrl+a", "BackSpace"});
+    if (!text.empty()) window().type(text);
+  }
+  bool sameAsAtStart(const Image& picture, const Area& area) const {
+    return picture.part(area) == start_.part(area);
+  }
+
+  TemporaryFolder folder_;
+  std::unique_ptr<Program> program_;
+  Image start_;
+};
+
+TEST_F(Controls, HeatMapGivesWayToTheBitmapAndComesBack) {
+  open(true);
+  window().click(kHeatMap);
+  const Image draped = await("the bitmap", isGrey);
+  EXPECT_FALSE(sameAsAtStart(draped, kHeatMapIcon));
+  EXPECT_FALSE(sameAsAtStart(draped, kReadout)) << "the surface lies flat, the readout must say so";
+  EXPECT_FALSE(showsKey(draped));
+  window().click(kHeatMap);
+  const Image back = await("the heat map", isColourful);
+  EXPECT_TRUE(sameAsAtStart(back, kReadout));
+  EXPECT_TRUE(sameAsAtStart(back, kMiddle));
+  EXPECT_TRUE(showsKey(back));
+}
+
+TEST_F(Controls, WithoutABitmapTheHeatMapGoesWithTheNextBuild) {
+  open(false);
+  window().click(kHeatMap);
+  const Image toggled =
+      await("the other icon", [&](const Image& p) { return !sameAsAtStart(p, kHeatMapIcon); });
+  EXPECT_TRUE(sameAsAtStart(toggled, kMiddle));
+  window().click(kCrop);
+  const Image rebuilt = await("mid grey", isGrey);
+  EXPECT_FALSE(showsKey(rebuilt));
+}
+
+TEST_F(Controls, ScaleStepsComeBackToWhereTheyBegan) {
+  open(false);
+  window().click(kPlus);
+  await("a new readout", [&](const Image& p) { return !sameAsAtStart(p, kReadout); });
+  window().click(kMinus);
+  await("the old readout", [&](const Image& p) { return sameAsAtStart(p, kReadout); });
+  window().drag({77, 311}, {145, 311});
+  await("a steeper surface",
+        [&](const Image& p) { return !sameAsAtStart(p, kReadout) && !sameAsAtStart(p, kMiddle); });
+  window().click(kReset);
+  await("the first picture",
+        [&](const Image& p) { return sameAsAtStart(p, kReadout) && sameAsAtStart(p, kMiddle); });
+}
+
+TEST_F(Controls, TypedLimitsAreInForceUntilTheButtonReturnsToAutomatic) {
+  open(false);
+  window().click(kCrop);
+  await("the other icon", [&](const Image& p) { return !sameAsAtStart(p, kCropIcon); });
+  type(kMaximum, "1.5abc");
+  program_->awaitLine("CROP MAX: 1.5");
+  program_->awaitLine("cropMax: 1.5");
+  type(kMinimum, "-0.5");
+  program_->awaitLine("cropMin: -0.5");
+  await("clamped colours",
+        [&](const Image& p) { return isColourful(p) && !sameAsAtStart(p, kMiddle); });
+  // Limits that make no sense are taken as they stand and leave the program usable.
+  type(kMaximum, "");
+  program_->awaitLine("cropMax: 0");
+  type(kMaximum, "nan");
+  type(kMaximum, "-9");
+  program_->awaitLine("cropMax: -9");
+  window().click(kCrop);
+  await("automatic limits",
+        [&](const Image& p) { return sameAsAtStart(p, kMiddle) && sameAsAtStart(p, kCropIcon); });
+}
+
+TEST_F(Controls, ProfileAndDetailsTakeTheirRoomAndGiveItBack) {
+  open(false);
+  const auto skyAt = [](int x, int y) {
+    return [x, y](const Image& picture) { return isSky(picture.at({x, y})); };
+  };
+  window().click(kProfile);
+  program_->awaitLine("PROFILER ENABLED");
+  await("room for the profile", std::not_fn(skyAt(700, 700)));
+  window().click(kProfileOff);
+  await("the whole view", skyAt(700, 700));
+
+  window().click(kDetails);
+  program_->awaitLine("OPGL WIDTH: 910");
+  program_->awaitLine("Details Width: 220");
+  program_->awaitLine("Details X: 1060");
+  await("the results", std::not_fn(skyAt(1270, 700)));
+  window().click(kDetails);
+  await("the whole view again", [&](const Image& p) { return sameAsAtStart(p, kMiddle); });
+}
+
+}  // namespace
+}  // namespace morvane::gui

@@ -1,0 +1,118 @@
+// Saving copies, leaving the program, and opening one file after another.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+
+#include "tests/gui/program.h"
+#include "tests/support/golden.h"
+
+namespace morvane::gui {
+namespace {
+
+using testing::Contains;
+using testing::HasSubstr;
+using testing::Not;
+
+namespace fs = std::filesystem;
+
+std::string panel() { return golden::file("panel/measurement.res").string(); }
+std::string flat() { return golden::file("flat/measurement.res").string(); }
+
+class Copy : public testing::Test {
+ protected:
+  Copy() { program_.awaitLine(kFrameDrawn); }
+  /// Asks for a copy under `name` in the folder for saved files.
+  void save(const std::string& name) {
+    program_.mainWindow().key({"ctrl+s"});
+    program_.awaitLine("Updated DIRECTORY IS: " + folder());
+    program_.answerChooser(name.empty() ? name : folder() + "/" + name, "Save Copy as");
+  }
+  std::string folder() const { return program_.home() + "/Documents/Morvane_Reader/Saved Files"; }
+
+  Program program_{{panel()}};
+};
+
+TEST_F(Copy, IsByteForByteAndAlwaysGetsItsExtension) {
+  save("x.res");
+  program_.awaitLine("destination: " + folder() + "/x.res.res");
+  program_.awaitLine("source: " + panel());
+  EXPECT_EQ(program_.quit(), 0);
+  EXPECT_TRUE(contentOf(folder() + "/x.res.res") == contentOf(panel()));
+  EXPECT_THAT(program_.lines(), Contains("CANNOT ACCESS: " + folder()));
+}
+
+TEST_F(Copy, CancelledOrRefusedWritesNothing) {
+  save("");
+  program_.awaitLine("Cancelled save");
+  EXPECT_TRUE(fs::is_empty(folder()));
+
+  // The name the copy would get exists though the chooser could not know it.
+  std::ofstream(folder() + "/kept.res") << "kept";
+  save("kept");
+  program_.alert().key({"Escape"});
+  EXPECT_EQ(program_.quit(), 0);
+  EXPECT_EQ(contentOf(folder() + "/kept.res"), "kept");
+}
+
+TEST(CopyOverItself, IsRefused) {
+  const TemporaryFolder folder;
+  const std::string path = folder.file("own.res");
+  fs::copy_file(panel(), path);
+  Program program({path});
+  program.awaitLine(kFrameDrawn);
+  program.mainWindow().key({"ctrl+s"});
+  program.awaitLine("Updated DIRECTORY IS: ");
+  program.answerChooser(folder.file("own"), "Save Copy as");
+  const Window refusal = program.alert();
+  refusal.key({"Return"});
+  refusal.awaitGone();
+  EXPECT_TRUE(contentOf(path) == contentOf(panel()));
+}
+
+TEST(Quit, ByTheCloseBoxAsksFirst) {
+  Program program;
+  program.mainWindow().close();
+  const Window no = program.window("Quit application?");
+  no.click({260, 75});
+  no.awaitGone();
+  program.mainWindow().close();
+  program.window("Quit application?").click({140, 75});
+  EXPECT_EQ(program.awaitExit(), 1);
+}
+
+TEST(SecondFile, RebuildsTheMenu) {
+  Program program({panel()});
+  program.awaitLine(kFrameDrawn);
+  const Area bitmapMenu{205, 0, 60, 25};
+  const auto lit = [](const Rgb& colour) { return colour != kBlack; };
+  program.mainWindow().awaitPicture("the bitmap menu", [&](const Image& picture) {
+    return picture.part(bitmapMenu).count(lit) > 20;
+  });
+  EXPECT_THAT(program.lines(), Contains("Found Filename: surface_image_f.bmp"));
+  program.mainWindow().key({"ctrl+o"});
+  program.answerChooser(flat());
+  program.mainWindow().awaitPicture("no bitmap menu", [&](const Image& picture) {
+    return picture.part(bitmapMenu).count(lit) == 0;
+  });
+}
+
+TEST(Memory, ReturnsToItsLevelOverManyOpens) {
+  Program program({panel()});
+  program.awaitLine(kFrameDrawn);
+  const std::string small = golden::file("small_odd_rows/measurement.res").string();
+  long tenth = 0;
+  constexpr int kOpens = 60;
+  for (int i = 1; i <= kOpens; ++i) {
+    program.mainWindow().key({"ctrl+o"});
+    program.answerChooser(i % 2 == 0 ? panel() : small);
+    program.awaitLine("Updating Res File...");
+    program.awaitLine(kFrameDrawn);
+    if (i == 10) tenth = program.residentKilobytes();
+  }
+  EXPECT_LT(static_cast<double>(program.residentKilobytes()), 1.05 * static_cast<double>(tenth));
+}
+
+}  // namespace
+}  // namespace morvane::gui
