@@ -1,4 +1,5 @@
 // Writes the sample measurements: make_sample FOLDER.
+#include <cmath>
 #include <cstdio>
 #include <exception>
 #include <filesystem>
@@ -12,13 +13,13 @@ using namespace morvane;
 
 constexpr double kPitch = 0.02;  // mm
 
-MeasurementSpec describe(const SampleSurface& surface) {
-  MeasurementSpec spec;
-  spec.width = static_cast<std::int32_t>(surface.width);
-  spec.height = static_cast<std::int32_t>(surface.height);
-  spec.pixelSizeX = spec.pixelSizeY = surface.pitch;
-  spec.heights = surface.heights;
-  return spec;
+MeasurementContent describe(const SampleSurface& surface) {
+  MeasurementContent content;
+  content.width = static_cast<std::int32_t>(surface.width);
+  content.height = static_cast<std::int32_t>(surface.height);
+  content.pixelSizeX = content.pixelSizeY = surface.pitch;
+  content.heights = surface.heights;
+  return content;
 }
 
 void write(const std::filesystem::path& path, const std::vector<std::byte>& bytes) {
@@ -63,12 +64,12 @@ std::vector<CodeSample> codeSamples() {
 
 void writePanel(const std::filesystem::path& folder) {
   const SampleSurface panel = paintedPanel(1000, 1000, kPitch);
-  MeasurementSpec spec = describe(panel);
-  spec.partName = "Door panel, left";
-  spec.headerValue = 23.5F;
-  spec.algorithmType = 4;
-  spec.record = orangePeelRecord(panel);
-  write(folder / "panel.res", encodeMeasurement(spec));
+  MeasurementContent content = describe(panel);
+  content.partName = "Door panel, left";
+  content.headerValue = 23.5F;
+  content.algorithmType = 4;
+  content.record = orangePeelRecord(panel);
+  write(folder / "panel.res", encodeMeasurement(content));
   write(folder / "surface_image_f.bmp", encodeBitmap(grazingPicture(panel)));
   write(folder / "captured_white.bmp", encodeBitmap(diffusePicture(panel, 20)));
 }
@@ -76,16 +77,16 @@ void writePanel(const std::filesystem::path& folder) {
 void writeSmallOnes(const std::filesystem::path& folder) {
   const SampleSurface small = paintedPanel(96, 72, kPitch);
   for (const CodeSample& sample : codeSamples()) {
-    MeasurementSpec spec = describe(small);
-    spec.partName = sample.partName;
-    spec.algorithmType = sample.code;
-    spec.record = sample.record;
+    MeasurementContent content = describe(small);
+    content.partName = sample.partName;
+    content.algorithmType = sample.code;
+    content.record = sample.record;
     char name[32];
     std::snprintf(name, sizeof name, "code_%02u.res", sample.code);
-    write(folder / name, encodeMeasurement(spec));
+    write(folder / name, encodeMeasurement(content));
   }
 
-  MeasurementSpec version3 = describe(small);
+  MeasurementContent version3 = describe(small);
   version3.version = 3;
   version3.partName = "Bonnet, older instrument";
   // C, S, Sq, W, D, ORa, (nothing), ORq, (three times nothing), Q and one more.
@@ -95,12 +96,12 @@ void writeSmallOnes(const std::filesystem::path& folder) {
   version3.surfaceType = 2;
   write(folder / "version_3_dull.res", encodeMeasurement(version3));
 
-  MeasurementSpec counts = describe(small);
+  MeasurementContent counts = describe(small);
   counts.numType = -2;
   counts.heightScale = 0.001;
   counts.partName = "Bonnet, 16-bit counts";
   for (const double z : counts.heights) {
-    counts.counts.push_back(static_cast<std::int16_t>(z / counts.heightScale));
+    counts.counts.push_back(static_cast<std::int16_t>(std::lround(z / counts.heightScale)));
   }
   counts.heights.clear();
   write(folder / "counts_16bit.res", encodeMeasurement(counts));

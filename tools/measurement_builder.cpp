@@ -17,7 +17,11 @@ void putText(std::byte* header, std::size_t offset, std::size_t room, const std:
   std::memcpy(header + offset + 1, text.data(), length);
 }
 
-void putRecord(std::byte* target, const std::vector<RecordWord>& record) {
+void putRecord(std::byte* header, std::size_t offset, const std::vector<RecordWord>& record) {
+  if (offset + 4 * record.size() > kHeaderBytes) {
+    throw std::invalid_argument("the result record is longer than the header has room for");
+  }
+  std::byte* target = header + offset;
   for (const RecordWord& word : record) {
     std::visit([target](auto value) { writeLe(target, value); }, word);
     target += 4;
@@ -34,27 +38,27 @@ void append(std::vector<std::byte>& bytes, const std::vector<T>& values) {
 
 }  // namespace
 
-std::vector<std::byte> encodeMeasurement(const MeasurementSpec& spec) {
+std::vector<std::byte> encodeMeasurement(const MeasurementContent& content) {
   std::vector<std::byte> bytes(kHeaderBytes);
   std::byte* header = bytes.data();
-  writeLe(header, spec.numType);
-  writeLe(header + 4, spec.width);
-  writeLe(header + 8, spec.height);
-  writeLe(header + 20, spec.version);
-  writeLe(header + 24, spec.pixelSizeX);
-  writeLe(header + 32, spec.pixelSizeY);
-  writeLe(header + 56, spec.heightScale);
-  if (spec.version >= 3) {
-    putText(header, 72, 15, spec.timeStamp);
-    writeLe(header + 88, spec.headerValue);
-    putText(header, 92, 15, spec.dataType);
-    putText(header, 108, 63, spec.partName);
-    writeLe(header + 172, spec.surfaceType);
-    if (spec.version >= 4) writeLe(header + 176, spec.algorithmType);
-    putRecord(header + (spec.version >= 4 ? 180 : 176), spec.record);
+  writeLe(header, content.numType);
+  writeLe(header + 4, content.width);
+  writeLe(header + 8, content.height);
+  writeLe(header + 20, content.version);
+  writeLe(header + 24, content.pixelSizeX);
+  writeLe(header + 32, content.pixelSizeY);
+  writeLe(header + 56, content.heightScale);
+  if (content.version >= 3) {
+    putText(header, 72, 15, content.timeStamp);
+    writeLe(header + 88, content.headerValue);
+    putText(header, 92, 15, content.dataType);
+    putText(header, 108, 63, content.partName);
+    writeLe(header + 172, content.surfaceType);
+    if (content.version >= 4) writeLe(header + 176, content.algorithmType);
+    putRecord(header, content.version >= 4 ? 180 : 176, content.record);
   }
-  append(bytes, spec.heights);
-  append(bytes, spec.counts);
+  append(bytes, content.heights);
+  append(bytes, content.counts);
   return bytes;
 }
 

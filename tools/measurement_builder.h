@@ -16,7 +16,7 @@ using RecordWord = std::variant<float, std::uint32_t>;
 
 /// What a measurement file is to hold. The defaults make a small valid version-4 file of doubles
 /// once sizes and heights are given.
-struct MeasurementSpec {
+struct MeasurementContent {
   std::int32_t version = 4;
   std::int32_t numType = -7;
   std::int32_t width = 0;
@@ -35,8 +35,9 @@ struct MeasurementSpec {
   std::vector<std::int16_t> counts{};  ///< the same, where numType is -2
 };
 
-/// The bytes of the file: a 256-byte header and the grid. Texts are cut to their fields.
-std::vector<std::byte> encodeMeasurement(const MeasurementSpec& spec);
+/// The bytes of the file: a 256-byte header and the grid. Texts are cut to their fields. Throws
+/// std::invalid_argument when the record does not fit into the header.
+std::vector<std::byte> encodeMeasurement(const MeasurementContent& content);
 
 /// Writes `bytes` to `path`; throws std::runtime_error with the system's reason on failure.
 void writeBytes(const std::string& path, const std::vector<std::byte>& bytes);

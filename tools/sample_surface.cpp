@@ -34,7 +34,7 @@ struct WaveBand {
 };
 
 constexpr WaveBand kPaint[] = {
-    {14, 6.0, 14.0, 0.9}, {26, 1.6, 4.0, 0.55}, {30, 0.35, 0.9, 0.2}, {20, 0.12, 0.25, 0.05}};
+    {24, 6.0, 14.0, 0.9}, {40, 1.6, 4.0, 0.55}, {60, 0.35, 0.9, 0.2}, {60, 0.12, 0.25, 0.05}};
 
 // A wave along a row is the real part of a turning pointer, so that no sine is taken per point.
 void addWave(SampleSurface& surface, double kx, double ky, double amplitude, double phase) {
@@ -60,7 +60,8 @@ void addPaint(SampleSurface& surface, Random& random) {
     for (int wave = 0; wave < band.waves; ++wave) {
       const double length =
           std::exp(random.between(std::log(band.shortest), std::log(band.longest)));
-      const double angle = random.between(0.0, 2.0 * std::numbers::pi);
+      // One wave to each slice of the half circle: directions left to chance cluster and weave.
+      const double angle = std::numbers::pi * (wave + random.between(0.0, 1.0)) / band.waves;
       const double k = 2.0 * std::numbers::pi / length;
       addWave(surface, k * std::cos(angle), k * std::sin(angle), amplitude,
               random.between(0.0, 2.0 * std::numbers::pi));
@@ -87,14 +88,16 @@ void addHeights(SampleSurface& surface, Height height) {
 void addDefects(SampleSurface& surface) {
   const double width = static_cast<double>(surface.width) * surface.pitch;
   const double height = static_cast<double>(surface.height) * surface.pitch;
-  const double size = std::min(width, height) / 20.0;
+  // No smaller than the pitch can show: a groove below it would break up into dots.
+  const double size = std::max(std::min(width, height) / 20.0, 16.0 * surface.pitch);
   addHeights(surface, [=](double x, double y) {
     const double form = 1.6 * std::sin(x / width * 2.2) * std::cos(y / height * 1.7);
-    // The scratch: a slightly bent groove with raised lips that runs out at both ends.
+    // The scratch: a bent groove with raised lips that runs out at both ends.
     const double along = x / width;
-    const double off = y - height * (0.68 - 0.16 * along - 0.05 * along * along);
-    const double ends = gauss(along - 0.62, 0.26);
-    const double scratch = ends * (2.2 * gauss(off, 0.16 * size) - 9.5 * gauss(off, 0.07 * size));
+    const double off = y - height * (0.66 - 0.42 * along + 0.27 * along * along);
+    const double ends = gauss(along - 0.58, 0.22);
+    const double scratch = ends * (2.4 * gauss(std::abs(off) - 0.16 * size, 0.07 * size) -
+                                   9.5 * gauss(off, 0.07 * size));
     const double toCrater = std::hypot(x - 0.27 * width, y - 0.36 * height);
     const double crater =
         3.4 * gauss(toCrater - 0.62 * size, 0.2 * size) - 7.5 * gauss(toCrater, 0.45 * size);
@@ -172,9 +175,18 @@ Roughness roughnessOf(const std::vector<double>& band, const SampleSurface& surf
   return result;
 }
 
-double slopeX(const SampleSurface& surface, std::size_t r, std::size_t c) {
-  const std::size_t i = r * surface.width + c;
-  return (surface.heights[c + 1 < surface.width ? i + 1 : i] - surface.heights[c > 0 ? i - 1 : i]);
+struct Slope {
+  double x = 0.0, y = 0.0;  // µm over two points
+};
+
+Slope slopeAt(const SampleSurface& surface, std::size_t r, std::size_t c) {
+  const auto height = [&](std::size_t row, std::size_t column) {
+    return surface.heights[row * surface.width + column];
+  };
+  const std::size_t right = std::min(c + 1, surface.width - 1);
+  const std::size_t above = std::min(r + 1, surface.height - 1);
+  return {height(r, right) - height(r, c > 0 ? c - 1 : c),
+          height(above, c) - height(r > 0 ? r - 1 : r, c)};
 }
 
 std::uint8_t shade(double value) {
@@ -219,25 +231,28 @@ std::vector<RecordWord> orangePeelRecord(const SampleSurface& surface) {
   return record;
 }
 
-BitmapSpec grazingPicture(const SampleSurface& surface) {
-  BitmapSpec picture{
+BitmapContent grazingPicture(const SampleSurface& surface) {
+  BitmapContent picture{
       static_cast<std::int32_t>(surface.width), static_cast<std::int32_t>(surface.height), 8, {}};
   for (std::size_t r = 0; r < surface.height; ++r) {
     for (std::size_t c = 0; c < surface.width; ++c) {
-      picture.pixels.push_back(shade(132.0 - 190.0 * slopeX(surface, r, c)));
+      const Slope slope = slopeAt(surface, r, c);
+      picture.pixels.push_back(shade(132.0 - 170.0 * slope.x + 85.0 * slope.y));
     }
   }
   return picture;
 }
 
-BitmapSpec diffusePicture(const SampleSurface& surface, std::size_t border) {
+BitmapContent diffusePicture(const SampleSurface& surface, std::size_t border) {
   const std::size_t width = surface.width - 2 * border;
   const std::size_t height = surface.height - 2 * border;
-  BitmapSpec picture{static_cast<std::int32_t>(width), static_cast<std::int32_t>(height), 24, {}};
+  BitmapContent picture{
+      static_cast<std::int32_t>(width), static_cast<std::int32_t>(height), 24, {}};
   constexpr double kTint[] = {0.62, 0.30, 0.24};  // blue, green, red: a dark blue paint
   for (std::size_t r = border; r < border + height; ++r) {
     for (std::size_t c = border; c < border + width; ++c) {
-      const double light = 205.0 - 60.0 * std::abs(slopeX(surface, r, c)) +
+      const Slope slope = slopeAt(surface, r, c);
+      const double light = 205.0 - 60.0 * std::hypot(slope.x, slope.y) +
                            4.0 * surface.heights[r * surface.width + c];
       for (const double tint : kTint) picture.pixels.push_back(shade(light * tint + 30.0));
     }

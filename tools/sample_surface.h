@@ -27,9 +27,9 @@ SampleSurface paintedPanel(std::size_t width, std::size_t height, double pitch);
 std::vector<RecordWord> orangePeelRecord(const SampleSurface& surface);
 
 /// The surface as a camera sees it under grazing light: grey, one pixel a point.
-BitmapSpec grazingPicture(const SampleSurface& surface);
+BitmapContent grazingPicture(const SampleSurface& surface);
 
 /// The same under diffuse light, in colour, `border` points cut off on every side.
-BitmapSpec diffusePicture(const SampleSurface& surface, std::size_t border);
+BitmapContent diffusePicture(const SampleSurface& surface, std::size_t border);
 
 }  // namespace morvane

@@ -20,9 +20,19 @@ constexpr float kNoAxis = 0.01F;            // squared length of a cross product
 
 double side(int pixels) { return std::max(pixels, 1); }
 
+glm::dvec3 backFromWindow(const glm::dmat4& inverse, int width, int height,
+                          const glm::dvec3& window) {
+  const glm::dvec4 device(2.0 * window.x / side(width) - 1.0, 1.0 - 2.0 * window.y / side(height),
+                          window.z, 1.0);
+  const glm::dvec4 point = inverse * device;
+  return glm::dvec3(point) / point.w;
+}
+
 }  // namespace
 
-float heightScale(float zScale) { return (std::isfinite(zScale) ? zScale : 1.0F) * kHeightToModel; }
+float heightToModel(float zScale) {
+  return (std::isfinite(zScale) ? zScale : 1.0F) * kHeightToModel;
+}
 
 ViewMatrices viewMatrices(const Camera& camera, int width, int height, std::size_t gridWidth,
                           std::size_t gridHeight, float zScale) {
@@ -39,7 +49,7 @@ ViewMatrices viewMatrices(const Camera& camera, int width, int height, std::size
   const glm::mat4 pan = glm::translate(glm::mat4(1.0F), glm::vec3(camera.pan, 0.0F));
   const glm::vec3 centre(static_cast<float>(gridWidth) / kPointsPerUnit / 2.0F,
                          static_cast<float>(gridHeight) / kPointsPerUnit / 2.0F, 0.0F);
-  const float toModel = heightScale(zScale);
+  const float toModel = heightToModel(zScale);
   matrices.overlay = pan * turn * glm::translate(glm::mat4(1.0F), -centre);
   matrices.model = glm::scale(matrices.overlay, glm::vec3(1.0F, 1.0F, toModel));
   matrices.normal = glm::mat3(turn);
@@ -120,18 +130,16 @@ glm::vec3 project(const glm::dmat4& matrix, int width, int height, const glm::ve
 }
 
 glm::vec3 unproject(const glm::dmat4& matrix, int width, int height, const glm::vec3& window) {
-  const glm::dvec4 device(2.0 * window.x / side(width) - 1.0, 1.0 - 2.0 * window.y / side(height),
-                          window.z, 1.0);
-  const glm::dvec4 point = glm::inverse(matrix) * device;
-  return glm::dvec3(point) / point.w;
+  return backFromWindow(glm::inverse(matrix), width, height, window);
 }
 
 Ray pickRay(const ViewMatrices& matrices, int width, int height, float x, float y) {
-  const glm::dmat4 sight = glm::dmat4(matrices.projection) * glm::dmat4(matrices.view);
-  const glm::vec3 near = unproject(sight, width, height, {x, y, -1.0F});
-  const glm::vec3 far = unproject(sight, width, height, {x, y, 0.0F});
-  const glm::vec3 direction = glm::normalize(far - near);
-  return {near, direction, near + direction * kRayLength};
+  const glm::dmat4 back = glm::inverse(glm::dmat4(matrices.projection) * glm::dmat4(matrices.view));
+  // Narrowed only in the end: the two points are close together and the surface may be far away.
+  const glm::dvec3 first = backFromWindow(back, width, height, {x, y, -1.0});
+  const glm::dvec3 second = backFromWindow(back, width, height, {x, y, 0.0});
+  const glm::dvec3 direction = glm::normalize(second - first);
+  return {first, direction, first + direction * double{kRayLength}};
 }
 
 }  // namespace morvane

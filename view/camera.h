@@ -54,7 +54,7 @@ struct Ray {
 };
 
 /// Height units to model units at `zScale`, which counts as 1 when it is not finite.
-float heightScale(float zScale);
+float heightToModel(float zScale);
 
 /// The matrices for a window of `width` × `height` pixels and a grid of `gridWidth` × `gridHeight`
 /// points whose heights are exaggerated by `zScale`.

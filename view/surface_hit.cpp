@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
 #include <glm/geometric.hpp>
 #include <glm/matrix.hpp>
 #include <limits>
@@ -165,13 +166,13 @@ class SurfaceWalk {
 
   const DrawnHeights& heights_;
   const Line& line_;
-  const double scale_ = heightScale(heights_.zScale);
+  const double scale_ = heightToModel(heights_.zScale);
   glm::dvec2 corner_{0.0};     // first point of the present cell
   std::optional<bool> above_;  // side of the surface; unknown at the rim of it and of holes
 };
 
 std::optional<double> meanPlaneCrossing(const DrawnHeights& heights, const Line& line) {
-  const double height = double{heights.crop.clamp(heights.mean)} * heightScale(heights.zScale);
+  const double height = double{heights.crop.clamp(heights.mean)} * heightToModel(heights.zScale);
   const double t = (height - line.origin.z) / line.direction.z;
   if (!(t >= 0.0 && t <= kRayLength)) return std::nullopt;
   return t;

@@ -1,7 +1,9 @@
 // Nothing is ever half written.
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
+#include <fstream>
 #include <sstream>
 
 #include "resfile/file_copy.h"
@@ -34,10 +36,36 @@ TEST(Saving, FailsWithTheSystemsReasonAndLeavesNothing) {
   const std::vector<double> values = {1, 2, 3, 4};
   EXPECT_EQ(file.writeRegion(values, 2, 2, folder.file("no such folder/cut.res")),
             "No such file or directory");
-  // /dev/full takes every byte and keeps none.
-  ASSERT_EQ(symlink("/dev/full", folder.file("cut.res.part").c_str()), 0);
-  EXPECT_EQ(file.writeRegion(values, 2, 2, folder.file("cut.res")), "No space left on device");
   EXPECT_EQ(folder.entries(), 0);
+
+  const std::string old = folder.file("old.res");
+  std::ofstream(old) << "old";
+  // /dev/full takes every byte and keeps none.
+  ASSERT_EQ(symlink("/dev/full", (old + ".part").c_str()), 0);
+  EXPECT_EQ(file.writeRegion(values, 2, 2, old), "No space left on device");
+  EXPECT_EQ(contentOf(old), "old");
+  EXPECT_EQ(folder.entries(), 1);
+}
+
+TEST(Saving, RefusesAWriteProtectedTarget) {
+  const TemporaryFolder folder;
+  const std::string target = folder.file("kept.res");
+  std::ofstream(target) << "old";
+  ASSERT_EQ(chmod(target.c_str(), 0444), 0);
+  ASSERT_EQ(chmod(folder.path().c_str(), 0777), 0);
+  // To the superuser nothing is protected, so the attempt is made as nobody.
+  constexpr uid_t kNobody = 65534;
+  const uid_t self = geteuid();
+  if (self == 0) {
+    ASSERT_EQ(seteuid(kNobody), 0);
+  }
+  SafeFile file(target);
+  file.write("new", 3);
+  const std::string reason = file.commit();
+  ASSERT_EQ(seteuid(self), 0);
+  EXPECT_EQ(reason, "Permission denied");
+  EXPECT_EQ(contentOf(target), "old");
+  EXPECT_EQ(folder.entries(), 1);
 }
 
 TEST(Saving, ACopyIsTheSameBytes) {

@@ -45,12 +45,12 @@ TEST(GoldenDrape, ColoursItsCells) {
 
 /// A grey bitmap whose pixel (x, y) holds 10 × y + x + 1.
 BitmapImage numbered(const TemporaryFolder& folder, std::ostream& log, int width, int height) {
-  BitmapSpec spec{width, height, 8, {}};
+  BitmapContent content{width, height, 8, {}};
   for (int y = 0; y < height; ++y) {
     for (int x = 0; x < width; ++x)
-      spec.pixels.push_back(static_cast<std::uint8_t>(10 * y + x + 1));
+      content.pixels.push_back(static_cast<std::uint8_t>(10 * y + x + 1));
   }
-  writeBytes(folder.file("n.bmp"), encodeBitmap(spec));
+  writeBytes(folder.file("n.bmp"), encodeBitmap(content));
   BitmapImage image(log);
   image.readBitmap(folder.file("n.bmp"));
   return image;

@@ -60,7 +60,7 @@ TEST_P(GoldenProfile, IsSampledAlike) {
 
 INSTANTIATE_TEST_SUITE_P(Cases, GoldenProfile, testing::ValuesIn(profileCases()));
 
-/// A pin in the middle of grid point (column, row).
+/// A pin on grid point (column, row), safe from rounding to another.
 glm::vec3 pinOn(int column, int row) {
   return {(static_cast<float>(column) + 0.3F) / 1000.0F, (static_cast<float>(row) + 0.3F) / 1000.0F,
           0.05F};
