@@ -35,6 +35,8 @@ bool isSameFile(const std::string& a, const std::string& b) {
 }
 
 bool replaceFile(const std::string& from, const std::string& to) {
+  // A rename asks the folder alone; who has protected the file itself wants to keep it.
+  if (fileExists(to) && ::faccessat(AT_FDCWD, to.c_str(), W_OK, AT_EACCESS) != 0) return false;
   return std::rename(from.c_str(), to.c_str()) == 0;
 }
 

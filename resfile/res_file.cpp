@@ -21,6 +21,14 @@ std::uint64_t readUpTo(std::FILE* file, void* target, std::size_t bytes) {
   return bytes == 0 ? 0 : std::fread(target, 1, bytes, file);
 }
 
+/// Reads doubles into `heights`; returns the bytes taken from the file. Of a number that is cut off
+/// nothing is kept: a part of its bytes would be another number.
+std::uint64_t readDoubles(std::FILE* file, std::span<double> heights) {
+  const std::uint64_t got = readUpTo(file, heights.data(), heights.size_bytes());
+  if (got % sizeof(double) != 0) heights[got / sizeof(double)] = 0.0;
+  return got;
+}
+
 /// Reads 16-bit counts into `heights`, each times `scale`; returns the bytes taken from the file.
 std::uint64_t readCounts(std::FILE* file, double scale, std::span<double> heights) {
   std::vector<std::byte> piece(std::size_t{1} << 18);
@@ -102,7 +110,7 @@ std::uint64_t resFile::readGrid(std::FILE* file) {
   const std::span<double> heights = grid->values();
   switch (header_.numType) {
     case kNumTypeDoubles:
-      return readUpTo(file, heights.data(), heights.size_bytes());
+      return readDoubles(file, heights);
     case kNumTypeCounts16:
       return readCounts(file, header_.heightScale, heights);
     default:

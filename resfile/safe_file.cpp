@@ -19,7 +19,7 @@ SafeFile::~SafeFile() {
 }
 
 void SafeFile::write(const void* data, std::size_t bytes) {
-  if (!reason_.empty()) return;
+  if (!reason_.empty() || bytes == 0) return;
   if (std::fwrite(data, 1, bytes, file_.get()) != bytes) keepReason();
 }
 

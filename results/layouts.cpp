@@ -254,14 +254,6 @@ LayoutRoutine version3Layout(const ResHeader& header) {
 
 }  // namespace
 
-std::string fixedText(double value, int decimals) {
-  // Room for the 309 digits of the largest double, sign, point and decimals.
-  std::array<char, 400> text{};
-  const auto [end, error] = std::to_chars(text.data(), text.data() + text.size(), value,
-                                          std::chars_format::fixed, decimals);
-  return error == std::errc{} ? std::string(text.data(), end) : std::string();
-}
-
 std::string_view surfaceTypeText(std::uint32_t surfaceType) {
   constexpr std::string_view kNames[] = {"N/A", "Reflective", "Dull", "Dull"};
   return kNames[surfaceType < std::size(kNames) ? surfaceType : 0];

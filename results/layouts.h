@@ -8,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+#include "resfile/number_text.h"
 #include "resfile/res_header.h"
 #include "resfile/res_results.h"
 
@@ -55,10 +56,6 @@ constexpr PixelArea separatorAt(int y) { return {5, y, 220, 20}; }
 
 /// The separators of every column, below the time and below the algorithm's name.
 inline constexpr std::array<PixelArea, 2> kHeaderSeparators = {separatorAt(120), separatorAt(220)};
-
-/// `value` in fixed-point notation with `decimals` decimals (at most 80), whatever the locale;
-/// values that are not finite as the words the standard library has for them.
-std::string fixedText(double value, int decimals);
 
 /// The name of a header's surface type; "N/A" for codes without one.
 std::string_view surfaceTypeText(std::uint32_t surfaceType);

@@ -1,7 +1,9 @@
 #include "surface/heat_map_scale.h"
 
 #include <algorithm>
-#include <cstdio>
+#include <cmath>
+
+#include "resfile/number_text.h"
 
 namespace morvane {
 namespace {
@@ -18,6 +20,8 @@ HeatMapScale::HeatMapScale(float lower, float upper)
           (kHeatStops[stop + 1][channel] - kHeatStops[stop][channel]) / segment_;
     }
   }
+  // A range beyond single precision in either direction colours like an empty one.
+  if (!std::isfinite(segment_) || !std::isfinite(1.0F / segment_)) segment_ = NAN;
 }
 
 float keyLabelY(std::size_t i) { return kKeyHeight / 2 - static_cast<float>(i) * kBandHeight; }
@@ -47,10 +51,8 @@ KeyGeometry keyGeometry() {
 std::array<std::string, kKeyLabels> keyLabels(float max, float min) {
   std::array<std::string, kKeyLabels> labels;
   for (std::size_t i = 0; i < kKeyLabels; ++i) {
-    std::array<char, 64> text;
     const float value = max - static_cast<float>(i) * (max - min) / static_cast<float>(kKeyBands);
-    std::snprintf(text.data(), text.size(), "%.2f", static_cast<double>(value));
-    labels[i] = text.data();
+    labels[i] = fixedText(static_cast<double>(value), 2);
   }
   return labels;
 }

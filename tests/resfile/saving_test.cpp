@@ -1,8 +1,10 @@
 // Nothing is ever half written.
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <csignal>
 #include <fstream>
 #include <sstream>
 
@@ -40,9 +42,16 @@ TEST(Saving, FailsWithTheSystemsReasonAndLeavesNothing) {
 
   const std::string old = folder.file("old.res");
   std::ofstream(old) << "old";
-  // /dev/full takes every byte and keeps none.
-  ASSERT_EQ(symlink("/dev/full", (old + ".part").c_str()), 0);
-  EXPECT_EQ(file.writeRegion(values, 2, 2, old), "No space left on device");
+  // A limit on the size of files stands for the full disk.
+  rlimit limit{};
+  ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &limit), 0);
+  const rlimit small = {100, limit.rlim_max};
+  const auto previous = std::signal(SIGXFSZ, SIG_IGN);
+  ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &small), 0);
+  const std::string reason = file.writeRegion(values, 2, 2, old);
+  ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &limit), 0);
+  std::signal(SIGXFSZ, previous);
+  EXPECT_EQ(reason, "File too large");
   EXPECT_EQ(contentOf(old), "old");
   EXPECT_EQ(folder.entries(), 1);
 }

@@ -92,8 +92,8 @@ void expectNaiveMesh(const HeightGrid& grid) {
   const Mesh mesh(grid);
   for (std::size_t t = 0; t < cellCount(grid) * 2; ++t) {
     const std::size_t cell = t / 2;
-    const Triangle triangle = triangleOf(grid, cell % (grid.width() - 1),
-                                         cell / (grid.width() - 1), t % 2 == 0 ? 0 : 3);
+    const Triangle triangle =
+        triangleOf(grid, cell % (grid.width() - 1), cell / (grid.width() - 1), t % 2 == 0 ? 0 : 3);
     if (!isWhole(triangle)) continue;
     expectNear(&mesh.faces[3 * t], normalOf(triangle), 2e-4);
     for (std::size_t i = 0; i < 3; ++i) {
@@ -105,8 +105,14 @@ void expectNaiveMesh(const HeightGrid& grid) {
 }
 
 TEST(Mesh, MatchesTheNaiveWayOnEverySize) {
-  for (const auto& [width, height] :
-       {std::pair{2U, 2U}, {2U, 9U}, {9U, 2U}, {5U, 6U}, {4U, 7U}, {3U, 8U}, {6U, 13U}, {5U, 14U}}) {
+  for (const auto& [width, height] : {std::pair{2U, 2U},
+                                      {2U, 9U},
+                                      {9U, 2U},
+                                      {5U, 6U},
+                                      {4U, 7U},
+                                      {3U, 8U},
+                                      {6U, 13U},
+                                      {5U, 14U}}) {
     expectNaiveMesh(*roughGrid(width, height));
   }
 }
@@ -167,8 +173,12 @@ TEST(Scale, ColoursItsEndsAndNothingBeyond) {
 
 TEST(Scale, IsNeverNoise) {
   constexpr float kHuge = 3e38F;  // twice that is no float any more
-  for (const auto& [lower, upper] : {std::pair{-kHuge, kHuge}, {0.0F, INFINITY}, {NAN, 1.0F},
-                                     {0.0F, 5e-39F}, {0.0F, 1e-45F}, {1e6F, 1e6F + 0.125F}}) {
+  for (const auto& [lower, upper] : {std::pair{-kHuge, kHuge},
+                                     {0.0F, INFINITY},
+                                     {NAN, 1.0F},
+                                     {0.0F, 5e-39F},
+                                     {0.0F, 1e-45F},
+                                     {1e6F, 1e6F + 0.125F}}) {
     for (const float part : {0.0F, 0.2F, 0.5F, 0.9F, 1.0F}) {
       const float height = lower * (1.0F - part) + upper * part;
       for (const float channel : HeatMapScale(lower, upper).colourOf(height)) {
