@@ -60,7 +60,7 @@ void SurfaceModel::logLimits() const {
 void SurfaceModel::build(const MeshArrays& arrays, const BitmapDrape* drape) const {
   if (!raw_) return;
   *log_ << "Setting Vertex Normals...\n";
-  const HeatMapScale colours = crop.on ? HeatMapScale(crop.min, crop.max) : scale_;
+  const HeatMapScale colours = colourScale();
   buildMesh(*shown(), {crop, heatMap ? &colours : nullptr, drape}, arrays);
 }
 

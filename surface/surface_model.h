@@ -46,6 +46,10 @@ class SurfaceModel {
   [[nodiscard]] const SurfaceLimits& limits() const { return limits_; }
   /// The colour scale over the displayed limits of the last measure.
   [[nodiscard]] const HeatMapScale& scale() const { return scale_; }
+  /// The scale the surface is coloured by: over the limits set while the crop is on.
+  [[nodiscard]] HeatMapScale colourScale() const {
+    return crop.on ? HeatMapScale(crop.min, crop.max) : scale_;
+  }
 
   bool skipScale = false;    ///< keep the z-scale that is in force
   bool useFiltered = false;  ///< build from the filtered grid

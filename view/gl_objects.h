@@ -51,7 +51,13 @@ struct VertexArrayKind {
   static void release(const GLuint* name) { glDeleteVertexArrays(1, name); }
 };
 
+struct TextureKind {
+  static void generate(GLuint* name) { glGenTextures(1, name); }
+  static void release(const GLuint* name) { glDeleteTextures(1, name); }
+};
+
 using GlBuffer = GlObject<BufferKind>;
 using GlVertexArray = GlObject<VertexArrayKind>;
+using GlTexture = GlObject<TextureKind>;
 
 }  // namespace morvane

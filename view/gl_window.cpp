@@ -9,11 +9,17 @@
 #include <utility>
 
 #include "app/debug_log.h"
+#include "app/paths.h"
 #include "resfile/memory_advice.h"
 #include "view/gl_mode.h"
 
 namespace morvane {
 namespace {
+
+// The space that text is laid out in: the view at its first size.
+constexpr float kTextWidth = 1130.0F;
+constexpr float kTextHeight = 775.0F;
+constexpr glm::vec3 kTextColour{0.0F, 0.0F, 0.0F};
 
 constexpr const char* kLogFile = "GLWindow.log";
 // Long enough for the rasteriser to have finished the first frame of a surface.
@@ -141,15 +147,6 @@ void GLWindow::reportTrouble(const std::string& reason) {
   if (onTrouble) onTrouble(message);
 }
 
-int GLWindow::handle(int event) {
-  if (event == FL_SHOW && firstShow_) {
-    const int result = Fl_Gl_Window::handle(event);
-    initialiseGlew();
-    return result;
-  }
-  return Fl_Gl_Window::handle(event);
-}
-
 void GLWindow::initialiseGlew() {
   firstShow_ = false;
   if (!shown()) return;
@@ -183,6 +180,7 @@ void GLWindow::draw() {
   if (!modelBound_) bindModel();
   glPolygonMode(GL_FRONT_AND_BACK, filledPolygons_ ? GL_FILL : GL_POINT);
   drawSurface();
+  if (axesVisible_) drawAxes();
   frame.print("Drawing Time: ");
   if (std::exchange(keyBuffersNeeded_, false)) key_.generateBuffers();
   if (keyVisible_ && wearsHeatMap_) drawKey();
@@ -198,8 +196,10 @@ void GLWindow::generateBuffers() {
     reportTrouble(std::string("the shaders do not compile on ") +
                   reinterpret_cast<const char*>(glGetString(GL_RENDERER)));
   }
+  text_.initialise(resourcePath(exeFolder, "Fonts", "arial.ttf"), kTextWidth, kTextHeight);
   watch.print("Buffer Generation Time: ");
   needsBuffers_ = false;
+  axes_.generate();
 }
 
 void GLWindow::bindModel() {
@@ -239,10 +239,33 @@ void GLWindow::drawSurface() {
   surface_.draw(matrices_, camera_.eye, lightingOn_);
 }
 
+void GLWindow::drawAxes() {
+  const SurfaceLimits& limits = model_.limits();
+  axes_.draw(matrices_, {&measurement_.header, limits.zMin, limits.zMax, heightToModel(zScale_)},
+             text_);
+}
+
 void GLWindow::drawKey() {
   if (std::exchange(keyDirty_, false)) key_.rebuild();
   glPolygonMode(GL_FRONT_AND_BACK, GL_FILL);
+  // However near the surface comes, the key lies over it.
+  glDisable(GL_DEPTH_TEST);
   key_.draw();
+  glEnable(GL_DEPTH_TEST);
+  drawKeyLabels();
+}
+
+void GLWindow::drawKeyLabels() {
+  constexpr float kLabelOffset = 0.005F;  // device units right of the key
+  constexpr float kScale = 0.4F;
+  const float x = 565.0F + 565.0F * (kKeyCentreX + kKeyWidth / 2 + kLabelOffset);
+  const HeatMapScale scale = globalLimits_ ? *globalLimits_ : model_.colourScale();
+  const auto labels = keyLabels(scale.upper(), scale.lower());
+  for (std::size_t step = 0; step < labels.size(); ++step) {
+    text_.draw("  " + labels[step] + "µm", x, 387.0F + 387.5F * keyLabelY(step), kScale,
+               kTextColour);
+  }
+  text_.draw(fileNameOf(measurement_.path), 20.0F, 750.0F, 0.3F, kTextColour);
 }
 
 }  // namespace morvane

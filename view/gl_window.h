@@ -11,9 +11,11 @@
 #include "resfile/measurement.h"
 #include "resfile/res_file.h"
 #include "surface/surface_model.h"
+#include "view/axes.h"
 #include "view/camera.h"
 #include "view/key_renderer.h"
 #include "view/surface_renderer.h"
+#include "view/text_renderer.h"
 
 namespace morvane {
 
@@ -95,7 +97,17 @@ class GLWindow : public Fl_Gl_Window {
   void bindModel();
   std::optional<BitmapDrape> drapeBitmap();
   void drawSurface();
+  void drawAxes();
   void drawKey();
+  void drawKeyLabels();
+
+  int onPush();
+  int onRelease();
+  int onDrag();
+  int onMove();
+  int onWheel();
+  [[nodiscard]] glm::vec2 eventPoint() const;
+
   void initialiseGlew();
   void reportTrouble(const std::string& reason);
 
@@ -105,8 +117,11 @@ class GLWindow : public Fl_Gl_Window {
   Camera camera_;
   ViewMatrices matrices_;
   SurfaceRenderer surface_;
+  TextRenderer text_;
+  Axes axes_;
   KeyRenderer key_;
   float zScale_ = 1.0F;
+  glm::vec2 mousePrevious_{0.0F, 0.0F};  // where the last drag event was
   BitmapImage bitmap_;
   std::string bitmapPath_;
   bool bitmapColours_ = false;  // where no heat map colours the surface, a bitmap may

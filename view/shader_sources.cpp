@@ -1,6 +1,65 @@
 #include "view/shader_sources.h"
 
 namespace morvane {
+namespace {
+
+constexpr const char* kOverlayVertex = R"(#version 300 es
+precision highp float;
+
+layout(location = 0) in vec3 vertexPosition;
+layout(location = 1) in vec3 vertexColor;
+
+uniform mat4 MVP;
+uniform mat4 M;
+
+out vec3 fragmentColor;
+
+void main() {
+  gl_Position = MVP * vec4(vertexPosition, 1.0);
+  fragmentColor = vertexColor;
+}
+)";
+
+constexpr const char* kOverlayFragment = R"(#version 300 es
+precision highp float;
+
+in vec3 fragmentColor;
+uniform vec4 colorOvrr;
+out vec4 color;
+
+void main() { color = colorOvrr; }
+)";
+
+}  // namespace
+
+const ShaderSource kAxesShader = {"PIN/GRIDVS", "PIN/GRIDFS", kOverlayVertex, kOverlayFragment};
+const ShaderSource kProfileShader = {"PIN/PROFILEVS", "PIN/PROFILEFS", kOverlayVertex,
+                                     kOverlayFragment};
+const ShaderSource kPinShader = {"PINVS", "PINFS", kOverlayVertex, kOverlayFragment};
+
+const ShaderSource kTextShader = {"TextVS", "TextFS",
+                                  R"(#version 300 es
+precision highp float;
+
+layout(location = 0) in vec4 vertex;
+uniform mat4 projection;
+out vec2 place;
+
+void main() {
+  gl_Position = projection * vec4(vertex.xy, 0.0, 1.0);
+  place = vertex.zw;
+}
+)",
+                                  R"(#version 300 es
+precision highp float;
+
+in vec2 place;
+uniform sampler2D text;
+uniform vec3 textCol;
+out vec4 color;
+
+void main() { color = vec4(textCol, 1.0) * vec4(1.0, 1.0, 1.0, texture(text, place).r); }
+)"};
 
 const ShaderSource kSurfaceShader = {"ModelVS", "ModelFS",
                                      R"(#version 300 es

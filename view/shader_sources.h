@@ -7,6 +7,13 @@ namespace morvane {
 
 /// The lit, colour-coded surface. Attributes: 0 position, 1 colour, 2 normal.
 extern const ShaderSource kSurfaceShader;
+/// Glyph quads. Attribute 0: position (xy) and texture coordinates (zw).
+extern const ShaderSource kTextShader;
+/// Unlit overlays in one colour, under the names of those that draw them. Attributes: 0 position,
+/// 1 colour, which is passed on but not used.
+extern const ShaderSource kAxesShader;
+extern const ShaderSource kProfileShader;
+extern const ShaderSource kPinShader;
 /// The colour key, drawn in clip space. Attributes: 3 position, 4 colour.
 extern const ShaderSource kKeyShader;
 

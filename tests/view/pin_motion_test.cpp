@@ -37,6 +37,13 @@ TEST(Pins, StopPastTheLastColumnAndOnTheLastRow) {
   EXPECT_EQ(gridCorners(grid).b, glm::vec3(0.4F, 0.3F, 0.05F));
 }
 
+TEST(Pins, MoveTogetherOnlyWhileBothStayStrictlyInside) {
+  const GridSize grid = {400, 300};
+  const PinPair pins = {{0.125F, 0.125F, 0.05F}, {0.25F, 0.25F, 0.05F}};
+  EXPECT_EQ(movePins(pins, {-0.125F, 0.01F}, grid).b, glm::vec3(0.25F, 0.25F + 0.01F, 0.05F));
+  EXPECT_EQ(movePins(pins, {-0.12F, 0.3F}, grid).b, glm::vec3(0.25F - 0.12F, 0.25F, 0.05F));
+}
+
 TEST(Pins, FollowASmallerMeasurement) {
   const PinPair pins = clampedToGrid({{0.35F, 0.2F, 0.05F}, {0.1F, 0.05F, 0.05F}}, {200, 100});
   EXPECT_EQ(pins.a, glm::vec3(0.2F, 0.099F, 0.05F));

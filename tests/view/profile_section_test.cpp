@@ -126,6 +126,9 @@ TEST(Profile, ReadsTheLastColumnAndRowAtTheEdges) {
   EXPECT_EQ(edge.samples.size(), 199U);
   EXPECT_EQ(edge.localMin, 299.0F);
   EXPECT_EQ(edge.localMax, 299.0F);
+  // 0.299 is less than 299 steps, but not in single precision.
+  EXPECT_EQ(sampleProfile(*grid, {{0.299F, 0.0F, 0.05F}, {0.299F, 0.1F, 0.05F}}, {}).localMin,
+            299.0F);
   // Pins of a larger measurement, and pins that never were anywhere.
   EXPECT_EQ(sampleProfile(*grid, {{7.0F, 9.0F, 0.0F}, {0.0F, NAN, 0.0F}}, {}).drawn, 360U);
 }

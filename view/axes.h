@@ -1,0 +1,37 @@
+// The axes of the surface with their names and lengths.
+#pragma once
+
+#include "resfile/res_header.h"
+#include "view/camera.h"
+#include "view/gl_objects.h"
+#include "view/shader_program.h"
+#include "view/text_renderer.h"
+
+namespace morvane {
+
+/// What the axes measure.
+struct AxesRange {
+  const ResHeader* header = nullptr;  ///< point counts and pixel sizes in mm
+  float bottom = 0.0F;                ///< heights in µm
+  float top = 0.0F;
+  float heightToModel = 0.0F;  ///< model units per µm, as the surface is drawn
+};
+
+/// All of it needs a current GL context.
+class Axes {
+ public:
+  /// Builds the lines and the program they are drawn with.
+  void generate();
+
+  /// Draws lines and labels beside the surface that `matrices` place.
+  void draw(const ViewMatrices& matrices, const AxesRange& range, const TextRenderer& text) const;
+
+ private:
+  void drawLines(const ViewMatrices& matrices, const AxesRange& range) const;
+
+  ShaderProgram program_;
+  GlVertexArray vertexArray_;
+  GlBuffer positions_;
+};
+
+}  // namespace morvane

@@ -1,0 +1,101 @@
+// What the mouse and the keyboard do in the 3D view: events become calls on the camera.
+#include <FL/Fl.H>
+
+#include <iostream>
+
+#include "view/gl_window.h"
+
+namespace morvane {
+namespace {
+
+bool leftHeld() { return Fl::event_button1() != 0; }
+bool rightHeld() { return Fl::event_button3() != 0; }
+
+}  // namespace
+
+glm::vec2 GLWindow::eventPoint() const {
+  return {static_cast<float>(Fl::event_x()), static_cast<float>(Fl::event_y())};
+}
+
+int GLWindow::handle(int event) {
+  switch (event) {
+    case FL_SHOW: {
+      const int result = Fl_Gl_Window::handle(event);
+      if (firstShow_) initialiseGlew();
+      return result;
+    }
+    case FL_PUSH:
+      return onPush();
+    case FL_RELEASE:
+      return onRelease();
+    case FL_DRAG:
+      return onDrag();
+    case FL_MOVE:
+      return onMove();
+    case FL_MOUSEWHEEL:
+      return onWheel();
+    case FL_ENTER:
+      std::cout << "Entered\n";
+      // Wanted, so that motion without a button is told; then passed on.
+      (void)Fl_Gl_Window::handle(event);
+      return 1;
+    case FL_KEYDOWN:
+      std::cout << "Key Down\n";
+      // Kept: the words are the wrong way round.
+      if (Fl::event_key() == FL_Up) std::cout << "DOWN KEY PRESSED\n";
+      if (Fl::event_key() == FL_Down) std::cout << "UP KEY PRESSED\n";
+      break;
+    case FL_SHORTCUT:
+    case FL_ZOOM_GESTURE:
+      std::cout << "\n>>> ZOOM <<< \n\n";
+      break;
+    default:
+      break;
+  }
+  return Fl_Gl_Window::handle(event);
+}
+
+int GLWindow::onPush() {
+  if (Fl::event_button() == FL_LEFT_MOUSE) {
+    pressTurn(camera_, eventPoint());
+  } else if (Fl::event_button() == FL_RIGHT_MOUSE) {
+    releaseTurn(camera_);
+  }
+  mousePrevious_ = eventPoint();
+  return 1;
+}
+
+int GLWindow::onRelease() {
+  releaseTurn(camera_);
+  return 1;
+}
+
+int GLWindow::onDrag() {
+  const glm::vec2 point = eventPoint();
+  const glm::vec2 motion = point - mousePrevious_;
+  if (leftHeld() && rightHeld()) {
+    zoomByDrag(camera_, motion.y);
+  } else if (leftHeld()) {
+    dragTurn(camera_, w(), h(), point);
+  } else if (rightHeld()) {
+    panByPixels(camera_, motion);
+  }
+  mousePrevious_ = point;
+  redraw();
+  return 1;
+}
+
+int GLWindow::onMove() {
+  const glm::vec2 point = eventPoint();
+  anchorZoom(camera_, pickRay(matrices_, w(), h(), point.x, point.y));
+  return 1;
+}
+
+int GLWindow::onWheel() {
+  std::cout << "SCALE: " << camera_.distance << '\n';
+  zoomByWheel(camera_, Fl::event_dy());
+  redraw();
+  return 1;
+}
+
+}  // namespace morvane

@@ -1,0 +1,60 @@
+// Text in a GL window: one texture for each character, drawn as a quad.
+#pragma once
+
+#include <array>
+#include <glm/mat4x4.hpp>
+#include <glm/vec3.hpp>
+#include <string>
+#include <string_view>
+
+#include "view/gl_objects.h"
+#include "view/shader_program.h"
+
+namespace morvane {
+
+/// A character of the face.
+struct Glyph {
+  GlTexture texture;
+  int width = 0;  ///< of the bitmap, pixels
+  int rows = 0;
+  int left = 0;      ///< from the pen to the bitmap's left edge
+  int top = 0;       ///< from the baseline up to its top edge
+  long advance = 0;  ///< of the pen, 1/64 pixel
+};
+
+/// Characters below this code are loaded: Latin-1 as far as the micro sign and a little beyond.
+inline constexpr std::size_t kGlyphs = 230;
+
+/// All of it needs a current GL context; each window has a renderer of its own.
+class TextRenderer {
+ public:
+  /// Builds the program and loads the face `fontPath`; text is laid out in a space of `width` ×
+  /// `height` units with the origin at the bottom left. What fails is printed, and what is missing
+  /// then draws nothing.
+  void initialise(const std::string& fontPath, float width, float height);
+
+  /// Draws UTF-8 text with its pen starting at (x, y) of the layout space, over everything else.
+  /// Glyphs are 48 units high times `scale`; characters that are not loaded draw nothing.
+  void draw(std::string_view text, float x, float y, float scale, const glm::vec3& colour) const;
+
+  /// Draws text from the origin of a plane that `matrix` places in clip space, over everything
+  /// else. It is seen from its front only.
+  void drawInSpace(std::string_view text, const glm::mat4& matrix, float scale,
+                   const glm::vec3& colour) const;
+
+  /// How far the pen goes for `text`, in units.
+  [[nodiscard]] float width(std::string_view text, float scale) const;
+
+ private:
+  void loadGlyphs(const std::string& fontPath);
+  void drawGlyphs(std::string_view text, float x, float y, float scale, const glm::mat4& projection,
+                  const glm::vec3& colour) const;
+
+  ShaderProgram program_;
+  glm::mat4 projection_{1.0F};
+  std::array<Glyph, kGlyphs> glyphs_;
+  GlVertexArray vertexArray_;
+  GlBuffer vertexBuffer_;
+};
+
+}  // namespace morvane
