@@ -6,6 +6,15 @@ find_package(GLEW REQUIRED)
 find_package(Freetype REQUIRED)
 find_package(glm REQUIRED)
 
+# Bullet's config file hands out bare library names, so its parts are found one by one.
+find_path(BULLET_INCLUDE_FOLDER btBulletDynamicsCommon.h PATH_SUFFIXES bullet REQUIRED)
+add_library(morvane_bullet INTERFACE)
+target_include_directories(morvane_bullet SYSTEM INTERFACE ${BULLET_INCLUDE_FOLDER})
+foreach(library BulletDynamics BulletCollision LinearMath)
+  find_library(BULLET_LIBRARY_${library} ${library} REQUIRED)
+  target_link_libraries(morvane_bullet INTERFACE ${BULLET_LIBRARY_${library}})
+endforeach()
+
 # FLTK's own config file names a program that distributions pack separately, so it is found by
 # header and libraries.
 find_path(FLTK_INCLUDE_FOLDER FL/Fl_Gl_Window.H REQUIRED)

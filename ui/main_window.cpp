@@ -81,6 +81,7 @@ GLWindow* makeView(AppState& app) {
   auto* view = new GLWindow(kControlsWidth, kMenuHeight, kViewWidth, kViewHeight, "TestOPGL");
   view->hide();
   view->exeFolder = app.exeFolder;
+  view->profiler().exeFolder = app.exeFolder;
   view->onTrouble = appendConsole;
   view->onMeasured = showMeasured;
   return view;

@@ -4,6 +4,7 @@
 #include <FL/Fl_Float_Input.H>
 #include <FL/Fl_Slider.H>
 #include <FL/Fl_Text_Buffer.H>
+#include <FL/Fl_Window.H>
 
 #include <algorithm>
 #include <iostream>
@@ -145,7 +146,10 @@ void selectBitmap(long index) {
 void setProfileMode(Fl_Widget* /*widget*/, long action) {
   AppState& app = appState();
   GLWindow& view = *app.glView;
-  if (action == kProfileSwapPins) return;
+  if (action == kProfileSwapPins) {
+    if (view.visible()) view.swapPins();
+    return;
+  }
   const bool on = action == kProfileOn;
   if (on) std::cout << "PROFILER ENABLED\n";
   if (!on && app.resultsPanel->visible()) std::cout << "SHOWN\n";
@@ -154,6 +158,9 @@ void setProfileMode(Fl_Widget* /*widget*/, long action) {
     on ? button->show() : button->hide();
   }
   on ? app.profileButton->hide() : app.profileButton->show();
+  if (on || view.visible()) view.setProfileMode(on);
+  on ? view.profiler().show() : view.profiler().hide();
+  app.controlsPanel->show();  // on top: its right edge lies over theirs
   layoutViews();
 }
 

@@ -28,6 +28,8 @@ void layoutViews() {
   const int width = app.mainWindow->w() - kControlsWidth - results;
   const int height = app.mainWindow->h() - kMenuHeight - profile;
   app.glView->resize(kControlsWidth, kMenuHeight, width, height);
+  app.glView->profiler().resize(kControlsWidth, app.mainWindow->h() - kProfileHeight, width,
+                                kProfileHeight);
   app.resultsPanel->resize(kControlsWidth + width, kMenuHeight, kResultsWidth,
                            app.mainWindow->h() - kMenuHeight);
   // What was placed by hand is the new starting point of the toolkit's own resizing.

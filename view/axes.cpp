@@ -45,7 +45,7 @@ void Axes::generate() {
   std::cout << "SIZEOF XYZ AXIS array : " << kLines.size() / 3 << '\n';
 }
 
-void Axes::drawLines(const ViewMatrices& matrices, const AxesRange& range) const {
+void Axes::draw(const ViewMatrices& matrices, const AxesRange& range) const {
   const float width = static_cast<float>(range.header->width) / kPointsPerUnit;
   const float height = static_cast<float>(range.header->height) / kPointsPerUnit;
   const float bottom = range.bottom * range.heightToModel;
@@ -64,21 +64,21 @@ void Axes::drawLines(const ViewMatrices& matrices, const AxesRange& range) const
   };
   drawPart(0.0F, {width + kLineGap, height + kLineGap, 1.0F}, 0, 4);
   drawPart(bottom, {1.0F, 1.0F, top - bottom}, 4, 2);
+  const ResHeader& header = *range.header;
+  std::cout << "DIST: " << header.width * header.pixelSizeX << '\n'
+            << "RES W: " << header.width << '\n'
+            << "RES H: " << header.height << '\n'
+            << "Pixelsize X: " << header.pixelSizeX << '\n'
+            << "Pixelsize Y: " << header.pixelSizeY << '\n';
 }
 
-void Axes::draw(const ViewMatrices& matrices, const AxesRange& range,
-                const TextRenderer& text) const {
-  drawLines(matrices, range);
+void Axes::drawLabels(const ViewMatrices& matrices, const AxesRange& range,
+                      const TextRenderer& text) const {
   const ResHeader& header = *range.header;
   const float width = static_cast<float>(header.width) / kPointsPerUnit;
   const float height = static_cast<float>(header.height) / kPointsPerUnit;
   const double lengthX = header.width * header.pixelSizeX;
   const double lengthY = header.height * header.pixelSizeY;
-  std::cout << "DIST: " << lengthX << '\n'
-            << "RES W: " << header.width << '\n'
-            << "RES H: " << header.height << '\n'
-            << "Pixelsize X: " << header.pixelSizeX << '\n'
-            << "Pixelsize Y: " << header.pixelSizeY << '\n';
 
   const float bottom = range.bottom * range.heightToModel;
   const float top = range.top * range.heightToModel;

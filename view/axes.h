@@ -23,12 +23,13 @@ class Axes {
   /// Builds the lines and the program they are drawn with.
   void generate();
 
-  /// Draws lines and labels beside the surface that `matrices` place.
-  void draw(const ViewMatrices& matrices, const AxesRange& range, const TextRenderer& text) const;
+  /// Draws the lines beside the surface that `matrices` place.
+  void draw(const ViewMatrices& matrices, const AxesRange& range) const;
+  /// Draws names and lengths.
+  void drawLabels(const ViewMatrices& matrices, const AxesRange& range,
+                  const TextRenderer& text) const;
 
  private:
-  void drawLines(const ViewMatrices& matrices, const AxesRange& range) const;
-
   ShaderProgram program_;
   GlVertexArray vertexArray_;
   GlBuffer positions_;

@@ -48,6 +48,7 @@ GLWindow::GLWindow(int x, int y, int w, int h, const char* label)
     : Fl_Gl_Window(x, y, w, h, label), file_(std::cout), model_(std::cout), bitmap_(std::cout) {
   mode(kGlMode);
   end();
+  profiler_ = new Profiler(150, 550, 1130, 250, "Profile Window");
 }
 
 void GLWindow::updateMeasurement() {
@@ -57,6 +58,7 @@ void GLWindow::updateMeasurement() {
   DebugLog::write(kLogFile, "Updating Autoscaling...");
   model_.setRaw(measurement_.grid);
   modelLoaded_ = true;
+  profileLoaded_ = false;
   requestRebuild();
 }
 
@@ -129,6 +131,7 @@ void GLWindow::measure() {
   model_.measure();
   if (!model_.skipScale) zScale_ = model_.autoScale();
   modelMeasured_ = true;
+  updateTools();
   if (onMeasured) onMeasured();
 }
 
@@ -170,6 +173,7 @@ void GLWindow::initialiseGlew() {
 }
 
 void GLWindow::draw() {
+  if (!pickWorld_) pickWorld_ = std::make_unique<PickWorld>();
   if (!modelLoaded_ || !glReady_) {
     glClearColor(0.0F, 0.0F, 0.0F, 0.0F);
     glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
@@ -180,11 +184,16 @@ void GLWindow::draw() {
   if (!modelBound_) bindModel();
   glPolygonMode(GL_FRONT_AND_BACK, filledPolygons_ ? GL_FILL : GL_POINT);
   drawSurface();
-  if (axesVisible_) drawAxes();
+  if (axesVisible_) axes_.draw(matrices_, axesRange());
   frame.print("Drawing Time: ");
   if (std::exchange(keyBuffersNeeded_, false)) key_.generateBuffers();
-  if (keyVisible_ && wearsHeatMap_) drawKey();
+  const bool keyShown = keyVisible_ && wearsHeatMap_;
+  if (keyShown) drawKey();
   frame.print("Drawing Time for HM Key: ");
+  drawTools();
+  // Last, so that no pin stands before a number.
+  if (axesVisible_) axes_.drawLabels(matrices_, axesRange(), text_);
+  if (keyShown) drawKeyLabels();
 }
 
 void GLWindow::generateBuffers() {
@@ -234,15 +243,19 @@ void GLWindow::drawSurface() {
   glEnable(GL_DEPTH_TEST);
   glDepthFunc(GL_LESS);
   glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
-  const HeightGrid& grid = *model_.shown();
-  matrices_ = viewMatrices(camera_, w(), h(), grid.width(), grid.height(), zScale_);
+  matrices_ = presentMatrices();
   surface_.draw(matrices_, camera_.eye, lightingOn_);
+  pickWorld_->setMatrices(matrices_);
 }
 
-void GLWindow::drawAxes() {
+ViewMatrices GLWindow::presentMatrices() const {
+  const HeightGrid& grid = *model_.shown();
+  return viewMatrices(camera_, w(), h(), grid.width(), grid.height(), zScale_);
+}
+
+AxesRange GLWindow::axesRange() const {
   const SurfaceLimits& limits = model_.limits();
-  axes_.draw(matrices_, {&measurement_.header, limits.zMin, limits.zMax, heightToModel(zScale_)},
-             text_);
+  return {&measurement_.header, limits.zMin, limits.zMax, heightToModel(zScale_)};
 }
 
 void GLWindow::drawKey() {
@@ -252,10 +265,10 @@ void GLWindow::drawKey() {
   glDisable(GL_DEPTH_TEST);
   key_.draw();
   glEnable(GL_DEPTH_TEST);
-  drawKeyLabels();
 }
 
 void GLWindow::drawKeyLabels() {
+  text_.setPixels(w(), h());
   constexpr float kLabelOffset = 0.005F;  // device units right of the key
   constexpr float kScale = 0.4F;
   const float x = 565.0F + 565.0F * (kKeyCentreX + kKeyWidth / 2 + kLabelOffset);

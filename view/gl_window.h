@@ -4,6 +4,7 @@
 #include <FL/Fl_Gl_Window.H>
 
 #include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 
@@ -13,7 +14,12 @@
 #include "surface/surface_model.h"
 #include "view/axes.h"
 #include "view/camera.h"
+#include "view/grid_tool.h"
 #include "view/key_renderer.h"
+#include "view/pick_world.h"
+#include "view/pin.h"
+#include "view/profile_line.h"
+#include "view/profiler.h"
 #include "view/surface_renderer.h"
 #include "view/text_renderer.h"
 
@@ -78,7 +84,21 @@ class GLWindow : public Fl_Gl_Window {
   void setGlobalLimits(float max, float min);
   void clearGlobalLimits();
 
-  bool profileShown = false;  ///< the profile tool is on and its window shown
+  /// Switches the profile tool: its pins and line, and what a press can grab. Off, the line is
+  /// forgotten.
+  void setProfileMode(bool on);
+  [[nodiscard]] bool profileMode() const { return profileMode_; }
+  /// Exchanges the places of the two profile pins.
+  void swapPins();
+  /// The window that plots the profile: a neighbour of this one in the main window.
+  [[nodiscard]] Profiler& profiler() { return *profiler_; }
+  bool profileLineMode = false;  ///< a drag moves the whole profile line, not one pin
+  bool profileShown = false;     ///< the profile window stands below the view
+
+  /// Switches the grid tool: two corners and the box between them.
+  void setGridMode(bool on);
+  [[nodiscard]] bool gridMode() const { return gridMode_; }
+  [[nodiscard]] const GridTool& gridTool() const { return gridTool_; }
 
   /// Where the view puts a message that an operator must see.
   std::function<void(const std::string&)> onTrouble;
@@ -97,9 +117,19 @@ class GLWindow : public Fl_Gl_Window {
   void bindModel();
   std::optional<BitmapDrape> drapeBitmap();
   void drawSurface();
-  void drawAxes();
+  [[nodiscard]] AxesRange axesRange() const;
   void drawKey();
   void drawKeyLabels();
+
+  void updateTools();
+  void drawTools();
+  void loadProfile();
+  void drawProfileTool();
+  void drawGridTool();
+  void grabTool(Pin* hit);
+  void dragTool(glm::vec2 point);
+  void releaseTool();
+  [[nodiscard]] ViewMatrices presentMatrices() const;
 
   int onPush();
   int onRelease();
@@ -141,6 +171,17 @@ class GLWindow : public Fl_Gl_Window {
   bool firstShow_ = true;  // GLEW not yet initialised
   bool glReady_ = false;   // GLEW found the functions the view calls
   bool troubleReported_ = false;
+
+  enum class ToolDrag { kNone, kProfilePin, kGridCorner };
+  Profiler* profiler_;  // the toolkit's
+  GridTool gridTool_;
+  PinRenderer pinRenderer_;
+  ProfileLine profileLine_;
+  std::unique_ptr<PickWorld> pickWorld_;  // from the first frame on
+  ToolDrag toolDrag_ = ToolDrag::kNone;   // what the press grabbed
+  bool profileMode_ = false;
+  bool profileLoaded_ = false;  // the tool knows the present measurement
+  bool gridMode_ = false;
 };
 
 }  // namespace morvane

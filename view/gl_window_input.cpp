@@ -56,17 +56,23 @@ int GLWindow::handle(int event) {
 }
 
 int GLWindow::onPush() {
-  if (Fl::event_button() == FL_LEFT_MOUSE) {
-    pressTurn(camera_, eventPoint());
-  } else if (Fl::event_button() == FL_RIGHT_MOUSE) {
+  const glm::vec2 point = eventPoint();
+  mousePrevious_ = point;
+  const int button = Fl::event_button();
+  if (button != FL_LEFT_MOUSE && button != FL_RIGHT_MOUSE) return 1;
+  const Ray ray = pickRay(matrices_, w(), h(), point.x, point.y);
+  grabTool(pickWorld_ ? pickWorld_->rayTest(ray.origin, ray.direction) : nullptr);
+  if (toolDrag_ == ToolDrag::kNone && button == FL_LEFT_MOUSE) {
+    pressTurn(camera_, point);
+  } else {
     releaseTurn(camera_);
   }
-  mousePrevious_ = eventPoint();
   return 1;
 }
 
 int GLWindow::onRelease() {
   releaseTurn(camera_);
+  releaseTool();
   return 1;
 }
 
@@ -75,6 +81,9 @@ int GLWindow::onDrag() {
   const glm::vec2 motion = point - mousePrevious_;
   if (leftHeld() && rightHeld()) {
     zoomByDrag(camera_, motion.y);
+  } else if (toolDrag_ != ToolDrag::kNone && (leftHeld() || rightHeld())) {
+    if (rightHeld() && toolDrag_ == ToolDrag::kProfilePin) profiler_->grabSecond();
+    dragTool(point);
   } else if (leftHeld()) {
     dragTurn(camera_, w(), h(), point);
   } else if (rightHeld()) {

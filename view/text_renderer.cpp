@@ -3,6 +3,7 @@
 #include <ft2build.h>
 #include FT_FREETYPE_H
 
+#include <algorithm>
 #include <cstdint>
 #include <cstdio>
 #include <glm/gtc/matrix_transform.hpp>
@@ -94,7 +95,7 @@ float penStep(const Glyph& glyph, float scale) {
 
 void TextRenderer::initialise(const std::string& fontPath, float width, float height) {
   program_ = ShaderProgram(kTextShader);
-  projection_ = glm::ortho(0.0F, width, 0.0F, height);
+  setSpace(width, height);
   loadGlyphs(fontPath);
   vertexArray_ = GlVertexArray::generate();
   vertexBuffer_ = GlBuffer::generate();
@@ -104,6 +105,18 @@ void TextRenderer::initialise(const std::string& fontPath, float width, float he
   glEnableVertexAttribArray(0);
   glVertexAttribPointer(0, 4, GL_FLOAT, GL_FALSE, 4 * sizeof(float), nullptr);
   glBindVertexArray(0);
+}
+
+void TextRenderer::setSpace(float width, float height) {
+  projection_ = glm::ortho(0.0F, width, 0.0F, height);
+  space_ = {width, height};
+  shape_ = glm::vec2(1.0F);
+}
+
+void TextRenderer::setPixels(int width, int height) {
+  const glm::vec2 pixelsPerUnit(static_cast<float>(std::max(width, 1)) / space_.x,
+                                static_cast<float>(std::max(height, 1)) / space_.y);
+  shape_ = std::min(pixelsPerUnit.x, pixelsPerUnit.y) / pixelsPerUnit;
 }
 
 void TextRenderer::loadGlyphs(const std::string& fontPath) {
@@ -123,15 +136,15 @@ void TextRenderer::loadGlyphs(const std::string& fontPath) {
 
 void TextRenderer::draw(std::string_view text, float x, float y, float scale,
                         const glm::vec3& colour) const {
-  drawGlyphs(text, x, y, scale, projection_, colour);
+  drawGlyphs(text, {x, y}, scale * shape_, projection_, colour);
 }
 
 void TextRenderer::drawInSpace(std::string_view text, const glm::mat4& matrix, float scale,
                                const glm::vec3& colour) const {
-  drawGlyphs(text, 0.0F, 0.0F, scale, matrix, colour);
+  drawGlyphs(text, glm::vec2(0.0F), glm::vec2(scale), matrix, colour);
 }
 
-void TextRenderer::drawGlyphs(std::string_view text, float x, float y, float scale,
+void TextRenderer::drawGlyphs(std::string_view text, glm::vec2 pen, glm::vec2 scale,
                               const glm::mat4& projection, const glm::vec3& colour) const {
   // Half a label says less than none: text lies over everything.
   glDisable(GL_DEPTH_TEST);
@@ -149,10 +162,10 @@ void TextRenderer::drawGlyphs(std::string_view text, float x, float y, float sca
     const std::uint32_t code = nextCharacter(text);
     if (code >= kGlyphs) continue;
     const Glyph& glyph = glyphs_[code];
-    const float left = x + static_cast<float>(glyph.left) * scale;
-    const float bottom = y - static_cast<float>(glyph.rows - glyph.top) * scale;
-    const float right = left + static_cast<float>(glyph.width) * scale;
-    const float top = bottom + static_cast<float>(glyph.rows) * scale;
+    const float left = pen.x + static_cast<float>(glyph.left) * scale.x;
+    const float bottom = pen.y - static_cast<float>(glyph.rows - glyph.top) * scale.y;
+    const float right = left + static_cast<float>(glyph.width) * scale.x;
+    const float top = bottom + static_cast<float>(glyph.rows) * scale.y;
     const std::array<float, kFloatsPerQuad> quad = {
         left, top, 0, 0, left,  bottom, 0, 1, right, bottom, 1, 1,
         left, top, 0, 0, right, bottom, 1, 1, right, top,    1, 0,
@@ -160,7 +173,7 @@ void TextRenderer::drawGlyphs(std::string_view text, float x, float y, float sca
     glBindTexture(GL_TEXTURE_2D, glyph.texture.name());
     glBufferSubData(GL_ARRAY_BUFFER, 0, sizeof quad, quad.data());
     glDrawArrays(GL_TRIANGLES, 0, 6);
-    x += penStep(glyph, scale);
+    pen.x += penStep(glyph, scale.x);
   }
   glBindTexture(GL_TEXTURE_2D, 0);
   glDisable(GL_BLEND);

@@ -32,6 +32,10 @@ class TextRenderer {
   /// `height` units with the origin at the bottom left. What fails is printed, and what is missing
   /// then draws nothing.
   void initialise(const std::string& fontPath, float width, float height);
+  /// Lays text out in a space of another size from now on.
+  void setSpace(float width, float height);
+  /// Says how many pixels the space is spread over, so that glyphs keep their shape in it.
+  void setPixels(int width, int height);
 
   /// Draws UTF-8 text with its pen starting at (x, y) of the layout space, over everything else.
   /// Glyphs are 48 units high times `scale`; characters that are not loaded draw nothing.
@@ -42,16 +46,18 @@ class TextRenderer {
   void drawInSpace(std::string_view text, const glm::mat4& matrix, float scale,
                    const glm::vec3& colour) const;
 
-  /// How far the pen goes for `text`, in units.
+  /// How far the pen goes for `text`, in units, while the space is not distorted.
   [[nodiscard]] float width(std::string_view text, float scale) const;
 
  private:
   void loadGlyphs(const std::string& fontPath);
-  void drawGlyphs(std::string_view text, float x, float y, float scale, const glm::mat4& projection,
-                  const glm::vec3& colour) const;
+  void drawGlyphs(std::string_view text, glm::vec2 pen, glm::vec2 scale,
+                  const glm::mat4& projection, const glm::vec3& colour) const;
 
   ShaderProgram program_;
   glm::mat4 projection_{1.0F};
+  glm::vec2 space_{1.0F};
+  glm::vec2 shape_{1.0F};  // what a glyph is scaled by in each direction, to look as it was made
   std::array<Glyph, kGlyphs> glyphs_;
   GlVertexArray vertexArray_;
   GlBuffer vertexBuffer_;

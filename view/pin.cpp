@@ -1,0 +1,134 @@
+#include "view/pin.h"
+
+#include <cstddef>
+#include <glm/gtc/matrix_transform.hpp>
+#include <glm/gtc/type_ptr.hpp>
+#include <iostream>
+
+#include "view/shader_sources.h"
+
+namespace morvane {
+namespace {
+
+constexpr glm::vec4 kEdgeColour{1.0F, 1.0F, 1.0F, 1.0F};
+
+constexpr std::size_t kCubeVertices = 36;
+constexpr std::size_t kEdgeVertices = 24;
+template <std::size_t count>
+using Vertices = std::array<std::array<float, 3>, count>;
+
+// Corners of one side in the plane of the two axes that follow the side's own, seen from outside
+// counter-clockwise on the positive side.
+constexpr std::array<std::array<float, 2>, 6> kSide = {
+    {{-1, -1}, {1, -1}, {1, 1}, {-1, -1}, {1, 1}, {-1, 1}}};
+
+constexpr Vertices<kCubeVertices> cube() {
+  Vertices<kCubeVertices> vertices{};
+  std::size_t next = 0;
+  for (std::size_t axis = 0; axis < 3; ++axis) {
+    for (const float sign : {-1.0F, 1.0F}) {
+      for (const auto& corner : kSide) {
+        auto& vertex = vertices[next++];
+        vertex[axis] = sign;
+        vertex[(axis + 1) % 3] = corner[0] * sign;  // mirrored, and so turned, on the far side
+        vertex[(axis + 2) % 3] = corner[1];
+      }
+    }
+  }
+  return vertices;
+}
+
+constexpr Vertices<kEdgeVertices> edges() {
+  Vertices<kEdgeVertices> vertices{};
+  std::size_t next = 0;
+  for (std::size_t axis = 0; axis < 3; ++axis) {
+    for (const float u : {-1.0F, 1.0F}) {
+      for (const float v : {-1.0F, 1.0F}) {
+        for (const float end : {-1.0F, 1.0F}) {
+          auto& vertex = vertices[next++];
+          vertex[axis] = end;
+          vertex[(axis + 1) % 3] = u;
+          vertex[(axis + 2) % 3] = v;
+        }
+      }
+    }
+  }
+  return vertices;
+}
+
+template <std::size_t count>
+GlBuffer upload(GLuint attribute, const Vertices<count>& vertices) {
+  GlBuffer buffer = GlBuffer::generate();
+  glBindBuffer(GL_ARRAY_BUFFER, buffer.name());
+  glBufferData(GL_ARRAY_BUFFER, sizeof vertices, vertices.data(), GL_STATIC_DRAW);
+  glEnableVertexAttribArray(attribute);
+  glVertexAttribPointer(attribute, 3, GL_FLOAT, GL_FALSE, 0, nullptr);
+  return buffer;
+}
+
+}  // namespace
+
+PinPair placesOf(const Pins& pins) { return {pins[0].position, pins[1].position}; }
+
+void placePins(Pins& pins, const PinPair& places) {
+  pins[0].position = places.a;
+  pins[1].position = places.b;
+}
+
+glm::mat4 pinMatrix(const Pin& pin, const glm::mat4& overlay) {
+  return glm::translate(overlay, pin.position) * glm::mat4_cast(pin.rotation);
+}
+
+void PinRenderer::generate() {
+  program_ = ShaderProgram(kPinShader);
+  std::cout << "PIN INIT::::<<< " << program_.name() << '\n';
+  vertexArray_ = GlVertexArray::generate();
+  glBindVertexArray(vertexArray_.name());
+  positionBuffer_ = upload(0, cube());
+  colourBuffer_ = upload(1, cube());
+  edgeArray_ = GlVertexArray::generate();
+  glBindVertexArray(edgeArray_.name());
+  edgeBuffer_ = upload(0, edges());
+  glBindVertexArray(0);
+}
+
+void PinRenderer::begin(const ViewMatrices& matrices, const Pin& box) const {
+  const glm::mat4 model = glm::scale(pinMatrix(box, matrices.overlay), box.halfExtents);
+  const glm::mat4 all = matrices.projection * matrices.view * model;
+  glPolygonMode(GL_FRONT_AND_BACK, GL_FILL);
+  glUseProgram(program_.name());
+  glUniformMatrix4fv(program_.uniform("MVP"), 1, GL_FALSE, glm::value_ptr(all));
+  glUniformMatrix4fv(program_.uniform("M"), 1, GL_FALSE, glm::value_ptr(model));
+  setColour(box.colour);
+  glBindVertexArray(vertexArray_.name());
+}
+
+void PinRenderer::setColour(const glm::vec4& colour) const {
+  glUniform4fv(program_.uniform("colorOvrr"), 1, glm::value_ptr(colour));
+}
+
+void PinRenderer::drawPin(const ViewMatrices& matrices, const Pin& pin) const {
+  begin(matrices, pin);
+  glDrawArrays(GL_TRIANGLES, 0, kCubeVertices);
+  // Without its edges a box in one colour is a shapeless patch.
+  glDepthFunc(GL_LEQUAL);
+  setColour(kEdgeColour);
+  glBindVertexArray(edgeArray_.name());
+  glLineWidth(1.0F);
+  glDrawArrays(GL_LINES, 0, kEdgeVertices);
+  glDepthFunc(GL_LESS);
+}
+
+void PinRenderer::drawTranslucent(const ViewMatrices& matrices, const Pin& box) const {
+  begin(matrices, box);
+  glEnable(GL_CULL_FACE);
+  glEnable(GL_BLEND);
+  glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
+  glDepthMask(GL_FALSE);
+  glDrawArrays(GL_TRIANGLES, 0, kCubeVertices);
+  glDepthMask(GL_TRUE);
+  glDisable(GL_BLEND);
+  glDisable(GL_CULL_FACE);
+}
+
+}  // namespace morvane
