@@ -88,7 +88,8 @@ void Axes::drawLabels(const ViewMatrices& matrices, const AxesRange& range,
       {{-kHeightGap, height, 0}, "Z"},
       {{width, -kLabelGap, 0}, fixedText(lengthX, 2) + "mm"},
       {{-kLabelGap, height, 0}, fixedText(lengthY, 2) + "mm"},
-      {{-kHeightGap, 0, top}, fixedText(range.top, 2) + "µm"},
+      // A line of text higher than the one below it, so that both are readable from above too.
+      {{-kHeightGap, kLabelGap, top}, fixedText(range.top, 2) + "µm"},
       {{-kHeightGap, 0, bottom}, fixedText(range.bottom, 2) + "µm"},
   }};
   for (const Label& label : labels) {

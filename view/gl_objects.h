@@ -33,6 +33,9 @@ class GlObject {
 
   [[nodiscard]] GLuint name() const { return name_; }
 
+  /// Lets the name go without releasing it: for what went with its context.
+  void forget() { name_ = 0; }
+
   void reset() {
     if (name_ != 0) Kind::release(&name_);
     name_ = 0;

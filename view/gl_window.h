@@ -134,6 +134,7 @@ class GLWindow : public Fl_Gl_Window {
   int onPush();
   int onRelease();
   int onDrag();
+  void dragTo(glm::vec2 point, bool left, bool right);
   int onMove();
   int onWheel();
   [[nodiscard]] glm::vec2 eventPoint() const;

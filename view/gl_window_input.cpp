@@ -71,27 +71,34 @@ int GLWindow::onPush() {
 }
 
 int GLWindow::onRelease() {
+  // Motion right before the release may have been merged into it.
+  const bool left = leftHeld() || Fl::event_button() == FL_LEFT_MOUSE;
+  const bool right = rightHeld() || Fl::event_button() == FL_RIGHT_MOUSE;
+  if (eventPoint() != mousePrevious_) dragTo(eventPoint(), left, right);
   releaseTurn(camera_);
   releaseTool();
   return 1;
 }
 
 int GLWindow::onDrag() {
-  const glm::vec2 point = eventPoint();
+  dragTo(eventPoint(), leftHeld(), rightHeld());
+  return 1;
+}
+
+void GLWindow::dragTo(glm::vec2 point, bool left, bool right) {
   const glm::vec2 motion = point - mousePrevious_;
-  if (leftHeld() && rightHeld()) {
+  if (left && right) {
     zoomByDrag(camera_, motion.y);
-  } else if (toolDrag_ != ToolDrag::kNone && (leftHeld() || rightHeld())) {
-    if (rightHeld() && toolDrag_ == ToolDrag::kProfilePin) profiler_->grabSecond();
+  } else if (toolDrag_ != ToolDrag::kNone && (left || right)) {
+    if (right && toolDrag_ == ToolDrag::kProfilePin) profiler_->grabSecond();
     dragTool(point);
-  } else if (leftHeld()) {
+  } else if (left) {
     dragTurn(camera_, w(), h(), point);
-  } else if (rightHeld()) {
+  } else if (right) {
     panByPixels(camera_, motion);
   }
   mousePrevious_ = point;
   redraw();
-  return 1;
 }
 
 int GLWindow::onMove() {

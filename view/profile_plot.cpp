@@ -160,7 +160,8 @@ class Layout {
     const float room = pixelX(plot::tickX(1)) - pixelX(plot::tickX(0));
     int every = 1;
     for (const int next : {2, 5, 10}) {
-      if (room * static_cast<float>(every) < widest + kNumberGap) every = next;
+      // The first and the last may stand half their width beside their ticks.
+      if (room * static_cast<float>(every) < 1.5F * widest + kNumberGap) every = next;
     }
     for (int i = 0; i < plot::kTicks; i += every) {
       const std::string& number = numbers[static_cast<std::size_t>(i)];

@@ -115,15 +115,19 @@ const ProfileSection& Profiler::section() {
 
 void Profiler::generateBuffers() {
   program_ = ShaderProgram(kProfileShader);
-  vertexArray_ = GlVertexArray::generate();
   vertices_ = GlBuffer::generate();
+  text_.initialise(resourcePath(exeFolder, "Fonts", "arial.ttf"), static_cast<float>(w()),
+                   static_cast<float>(h()));
+}
+
+void Profiler::enterContext() {
+  text_.enterContext();
+  vertexArray_.forget();
+  vertexArray_ = GlVertexArray::generate();
   glBindVertexArray(vertexArray_.name());
   glBindBuffer(GL_ARRAY_BUFFER, vertices_.name());
   glEnableVertexAttribArray(0);
   glVertexAttribPointer(0, 2, GL_FLOAT, GL_FALSE, 0, nullptr);
-  glBindVertexArray(0);
-  text_.initialise(resourcePath(exeFolder, "Fonts", "arial.ttf"), static_cast<float>(w()),
-                   static_cast<float>(h()));
 }
 
 void Profiler::draw() {
@@ -131,6 +135,8 @@ void Profiler::draw() {
   glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
   if (glGenVertexArrays == nullptr) return;
   if (program_.name() == 0) generateBuffers();
+  // Hiding the window takes its context away; only what the view shares is left.
+  if (!context_valid()) enterContext();
   glViewport(0, 0, pixel_w(), pixel_h());
   glEnable(GL_MULTISAMPLE);
   glDisable(GL_DEPTH_TEST);

@@ -63,6 +63,7 @@ class Profiler : public Fl_Gl_Window {
 
  private:
   void generateBuffers();
+  void enterContext();
   void refresh();
   [[nodiscard]] GridSize gridSize() const;
   [[nodiscard]] ProfileClip clip() const;

@@ -97,11 +97,17 @@ void TextRenderer::initialise(const std::string& fontPath, float width, float he
   program_ = ShaderProgram(kTextShader);
   setSpace(width, height);
   loadGlyphs(fontPath);
-  vertexArray_ = GlVertexArray::generate();
   vertexBuffer_ = GlBuffer::generate();
-  glBindVertexArray(vertexArray_.name());
   glBindBuffer(GL_ARRAY_BUFFER, vertexBuffer_.name());
   glBufferData(GL_ARRAY_BUFFER, kFloatsPerQuad * sizeof(float), nullptr, GL_DYNAMIC_DRAW);
+  enterContext();
+}
+
+void TextRenderer::enterContext() {
+  vertexArray_.forget();
+  vertexArray_ = GlVertexArray::generate();
+  glBindVertexArray(vertexArray_.name());
+  glBindBuffer(GL_ARRAY_BUFFER, vertexBuffer_.name());
   glEnableVertexAttribArray(0);
   glVertexAttribPointer(0, 4, GL_FLOAT, GL_FALSE, 4 * sizeof(float), nullptr);
   glBindVertexArray(0);

@@ -32,6 +32,8 @@ class TextRenderer {
   /// `height` units with the origin at the bottom left. What fails is printed, and what is missing
   /// then draws nothing.
   void initialise(const std::string& fontPath, float width, float height);
+  /// Makes what no other context can see anew, in the current one; the context before is gone.
+  void enterContext();
   /// Lays text out in a space of another size from now on.
   void setSpace(float width, float height);
   /// Says how many pixels the space is spread over, so that glyphs keep their shape in it.

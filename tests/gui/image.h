@@ -54,6 +54,24 @@ class Image {
     return found;
   }
 
+  /// The middle of the pixels that fulfil `predicate(Rgb)`; (−1, −1) when there is none.
+  template <class Predicate>
+  [[nodiscard]] Point centreOf(Predicate predicate) const {
+    long x = 0;
+    long y = 0;
+    long found = 0;
+    for (int row = 0; row < height_; ++row) {
+      for (int column = 0; column < width_; ++column) {
+        if (!predicate(at({column, row}))) continue;
+        x += column;
+        y += row;
+        ++found;
+      }
+    }
+    if (found == 0) return {-1, -1};
+    return {static_cast<int>(x / found), static_cast<int>(y / found)};
+  }
+
   void savePng(const std::string& path) const;
 
   friend bool operator==(const Image&, const Image&) = default;

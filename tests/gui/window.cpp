@@ -157,17 +157,25 @@ void Window::click(Point at, int button) const {
   screen_.xdotool(words);
 }
 
-void Window::drag(Point from, Point to, int button) const {
+void Window::drag(Point from, Point to, const std::vector<int>& buttons) const {
+  hold(from, to, buttons);
+  release(buttons);
+}
+
+void Window::hold(Point from, Point to, const std::vector<int>& buttons) const {
   constexpr int kSteps = 10;
   std::vector<std::string> words = moveTo(from);
-  words.insert(words.end(), {"mousedown", text(button)});
+  for (const int button : buttons) words.insert(words.end(), {"mousedown", text(button)});
   for (int step = 1; step <= kSteps; ++step) {
     const auto part = [&](int a, int b) { return a + (b - a) * step / kSteps; };
     const auto move = moveTo({part(from.x, to.x), part(from.y, to.y)});
     words.insert(words.end(), move.begin(), move.end());
   }
-  words.insert(words.end(), {"mouseup", text(button)});
   screen_.xdotool(words);
+}
+
+void Window::release(const std::vector<int>& buttons) const {
+  for (const int button : buttons) screen_.xdotool({"mouseup", text(button)});
 }
 
 void Window::wheel(Point at, int steps) const {

@@ -47,8 +47,11 @@ class Window {
   void awaitGone() const;
 
   void click(Point at, int button = 1) const;
-  /// Presses at `from`, moves to `to` in small steps, and releases there.
-  void drag(Point from, Point to, int button = 1) const;
+  /// Presses the buttons at `from`, moves to `to` in small steps, and releases there.
+  void drag(Point from, Point to, const std::vector<int>& buttons = {1}) const;
+  /// The same without letting go; `release` does that later.
+  void hold(Point from, Point to, const std::vector<int>& buttons = {1}) const;
+  void release(const std::vector<int>& buttons = {1}) const;
   /// Turns the wheel at a point: positive steps away from the user.
   void wheel(Point at, int steps) const;
   /// Moves the pointer to where it is over nothing of the program.

@@ -1,0 +1,199 @@
+// Hands on the surface: the camera and the profile pins, by real mouse.
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <memory>
+
+#include "tests/gui/program.h"
+#include "tools/measurement_builder.h"
+
+namespace morvane::gui {
+namespace {
+
+constexpr Point kReset{77, 264};
+constexpr Point kProfile{77, 546};
+constexpr Point kProfileOff{39, 546};
+constexpr Point kSwapPins{113, 546};
+constexpr Area kView{155, 60, 900, 480};   // what both sizes of the view have, without the key
+constexpr Area kPlot{380, 560, 740, 160};  // without the place of the key before
+constexpr Point kCentre{715, 412};         // of the view
+constexpr Point kProfileCentre{715, 287};  // of the view above the profile window
+constexpr int kWidth = 760;                // columns: wide enough for the large pins
+constexpr int kHeight = 400;
+
+bool isSky(const Rgb& c) { return difference(c, {211, 238, 255}) <= 2; }
+bool isSurface(const Rgb& c) { return chroma(c) > 100; }
+bool isFirstPin(const Rgb& c) { return c.r > 200 && c.g < 60 && c.b > 200; }
+bool isSecondPin(const Rgb& c) { return difference(c, kBlack) < 12; }
+bool isCurve(const Rgb& c) { return c.b > c.r + 70 && c.b > c.g + 40; }
+
+/// A wave along x that ends at the same height as it begins.
+MeasurementContent wave(int width, int height) {
+  MeasurementContent content;
+  content.width = width;
+  content.height = height;
+  for (int y = 0; y < height; ++y) {
+    for (int x = 0; x < width; ++x) content.heights.push_back(5.0 * std::sin(x * 0.0331));
+  }
+  return content;
+}
+
+class Mouse : public testing::Test {
+ protected:
+  void open(int width, int height) {
+    writeBytes(folder_.file("wave.res"), encodeMeasurement(wave(width, height)));
+    program_ = std::make_unique<Program>(std::vector<std::string>{folder_.file("wave.res")});
+    start_ = await("the surface", [](const Image& p) { return surfacePixels(p) > 200; });
+  }
+  static int surfacePixels(const Image& picture) { return picture.part(kView).count(isSurface); }
+  static Point centreOf(const Image& picture, bool (*is)(const Rgb&)) {
+    const Point found = picture.part(kView).centreOf(is);
+    return {found.x + kView.x, found.y + kView.y};
+  }
+  Window window() { return program_->mainWindow(); }
+  Image await(const std::string& what, const std::function<bool(const Image&)>& predicate) {
+    window().leave();
+    return window().awaitPicture(what, predicate);
+  }
+  void awaitPinAt(Point expected, int tolerance) {
+    await("the pin at " + std::to_string(expected.x) + ", " + std::to_string(expected.y),
+          [&](const Image& p) {
+            const Point at = centreOf(p, isFirstPin);
+            return std::abs(at.x - expected.x) <= tolerance &&
+                   std::abs(at.y - expected.y) <= tolerance;
+          });
+  }
+  bool sameView(const Image& picture) { return picture.part(kView) == start_.part(kView); }
+
+  TemporaryFolder folder_;
+  std::unique_ptr<Program> program_;
+  Image start_;
+};
+
+TEST_F(Mouse, TurnsPansAndZooms) {
+  open(300, 300);
+  const int pixels = surfacePixels(start_);
+  const auto goneBack = [this] {
+    window().click(kReset);
+    await("the start view", [this](const Image& p) { return sameView(p); });
+  };
+  // Left and right again, then a turn that leaves the ball, and one that turns it over.
+  window().drag(kCentre, {kCentre.x - 200, kCentre.y});
+  await("a turned surface",
+        [&](const Image& p) { return surfacePixels(p) < 0.95 * pixels && !sameView(p); });
+  window().drag({kCentre.x - 200, kCentre.y}, kCentre);
+  await("the surface turned back",
+        [&](const Image& p) { return std::abs(surfacePixels(p) - pixels) < 0.02 * pixels; });
+  goneBack();
+  window().drag({700, 100}, {1100, 500});
+  await("a surface turned round its middle",
+        [&](const Image& p) { return !sameView(p) && surfacePixels(p) > 0.8 * pixels; });
+  goneBack();
+
+  window().drag(kCentre, {kCentre.x + 150, kCentre.y + 40}, {3});
+  await("a panned surface", [&](const Image& p) {
+    const Point middle = centreOf(p, isSurface);
+    const Point before = centreOf(start_, isSurface);
+    // A thousandth of a model unit per pixel, which shows as a third of a pixel.
+    return std::abs(middle.x - before.x - 47) <= 3 && std::abs(middle.y - before.y - 12) <= 3;
+  });
+  goneBack();
+
+  window().wheel(kCentre, 8);
+  await("a larger surface", [&](const Image& p) { return surfacePixels(p) > 1.3 * pixels; });
+  EXPECT_NE(program_->awaitLine("SCALE: "), "");
+  goneBack();
+  window().drag(kCentre, {kCentre.x, kCentre.y + 100}, {1, 3});
+  await("a smaller surface", [&](const Image& p) { return surfacePixels(p) < 0.95 * pixels; });
+  goneBack();
+}
+
+TEST_F(Mouse, DragsAPinUnderThePointerAndStopsItAtEveryEdge) {
+  open(kWidth, kHeight);
+  window().click(kProfile);
+  Image picture = await("the pins", [](const Image& p) {
+    return p.part(kView).count(isFirstPin) > 100 && p.part(kView).count(isSecondPin) > 100 &&
+           p.part(kPlot).count(isCurve) > 200;
+  });
+  const Image firstPlot = picture.part(kPlot);
+  const Point corner = centreOf(picture, isFirstPin);
+  const auto drag = [&](Point to) { window().drag(centreOf(window().capture(), isFirstPin), to); };
+  drag(kProfileCentre);
+  awaitPinAt(kProfileCentre, 5);
+  await("another section", [&](const Image& p) { return !(p.part(kPlot) == firstPlot); });
+  // Perspective and the sides of the box shift what is seen of it by a few pixels.
+  constexpr double kPixelsPerUnit = 525 / (2 * 2.9 * 0.4142);
+  const int halfWidth = static_cast<int>(0.38 * kPixelsPerUnit);
+  const int halfHeight = static_cast<int>(0.2 * kPixelsPerUnit);
+  drag({200, kProfileCentre.y});
+  awaitPinAt({kProfileCentre.x - halfWidth, kProfileCentre.y}, 8);
+  drag({1240, kProfileCentre.y});
+  awaitPinAt({kProfileCentre.x + halfWidth, kProfileCentre.y}, 8);
+  drag({kProfileCentre.x, 40});
+  awaitPinAt({kProfileCentre.x, kProfileCentre.y - halfHeight}, 8);
+  drag({kProfileCentre.x, 530});
+  awaitPinAt({kProfileCentre.x, kProfileCentre.y + halfHeight}, 8);
+  drag({160, 540});
+  awaitPinAt(corner, 2);
+  // The view itself never turned.
+  EXPECT_TRUE(await("the first picture", [&](const Image& p) {
+                return p.part(kPlot) == firstPlot;
+              }).part(kView) == picture.part(kView));
+
+  window().click(kSwapPins);
+  await("the pins swapped",
+        [&](const Image& p) { return std::abs(centreOf(p, isSecondPin).y - corner.y) < 12; });
+}
+
+TEST_F(Mouse, GrabsTheNearerOfTwoPinsInLine) {
+  open(kWidth, kHeight);
+  window().click(kProfile);
+  await("the pins", [](const Image& p) { return p.part(kView).count(isFirstPin) > 100; });
+  // A quarter turn: the eye looks along the columns, from the first row to the last.
+  window().drag(kProfileCentre, {kProfileCentre.x, 26});
+  const Image edgeOn = await("the first pin before the second", [](const Image& p) {
+    return p.part(kView).count(isSurface) < 6000 && p.part(kView).count(isFirstPin) > 400;
+  });
+  // What is seen of the second pin stands out to the right; left of that it is behind the first.
+  const Point behind = centreOf(edgeOn, isSecondPin);
+  const Point front = {behind.x - 10, behind.y};
+  ASSERT_TRUE(isFirstPin(edgeOn.at(front)));
+  window().drag(front, {front.x + 60, front.y});
+  await("the first pin moved, the second seen", [&](const Image& p) {
+    return centreOf(p, isFirstPin).x > front.x + 40 && p.part(kView).count(isSecondPin) > 200 &&
+           std::abs(centreOf(p, isSecondPin).x - front.x) < 25;
+  });
+}
+
+TEST_F(Mouse, KeepsBothPicturesThroughResizingAndFiftySwitches) {
+  open(60, 60);
+  const auto switchTimes = [this](int times) {
+    for (int i = 0; i < times; ++i) window().click(i % 2 == 0 ? kProfile : kProfileOff);
+  };
+  switchTimes(20);
+  const long before = program_->residentKilobytes();
+  switchTimes(30);
+  const Image after =
+      await("the start view without pins", [this](const Image& p) { return sameView(p); });
+  EXPECT_LT(program_->residentKilobytes() - before, 60'000);
+
+  window().click(kProfile);
+  await("the plot", [](const Image& p) { return p.part(kPlot).count(isCurve) > 200; });
+  // Resized in the middle of a turn, both windows keep their pictures.
+  window().hold(kProfileCentre, {kProfileCentre.x + 60, kProfileCentre.y});
+  window().resize(1000, 760);
+  window().release();
+  await("both pictures in the smaller window", [](const Image& p) {
+    const Area plot{300, 530, 650, 150};
+    const Area view{155, 60, 700, 440};
+    return p.width() == 1000 && p.part(plot).count(isCurve) > 150 &&
+           p.part(view).count(isSurface) > 100 && isSky(p.at({400, 200}));
+  });
+  window().resize(1280, 800);
+  await("both pictures in the first size", [](const Image& p) {
+    return p.width() == 1280 && p.part(kPlot).count(isCurve) > 200 && surfacePixels(p) > 100;
+  });
+}
+
+}  // namespace
+}  // namespace morvane::gui
