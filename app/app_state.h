@@ -16,6 +16,7 @@ class Fl_Window;
 namespace morvane {
 
 class ConfigManagerWindow;
+class FilterWindow;
 class GLWindow;
 class ResultsPanel;
 
@@ -33,6 +34,7 @@ struct AppState {
   Fl_Text_Buffer* consoleText = nullptr;
   Fl_Window* aboutWindow = nullptr;
   Fl_Window* heatMapDialog = nullptr;
+  FilterWindow* filterWindow = nullptr;
   ConfigManagerWindow* configManager = nullptr;
   ResultsPanel* resultsPanel = nullptr;
 

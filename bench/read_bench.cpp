@@ -7,13 +7,14 @@
 #include <filesystem>
 #include <memory>
 #include <ostream>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
 #include "bench/figures.h"
-#include "resfile/file_io.h"
 #include "resfile/little_endian.h"
 #include "resfile/res_file.h"
+#include "resfile/safe_file.h"
 
 namespace {
 
@@ -33,8 +34,10 @@ std::string fileOf(std::int32_t side) {
   writeLe(bytes.data() + 4, side);
   writeLe(bytes.data() + 8, side);
   writeLe(bytes.data() + 20, std::int32_t{4});
-  const FilePtr file = openForWriting(path);
-  std::fwrite(bytes.data(), 1, bytes.size(), file.get());
+  SafeFile file(path);
+  file.write(bytes.data(), bytes.size());
+  const std::string reason = file.commit();
+  if (!reason.empty()) throw std::runtime_error(reason);
   return path;
 }
 

@@ -15,6 +15,14 @@ foreach(library BulletDynamics BulletCollision LinearMath)
   target_link_libraries(morvane_bullet INTERFACE ${BULLET_LIBRARY_${library}})
 endforeach()
 
+# FFTW comes without a config file where its own build system made it, so it is found by header and
+# library.
+find_path(FFTW_INCLUDE_FOLDER fftw3.h REQUIRED)
+find_library(FFTW_LIBRARY fftw3 REQUIRED)
+add_library(morvane_fftw INTERFACE)
+target_include_directories(morvane_fftw SYSTEM INTERFACE ${FFTW_INCLUDE_FOLDER})
+target_link_libraries(morvane_fftw INTERFACE ${FFTW_LIBRARY})
+
 # FLTK's own config file names a program that distributions pack separately, so it is found by
 # header and libraries.
 find_path(FLTK_INCLUDE_FOLDER FL/Fl_Gl_Window.H REQUIRED)

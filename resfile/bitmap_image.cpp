@@ -2,6 +2,8 @@
 
 #include <array>
 #include <cstdio>
+#include <limits>
+#include <new>
 #include <ostream>
 
 #include "resfile/file_io.h"
@@ -69,16 +71,15 @@ std::int16_t BitmapImage::readBitmap(const std::string& path) {
   pixels_.clear();
   if (header_.signature != kSignature) *log_ << "File not Bitmap Format!\n";
   logHeader();
+  if (!sizesAreTrue(lengthOf(file.get())) || !makeRoom()) {
+    *log_ << "Bitmap of impossible size: " << header_.width << " x " << header_.height << '\n';
+    return header_.bitsPerPixel;
+  }
   if (header_.bitsPerPixel != 8 && header_.bitsPerPixel != 24) {
     *log_ << "Unsupported BPP for Bitmap\n";
     return header_.bitsPerPixel;
   }
-  if (!sizesAreTrue(lengthOf(file.get()))) {
-    *log_ << "Bitmap of impossible size: " << header_.width << " x " << header_.height << '\n';
-    return header_.bitsPerPixel;
-  }
   const std::size_t row = static_cast<std::size_t>(header_.width) * bytesPerPixel();
-  pixels_.assign(row * static_cast<std::size_t>(header_.height), 0);
   if (std::fseek(file.get(), static_cast<long>(header_.dataOffset), SEEK_SET) == 0) {
     readRows(file.get(), pixels_, row, static_cast<long>(paddingOf(header_.width)));
   }
@@ -89,7 +90,19 @@ bool BitmapImage::sizesAreTrue(std::uint64_t fileBytes) const {
   if (header_.width <= 0 || header_.height <= 0) return false;
   const std::uint64_t pixels =
       static_cast<std::uint64_t>(header_.width) * static_cast<std::uint64_t>(header_.height);
-  return pixels <= fileBytes / bytesPerPixel();
+  return pixels <= fileBytes / bytesPerPixel() &&
+         pixels <= std::numeric_limits<std::int32_t>::max();
+}
+
+bool BitmapImage::makeRoom() {
+  try {
+    pixels_.assign(static_cast<std::size_t>(header_.width) *
+                       static_cast<std::size_t>(header_.height) * bytesPerPixel(),
+                   0);
+  } catch (const std::bad_alloc&) {
+    return false;
+  }
+  return true;
 }
 
 void BitmapImage::logHeader() const {

@@ -50,6 +50,7 @@ class BitmapImage {
 
  private:
   void logHeader() const;
+  bool makeRoom();
   [[nodiscard]] bool sizesAreTrue(std::uint64_t fileBytes) const;
 
   std::ostream* log_;

@@ -16,8 +16,14 @@ using FilePtr = std::unique_ptr<std::FILE, FileCloser>;
 /// pipes and devices are refused too, since reading one could wait for ever.
 FilePtr openForReading(const std::string& path);
 
-/// Creates or empties `path` for binary writing. Null with `errno` set on failure.
-FilePtr openForWriting(const std::string& path);
+/// Creates `path`, which must not exist, for binary writing. Null with `errno` set on failure.
+FilePtr createForWriting(const std::string& path);
+
+/// A name that nothing has: `path` with `ending` behind it, and a number where that is taken.
+std::string freeName(const std::string& path, const std::string& ending);
+
+/// Opens the existing `path` to be written over in places. Null with `errno` set on failure.
+FilePtr openForUpdate(const std::string& path);
 
 /// Whether there is anything under the name `path`.
 bool fileExists(const std::string& path);

@@ -23,7 +23,11 @@ FilePtr openForReading(const std::string& path) {
   return FilePtr(file);
 }
 
-FilePtr openForWriting(const std::string& path) { return FilePtr(std::fopen(path.c_str(), "wb")); }
+FilePtr createForWriting(const std::string& path) {
+  return FilePtr(std::fopen(path.c_str(), "wbx"));
+}
+
+FilePtr openForUpdate(const std::string& path) { return FilePtr(std::fopen(path.c_str(), "r+b")); }
 
 bool fileExists(const std::string& path) { return ::access(path.c_str(), F_OK) == 0; }
 

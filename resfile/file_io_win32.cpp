@@ -32,8 +32,12 @@ FilePtr openForReading(const std::string& path) {
   return FilePtr(_wfopen(name.c_str(), L"rb"));
 }
 
-FilePtr openForWriting(const std::string& path) {
-  return FilePtr(_wfopen(wide(path).c_str(), L"wb"));
+FilePtr createForWriting(const std::string& path) {
+  return FilePtr(_wfopen(wide(path).c_str(), L"wbx"));
+}
+
+FilePtr openForUpdate(const std::string& path) {
+  return FilePtr(_wfopen(wide(path).c_str(), L"r+b"));
 }
 
 bool fileExists(const std::string& path) { return _waccess(wide(path).c_str(), 0) == 0; }

@@ -84,6 +84,7 @@ void resFile::read() {
 HeaderBytes resFile::readHeader(std::FILE* file, std::int32_t& version) {
   HeaderBytes bytes{};
   headerSize_ = readUpTo(file, bytes.data(), bytes.size());
+  ownHeader_ = bytes;
   version = readLe<std::int32_t>(bytes.data() + 20);
   *log_ << "(resFile) -- File version: " << version << '\n';
   if (version >= 4) {

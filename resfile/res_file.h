@@ -38,7 +38,7 @@ class resFile {
 
   /// A share of what the last read brought; worth having only when that read `isValid`.
   [[nodiscard]] Measurement measurement() const {
-    return {path_, header_, results_, rawHeader_, grid_};
+    return {path_, header_, results_, rawHeader_, ownHeader_, grid_};
   }
 
   [[nodiscard]] const ResHeader& header() const { return header_; }
@@ -67,6 +67,7 @@ class resFile {
   ResHeader header_;
   ResResults results_;
   HeaderBytes rawHeader_{};
+  HeaderBytes ownHeader_{};
   std::shared_ptr<const HeightGrid> grid_;
   std::uint32_t pointCount_ = 0;
   std::uint64_t headerSize_ = 0;

@@ -7,8 +7,16 @@
 namespace morvane {
 
 SafeFile::SafeFile(std::string target)
-    : target_(std::move(target)), temporary_(target_ + ".part"), file_(openForWriting(temporary_)) {
+    : target_(std::move(target)),
+      temporary_(freeName(target_, ".part")),
+      file_(createForWriting(temporary_)) {
   if (!file_) keepReason();
+}
+
+std::string freeName(const std::string& path, const std::string& ending) {
+  std::string name = path + ending;
+  for (int number = 2; fileExists(name); ++number) name = path + ending + std::to_string(number);
+  return name;
 }
 
 SafeFile::~SafeFile() {

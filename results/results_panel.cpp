@@ -34,6 +34,20 @@ std::string tooltipText(std::string_view text) {
 }  // namespace
 
 /// A text display without margins, scroll bars or cursor that only shows its own buffer.
+/// `text` with every byte that is no UTF-8 as the Windows-1252 character it then stands for: the
+/// toolkit's displays read on behind an unfinished sequence.
+std::string wellFormed(const std::string& text) {
+  std::string formed;
+  const char* end = text.data() + text.size();
+  int length = 0;
+  for (const char* at = text.data(); at < end; at += length) {
+    const unsigned character = fl_utf8decode(at, end, &length);
+    std::array<char, 4> bytes;
+    formed.append(bytes.data(), static_cast<std::size_t>(fl_utf8encode(character, bytes.data())));
+  }
+  return formed;
+}
+
 class ColumnText : public Fl_Text_Display {
  public:
   ColumnText() : Fl_Text_Display(0, 0, 0, 0), text_(kBufferBytes) {
@@ -59,7 +73,7 @@ class ColumnText : public Fl_Text_Display {
   }
 
   void write(const std::string& text) {
-    text_.text(text.c_str());
+    text_.text(wellFormed(text).c_str());
     redraw();
   }
 

@@ -12,6 +12,16 @@ std::string answerOf(Fl_Native_File_Chooser& chooser) {
   return name != nullptr ? name : "";
 }
 
+/// `text` as the toolkit's boxes show it unchanged: their sign for a symbol is doubled.
+std::string plain(const std::string& text) {
+  std::string masked;
+  for (const char c : text) {
+    if (c == '@') masked += c;
+    masked += c;
+  }
+  return masked;
+}
+
 }  // namespace
 
 std::string chooseFileToOpen(const char* filter, const std::string& folder) {
@@ -31,11 +41,21 @@ std::string chooseFileToSave(const SaveRequest& request) {
   return answerOf(chooser);
 }
 
-void showAlert(const std::string& text) { fl_alert("%s", text.c_str()); }
+void showAlert(const std::string& text) { fl_alert("%s", plain(text).c_str()); }
+
+std::string askName(const std::string& question, const std::string& preset) {
+  const char* answer = fl_input("%s", preset.c_str(), question.c_str());
+  return answer != nullptr ? answer : "";
+}
+
+bool confirmOpen(const std::string& path) {
+  return fl_choice("%s\n\nThe file is saved. Open it now?", "No", "Open", nullptr,
+                   plain(path).c_str()) == 1;
+}
 
 bool confirmReplace(const std::string& path) {
-  return fl_choice("%s\n\nThis file exists already.", "Cancel", "Replace", nullptr, path.c_str()) ==
-         1;
+  return fl_choice("%s\n\nThis file exists already.", "Cancel", "Replace", nullptr,
+                   plain(path).c_str()) == 1;
 }
 
 }  // namespace morvane

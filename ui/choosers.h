@@ -24,6 +24,12 @@ std::string chooseFileToSave(const SaveRequest& request);
 /// Shows `text` until it is confirmed.
 void showAlert(const std::string& text);
 
+/// Asks for a name, offering `preset`. Empty when cancelled.
+std::string askName(const std::string& question, const std::string& preset);
+
+/// Asks whether the file `path`, which has just been written, shall be opened.
+bool confirmOpen(const std::string& path);
+
 /// Asks whether the existing file `path` may be replaced.
 bool confirmReplace(const std::string& path);
 

@@ -1,6 +1,6 @@
 #include "ui/control_rules.h"
 
-#include <charconv>
+#include <cmath>
 
 #include "results/layouts.h"
 
@@ -13,6 +13,8 @@ constexpr float kStep = 0.05F;
 constexpr float kSmallestScale = 1e-10F;
 
 }  // namespace
+
+double finiteScale(float zScale) { return std::isfinite(zScale) ? double{zScale} : 1.0; }
 
 std::string readoutText(float zScale) { return fixedText(zScale, 0) + "x"; }
 
@@ -27,19 +29,6 @@ std::string stripUnit(std::string_view text) {
     text.remove_prefix(1);
   }
   return stripped;
-}
-
-double leadingNumber(std::string_view text) {
-  const auto begin = text.find_first_not_of(" \t");
-  if (begin == std::string_view::npos) return 0.0;
-  text.remove_prefix(begin);
-  const std::size_t sign = text.starts_with('+') || text.starts_with('-') ? 1 : 0;
-  // Words such as "nan" and "inf" are no decimal numbers.
-  if (text.find_first_of("0123456789.", sign) != sign) return 0.0;
-  if (text.starts_with('+')) text.remove_prefix(1);
-  double value = 0.0;
-  std::from_chars(text.data(), text.data() + text.size(), value);
-  return value;
 }
 
 float steppedScale(int direction, float base, float maximum, float current) {

@@ -20,22 +20,16 @@
 #include "results/results_panel.h"
 #include "ui/choosers.h"
 #include "ui/console.h"
+#include "ui/control_rules.h"
+#include "ui/filter_actions.h"
 #include "ui/menu.h"
 #include "ui/view_controls.h"
 #include "ui/view_layout.h"
+#include "ui/wait_cursor.h"
 #include "view/gl_window.h"
 
 namespace morvane {
 namespace {
-
-/// Shows the wait cursor while it lives.
-class WaitCursor {
- public:
-  WaitCursor() { appState().mainWindow->cursor(FL_CURSOR_WAIT); }
-  ~WaitCursor() { appState().mainWindow->cursor(FL_CURSOR_DEFAULT); }
-  WaitCursor(const WaitCursor&) = delete;
-  WaitCursor& operator=(const WaitCursor&) = delete;
-};
 
 /// The folder of the measurement on show; empty before the first.
 std::string lastFolder() {
@@ -93,11 +87,12 @@ void showSurface() {
 
 void resetControls() {
   AppState& app = appState();
-  app.scaleSlider->bounds(1e-10, app.glView->maxScale());
+  app.scaleSlider->bounds(1e-10, 2.0 * finiteScale(app.glView->sliderScale()));
   std::cout << "MAX SCALE: " << app.glView->maxScale() << '\n';
   app.cropMode = true;
   applyLimits(nullptr, kLimitsButton);
   showMeasured();
+  app.scaleSlider->value(finiteScale(app.glView->sliderScale()));
 }
 
 void offerResults() {
@@ -119,6 +114,7 @@ void showOpened() {
   const WaitCursor wait;
   AppState& app = appState();
   app.glView->updateMeasurement();
+  if (app.glView->filterEnabled()) applyFilter();
   app.logoBox->hide();
   app.fileLoaded = true;
   const BitmapFolder bitmaps = scanBitmaps(app.glView->measurement().path, std::cout);
@@ -133,8 +129,9 @@ void showOpened() {
 
 }  // namespace
 
-void openMeasurement(Fl_Widget* /*widget*/, long mode) {
-  const std::string path = pathToOpen(mode);
+void openMeasurement(Fl_Widget* /*widget*/, long mode) { openFile(pathToOpen(mode)); }
+
+void openFile(const std::string& path) {
   if (!openForReading(path)) {
     appendConsole("File does not exist!");
     return;

@@ -1,6 +1,8 @@
 // The actions on whole measurement files.
 #pragma once
 
+#include <string>
+
 class Fl_Widget;
 
 namespace morvane {
@@ -14,6 +16,9 @@ inline constexpr long kOpenFromButton = 4;
 /// opened adds a line to the console strip; one that is no whole measurement brings an alert. In
 /// both cases what is on show stays as it is and usable.
 void openMeasurement(Fl_Widget* widget, long mode);
+
+/// Opens `path` as `openMeasurement` does with the file that was chosen.
+void openFile(const std::string& path);
 
 /// Writes a byte-for-byte copy of the measurement on show under a name the operator chooses, with
 /// ".res" behind it whatever was typed. An existing file is replaced only after asking; the open

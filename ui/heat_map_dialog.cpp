@@ -35,8 +35,8 @@ void addButton(int x, const char* label, Fl_Callback* callback) {
 }
 
 void apply(Fl_Widget* /*widget*/, void* /*data*/) {
-  appState().glView->setGlobalLimits(static_cast<float>(leadingNumber(globalMax->value())),
-                                     static_cast<float>(leadingNumber(globalMin->value())));
+  appState().glView->setGlobalLimits(leadingFloat(globalMax->value()),
+                                     leadingFloat(globalMin->value()));
 }
 
 void reset(Fl_Widget* /*widget*/, void* /*data*/) { appState().glView->clearGlobalLimits(); }

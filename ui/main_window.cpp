@@ -9,13 +9,17 @@
 #include <FL/Fl_Shared_Image.H>
 #include <FL/Fl_Text_Display.H>
 
+#include <algorithm>
+
 #include "app/app_state.h"
+#include "filter/filter_window.h"
 #include "results/results_panel.h"
 #include "ui/about_window.h"
 #include "ui/button_box.h"
 #include "ui/config_manager.h"
 #include "ui/console.h"
 #include "ui/controls.h"
+#include "ui/filter_actions.h"
 #include "ui/heat_map_dialog.h"
 #include "ui/images.h"
 #include "ui/look.h"
@@ -43,6 +47,13 @@ void setIcon() {
   const auto* pixels = reinterpret_cast<const uchar*>(image->data()[0]);
   const Fl_RGB_Image icon(pixels, image->w(), image->h(), image->d());
   Fl_Window::default_icon(&icon);
+}
+
+/// Pictures that are loaded, as all others, but placed nowhere.
+void loadSparePictures() {
+  for (const char* name : {"auto.png", "3D.png", "points.png", "ico2d.png", "ico3d.png"}) {
+    loadImage("Icons", name);
+  }
 }
 
 /// The column of results is laid out for a face with these metrics.
@@ -87,6 +98,16 @@ GLWindow* makeView(AppState& app) {
   return view;
 }
 
+FilterWindow* makeFilterWindow() {
+  auto* window = new FilterWindow;
+  window->onApply = applyFilter;
+  window->fieldLength = [] {
+    const ResHeader& header = appState().glView->measurement().header;
+    return std::max(header.width * header.pixelSizeX, header.height * header.pixelSizeY);
+  };
+  return window;
+}
+
 Fl_Box* makeLogoBox() {
   auto* box = new Fl_Box(140, kMenuHeight, kViewWidth, kViewHeight);
   box->image(loadImage("Logos", "CX-Logo-white.png", 1000, 120));
@@ -119,19 +140,21 @@ void buildMainWindow() {
   useProgramFont();
   registerButtonBox();
   setIcon();
+  loadSparePictures();
   app.mainWindow = makeWindow();
   app.menuBar = makeMenuBar();
-  buildMenu();
   app.glView = makeView(app);
   app.logoBox = makeLogoBox();
   app.controlsPanel = makeControlsPanel();
   app.consolePanel = makeConsolePanel(app);
   app.resultsPanel = new ResultsPanel(app.exeFolder);
   app.resultsPanel->hide();
+  buildMenu();
   app.mainWindow->resizable(app.glView);
   app.mainWindow->end();
   app.mainWindow->hide();
   app.aboutWindow = buildAboutWindow();
+  app.filterWindow = makeFilterWindow();
   app.heatMapDialog = buildHeatMapDialog();
   app.configManager = new ConfigManagerWindow;
 }

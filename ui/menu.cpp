@@ -9,10 +9,15 @@
 #include <string_view>
 
 #include "app/app_state.h"
+#include "app/paths.h"
+#include "results/results_panel.h"
 #include "ui/config_manager.h"
 #include "ui/file_actions.h"
+#include "ui/filter_actions.h"
 #include "ui/heat_map_dialog.h"
+#include "ui/region_actions.h"
 #include "ui/view_controls.h"
+#include "ui/view_layout.h"
 #include "view/gl_window.h"
 
 namespace morvane {
@@ -22,17 +27,38 @@ struct MenuEntry {
   const char* path;
   int shortcut;
   int flags;
+  bool (*state)();  ///< of a check box
 };
 
 constexpr MenuEntry kMenu[] = {
-    {"&File/&Open", FL_CTRL + 'o', 0},
-    {"&File/&Save Copy as...", FL_CTRL + 's', FL_MENU_DIVIDER},
-    {"&File/&Quit", FL_CTRL + 'q', 0},
+    {"&File/&Open", FL_CTRL + 'o', 0, nullptr},
+    {"&File/&Save Copy as...", FL_CTRL + 's', FL_MENU_DIVIDER, nullptr},
+    {"&File/&Quit", FL_CTRL + 'q', 0, nullptr},
     // Kept: the action's label is "&FullScreen", so this item does nothing.
-    {"&Edit/&Fullscreen", FL_ALT + 'f', 0},
-    {"&Options/Axis Key", 0, FL_MENU_TOGGLE | FL_MENU_VALUE},
-    {"&Options/Heatmap/Scale", 0, 0},
-    {"&Help/About", 0, 0},
+    {"&Edit/&Fullscreen", FL_ALT + 'f', 0, nullptr},
+    {"&Options/Axis Key", 0, FL_MENU_TOGGLE, [] { return appState().glView->axesVisible(); }},
+    {"&Options/Heatmap/Scale", 0, 0, nullptr},
+    {"&Help/About", 0, 0, nullptr},
+};
+
+// What the standard menu leaves out.
+constexpr MenuEntry kFullMenu[] = {
+    {"&Tools/&Filter", 0, FL_MENU_TOGGLE, [] { return appState().glView->filterEnabled(); }},
+    {"&Tools/&Filter Settings", 0, FL_MENU_DIVIDER, nullptr},
+    {"&Tools/Surface as Points", 0, FL_MENU_TOGGLE,
+     [] { return !appState().glView->filledPolygons(); }},
+    {"&Tools/Lighting", 0, FL_MENU_TOGGLE, [] { return appState().glView->lightingOn(); }},
+    {"&Tools/&Heat Map Key", 0, FL_MENU_TOGGLE | FL_MENU_DIVIDER,
+     [] { return appState().glView->keyVisible(); }},
+    {"&Tools/Whole Profile Line", 0, FL_MENU_TOGGLE,
+     [] { return appState().glView->profileLineMode; }},
+    {"&Tools/Grid Box", 0, FL_MENU_TOGGLE, [] { return appState().glView->gridMode(); }},
+    {"&Tools/Save region...", 0, FL_MENU_DIVIDER, nullptr},
+    {"&Tools/Results Column", 0, FL_MENU_TOGGLE,
+     [] { return appState().resultsPanel->visible() != 0; }},
+    {"&Tools/Console", 0, FL_MENU_TOGGLE, [] { return appState().consolePanel->visible() != 0; }},
+    {"&Tools/&FullScreen", 0, FL_MENU_TOGGLE, [] { return appState().fullScreen; }},
+    {"&Tools/&Connections", 0, 0, nullptr},
 };
 
 constexpr const char* kBitmapMenu = "&BMPs/";
@@ -44,16 +70,46 @@ void toggleFullScreen() {
   app.fullScreen = !app.fullScreen;
 }
 
+void toggleConsole() {
+  Fl_Window& console = *appState().consolePanel;
+  console.visible() ? console.hide() : console.show();
+}
+
+void toggleGridBox() {
+  GLWindow& view = *appState().glView;
+  view.setGridMode(!view.gridMode());
+}
+
+void toggleWholeLine() {
+  GLWindow& view = *appState().glView;
+  view.profileLineMode = !view.profileLineMode;
+}
+
 struct MenuAction {
   std::string_view label;
   void (*run)();
 };
 
 constexpr MenuAction kActions[] = {
-    {"&Open", [] { openMeasurement(nullptr, kOpenFromMenu); }}, {"&Save Copy as...", saveCopy},
-    {"About", [] { appState().aboutWindow->show(); }},          {"&FullScreen", toggleFullScreen},
-    {"&Connections", [] { appState().configManager->show(); }}, {"Scale", showHeatMapDialog},
-    {"Axis Key", [] { appState().glView->toggleAxes(); }},      {"&Quit", [] { std::exit(0); }},
+    {"&Open", [] { openMeasurement(nullptr, kOpenFromMenu); }},
+    {"&Save Copy as...", saveCopy},
+    {"About", [] { appState().aboutWindow->show(); }},
+    {"&FullScreen", toggleFullScreen},
+    {"&Connections", [] { appState().configManager->show(); }},
+    {"&Filter", toggleFilter},
+    {"&Filter Settings", showFilterWindow},
+    {"Scale", showHeatMapDialog},
+    {"Axis Key", [] { appState().glView->setAxesVisible(!appState().glView->axesVisible()); }},
+    {"&Quit", [] { std::exit(0); }},
+    {"Surface as Points",
+     [] { appState().glView->setFilledPolygons(!appState().glView->filledPolygons()); }},
+    {"Lighting", [] { appState().glView->setLighting(!appState().glView->lightingOn()); }},
+    {"&Heat Map Key", [] { appState().glView->setKeyVisible(!appState().glView->keyVisible()); }},
+    {"Whole Profile Line", toggleWholeLine},
+    {"Grid Box", toggleGridBox},
+    {"Save region...", saveShownRegion},
+    {"Results Column", toggleResultsColumn},
+    {"Console", toggleConsole},
 };
 
 /// The one callback of every fixed item: acts by the item's own label.
@@ -76,8 +132,7 @@ void onBitmapItem(Fl_Widget* /*widget*/, void* index) {
 std::string menuText(const std::string& name) {
   std::string text;
   for (const char c : name) {
-    if (c == '/' || c == '\\') text += '\\';
-    if (c == '&') text += '&';
+    if (c == '&' || c == '@') text += c;
     text += c;
   }
   return text;
@@ -86,21 +141,30 @@ std::string menuText(const std::string& name) {
 }  // namespace
 
 void buildMenu() {
-  for (const MenuEntry& entry : kMenu) {
-    appState().menuBar->add(entry.path, entry.shortcut, onMenu, nullptr, entry.flags);
-  }
+  const auto add = [](const MenuEntry& entry) {
+    const bool checked = entry.state != nullptr && entry.state();
+    appState().menuBar->add(entry.path, entry.shortcut, onMenu, nullptr,
+                            entry.flags | (checked ? FL_MENU_VALUE : 0));
+  };
+  for (const MenuEntry& entry : kMenu) add(entry);
+  if (environmentText("MORVANE_MENU") != "full") return;
+  for (const MenuEntry& entry : kFullMenu) add(entry);
 }
 
 void rebuildMenu() {
   appState().menuBar->clear();
+  // A new measurement shows its axes, as the menu then says.
+  appState().glView->setAxesVisible(true);
   buildMenu();
 }
 
 void addBitmapItem(const std::string& name, long index, bool chosen) {
   Fl_Menu_Bar* menu = appState().menuBar;
+  // Added by its number: a name may look like another's, or like a path of menus.
   const int item =
-      menu->add((kBitmapMenu + menuText(name)).c_str(), 0, onBitmapItem,
+      menu->add((kBitmapMenu + std::to_string(index)).c_str(), 0, onBitmapItem,
                 reinterpret_cast<void*>(static_cast<fl_intptr_t>(index)), FL_MENU_RADIO);
+  menu->replace(item, menuText(name).c_str());
   if (!chosen) return;
   // Kept: two items may be marked, though they are radio items.
   menu->mode(item, menu->mode(item) | FL_MENU_VALUE);

@@ -46,15 +46,15 @@ void showAutomaticLimits() {
 
 void showScale() {
   const AppState& app = appState();
-  app.scaleSlider->value(app.glView->zScale());
+  app.scaleSlider->value(finiteScale(app.glView->zScale()));
   app.scaleSlider->redraw();
   app.scaleReadout->text(readoutText(app.glView->zScale()).c_str());
 }
 
 Crop typedLimits(const std::string& maximum, const std::string& minimum) {
   return {.on = appState().glView->model().crop.on,
-          .min = static_cast<float>(leadingNumber(minimum)),
-          .max = static_cast<float>(leadingNumber(maximum))};
+          .min = leadingFloat(minimum),
+          .max = leadingFloat(maximum)};
 }
 
 /// The crop button's press; returns the limits then in force.
@@ -95,7 +95,9 @@ void toggleHeatMap(Fl_Widget* /*widget*/, long /*action*/) {
   }
   app.heatMapOn = !app.heatMapOn;
   view.swapColourSource();
-  if (view.bitmapAvailable()) view.requestRebuild();
+  if (!view.bitmapAvailable()) return;
+  view.requestRebuild();
+  view.ensureMeasured();
 }
 
 void changeScale(Fl_Widget* /*widget*/, long action) {
@@ -133,6 +135,7 @@ void resetView(Fl_Widget* /*widget*/, long /*action*/) {
   view.setCrop({.on = view.model().crop.on, .min = limits.trueMin, .max = limits.trueMax});
   showAutomaticLimits();
   view.requestRebuild();
+  view.ensureMeasured();
 }
 
 void selectBitmap(long index) {
@@ -159,7 +162,7 @@ void setProfileMode(Fl_Widget* /*widget*/, long action) {
   }
   on ? app.profileButton->hide() : app.profileButton->show();
   if (on || view.visible()) view.setProfileMode(on);
-  on ? view.profiler().show() : view.profiler().hide();
+  on&& view.glUsable() ? view.profiler().show() : view.profiler().hide();
   app.controlsPanel->show();  // on top: its right edge lies over theirs
   layoutViews();
 }

@@ -1,5 +1,6 @@
 #include "ui/view_layout.h"
 
+#include <FL/Fl_Button.H>
 #include <FL/Fl_Double_Window.H>
 
 #include <iostream>
@@ -10,6 +11,10 @@
 
 namespace morvane {
 namespace {
+
+constexpr int kConsoleX = 135;
+constexpr int kConsoleHeight = 150;
+constexpr int kConsoleOverhang = 15;  // kept: the strip is wider than the room beside the controls
 
 void logGeometry(const char* width, const char* height, const char* x, const char* y,
                  const Fl_Widget& widget) {
@@ -32,6 +37,9 @@ void layoutViews() {
                                 kProfileHeight);
   app.resultsPanel->resize(kControlsWidth + width, kMenuHeight, kResultsWidth,
                            app.mainWindow->h() - kMenuHeight);
+  app.controlsPanel->resize(2, kMenuHeight, kControlsWidth, app.mainWindow->h() - kMenuHeight);
+  app.consolePanel->resize(kConsoleX, app.mainWindow->h() - kConsoleHeight,
+                           app.mainWindow->w() - kConsoleX + kConsoleOverhang, kConsoleHeight);
   // What was placed by hand is the new starting point of the toolkit's own resizing.
   app.mainWindow->init_sizes();
   app.mainWindow->redraw();
@@ -48,6 +56,17 @@ void toggleDetails() {
         "Details Width: ", "Details Height: ", "Details X: ", "Details Y: ", *app.resultsPanel);
   }
   app.detailsShown = !app.detailsShown;
+}
+
+void toggleResultsColumn() {
+  AppState& app = appState();
+  if (!app.glView->modelLoaded()) return;
+  app.detailsShown = app.resultsPanel->visible() == 0;
+  if (app.detailsShown) {
+    app.resultsPanel->showResults();
+    app.detailsButton->show();
+  }
+  toggleDetails();
 }
 
 }  // namespace morvane

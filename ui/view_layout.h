@@ -11,6 +11,9 @@ inline constexpr int kProfileHeight = 250;
 /// Places the three for the main window's present size and what of them is shown.
 void layoutViews();
 
+/// Shows the results column, for every measurement, or hides it.
+void toggleResultsColumn();
+
 /// The details button: shows the results column beside the view, or gives the view its room back.
 void toggleDetails();
 

@@ -108,9 +108,34 @@ void GLWindow::resetCamera() {
   redraw();
 }
 
-void GLWindow::toggleAxes() {
-  axesVisible_ = !axesVisible_;
+void GLWindow::setAxesVisible(bool visible) {
+  axesVisible_ = visible;
   redraw();
+}
+
+void GLWindow::setKeyVisible(bool visible) {
+  keyVisible_ = visible;
+  redraw();
+}
+
+void GLWindow::setFilledPolygons(bool filled) {
+  filledPolygons_ = filled;
+  redraw();
+}
+
+void GLWindow::setLighting(bool on) {
+  lightingOn_ = on;
+  redraw();
+}
+
+void GLWindow::setFilterEnabled(bool enabled) {
+  model_.useFiltered = enabled;
+  requestRebuild();
+}
+
+void GLWindow::setFiltered(std::shared_ptr<const HeightGrid> grid) {
+  model_.setFiltered(std::move(grid));
+  requestRebuild();
 }
 
 void GLWindow::setGlobalLimits(float max, float min) {

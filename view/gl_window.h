@@ -79,7 +79,21 @@ class GLWindow : public Fl_Gl_Window {
   /// Puts the camera back to its first place.
   void resetCamera();
 
-  void toggleAxes();
+  [[nodiscard]] bool axesVisible() const { return axesVisible_; }
+  void setAxesVisible(bool visible);
+  [[nodiscard]] bool keyVisible() const { return keyVisible_; }
+  void setKeyVisible(bool visible);
+  [[nodiscard]] bool filledPolygons() const { return filledPolygons_; }
+  /// Draws the surface as triangles, or as points.
+  void setFilledPolygons(bool filled);
+  [[nodiscard]] bool lightingOn() const { return lightingOn_; }
+  void setLighting(bool on);
+
+  [[nodiscard]] bool filterEnabled() const { return model_.useFiltered; }
+  /// Shows the filtered heights, where there are some that fit, or the raw ones.
+  void setFilterEnabled(bool enabled);
+  /// Takes the outcome of a filter run; null for none.
+  void setFiltered(std::shared_ptr<const HeightGrid> grid);
   /// Limits the key's labels run between in place of the surface's own.
   void setGlobalLimits(float max, float min);
   void clearGlobalLimits();

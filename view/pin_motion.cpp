@@ -1,6 +1,8 @@
 #include "view/pin_motion.h"
 
+#include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "surface/mesh.h"
 
@@ -25,6 +27,18 @@ float clamped(float value, float most) {
 float numberOrZero(float value) { return std::isnan(value) ? 0.0F : value; }
 
 bool inside(float value, float most) { return value > 0.0F && value < most; }
+
+/// First and number of the grid points between two coordinates of one axis.
+std::pair<std::size_t, std::size_t> pointsBetween(float a, float b, std::size_t count) {
+  const auto point = [count](float coordinate) {
+    const float place =
+        std::clamp(numberOrZero(coordinate) * kPointsPerUnit, 0.0F, static_cast<float>(count - 1));
+    return static_cast<std::size_t>(place);
+  };
+  const std::size_t first = std::min(std::min(point(a), point(b)), count - 2);
+  const std::size_t last = std::max(std::max(point(a), point(b)), first + 1);
+  return {first, last - first + 1};
+}
 
 }  // namespace
 
@@ -63,6 +77,12 @@ PinPair movePins(const PinPair& pins, glm::vec2 motion, const GridSize& grid) {
     if (!free) motion[axis] = 0.0F;
   }
   return {movePin(pins.a, motion, grid), movePin(pins.b, motion, grid)};
+}
+
+GridRegion regionBetween(const PinPair& corners, const GridSize& grid) {
+  const auto [column, width] = pointsBetween(corners.a.x, corners.b.x, grid.width);
+  const auto [row, height] = pointsBetween(corners.a.y, corners.b.y, grid.height);
+  return {column, row, width, height};
 }
 
 }  // namespace morvane

@@ -6,6 +6,8 @@
 #include <glm/vec2.hpp>
 #include <glm/vec3.hpp>
 
+#include "resfile/region_file.h"
+
 namespace morvane {
 
 /// Columns and rows of the height grid that pins stand on.
@@ -48,6 +50,10 @@ glm::vec3 movePin(const glm::vec3& position, glm::vec2 motion, const GridSize& g
 /// Both pins moved together: in an axis in which either would not stand strictly inside the grid
 /// neither moves, so that the line slides along the edge. Then both are clamped.
 PinPair movePins(const PinPair& pins, glm::vec2 motion, const GridSize& grid);
+
+/// The grid points between two corners, both included, at least 2 × 2 of them; `grid` must have
+/// that many.
+GridRegion regionBetween(const PinPair& corners, const GridSize& grid);
 
 /// The pins with their places exchanged.
 inline PinPair swapped(const PinPair& pins) { return {pins.b, pins.a}; }

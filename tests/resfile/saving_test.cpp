@@ -9,9 +9,11 @@
 #include <sstream>
 
 #include "resfile/file_copy.h"
+#include "resfile/region_file.h"
 #include "resfile/res_file.h"
 #include "resfile/safe_file.h"
 #include "tests/support/temporary_folder.h"
+#include "tools/measurement_builder.h"
 
 namespace morvane {
 namespace {
@@ -77,6 +79,15 @@ TEST(Saving, RefusesAWriteProtectedTarget) {
   EXPECT_EQ(folder.entries(), 1);
 }
 
+TEST(Saving, LeavesAFileWithATemporaryNameAlone) {
+  const TemporaryFolder folder;
+  std::ofstream(folder.file("a.res.part")) << "open measurement";
+  EXPECT_EQ(copyFile(folder.file("a.res.part"), folder.file("a.res")), "");
+  EXPECT_EQ(contentOf(folder.file("a.res")), "open measurement");
+  EXPECT_EQ(contentOf(folder.file("a.res.part")), "open measurement");
+  EXPECT_EQ(folder.entries(), 2);
+}
+
 TEST(Saving, ACopyIsTheSameBytes) {
   const TemporaryFolder folder;
   std::string bytes;
@@ -92,6 +103,66 @@ TEST(Saving, ACopyIsTheSameBytes) {
   EXPECT_EQ(copyFile("", folder.file("empty.res")), "");
   EXPECT_EQ(contentOf(folder.file("empty.res")), "");
   EXPECT_EQ(folder.entries(), 3);
+}
+
+// A region opens again with the heights, texts and results of its source, whatever that was and
+// whatever the reader read before it.
+TEST(Region, OpensAgainAsAPieceOfItsSource) {
+  const TemporaryFolder folder;
+  for (const auto& [version, numType] : {std::pair{4, kNumTypeDoubles},
+                                         {4, kNumTypeCounts16},
+                                         {3, kNumTypeDoubles},
+                                         {2, kNumTypeCounts16}}) {
+    MeasurementContent other;
+    other.width = other.height = 2;
+    other.heights = {9, 9, 9, 9};
+    other.partName = "another part";
+    writeBytes(folder.file("other.res"), encodeMeasurement(other));
+    MeasurementContent content;
+    content.version = version;
+    content.numType = numType;
+    content.width = 5;
+    content.height = 4;
+    content.pixelSizeX = 0.25;
+    content.heightScale = 0.5;
+    content.algorithmType = 9;
+    content.record.assign(16, 1.25F);
+    content.partName = "plate 7";
+    for (int i = 0; i < 20; ++i) {
+      content.heights.push_back(i * 0.1);
+      content.counts.push_back(static_cast<std::int16_t>(i * 3));
+    }
+    writeBytes(folder.file("source.res"), encodeMeasurement(content));
+
+    std::ostringstream log;
+    resFile reader(log);
+    reader.update(folder.file("other.res"));
+    reader.update(folder.file("source.res"));
+    ASSERT_TRUE(reader.isValid());
+    const Measurement source = reader.measurement();
+    ASSERT_EQ(saveRegion(reader, source, *source.grid, {1, 2, 3, 2}, folder.file("cut.res")), "");
+
+    resFile again(log);
+    again.update(folder.file("cut.res"));
+    ASSERT_TRUE(again.isValid()) << "version " << version;
+    EXPECT_EQ(again.grid()->width(), 3U);
+    for (std::size_t row = 0; row < 2; ++row) {
+      for (std::size_t column = 0; column < 3; ++column) {
+        EXPECT_EQ(again.grid()->row(row)[column], source.grid->row(row + 2)[column + 1]);
+      }
+    }
+    resFile alone(log);
+    alone.update(folder.file("source.res"));
+    EXPECT_EQ(again.header().headerVersion, version);
+    EXPECT_EQ(again.header().pixelSizeX, 0.25);
+    EXPECT_EQ(fieldText(again.header().headerText3), fieldText(alone.header().headerText3));
+    EXPECT_EQ(again.header().algorithmType, alone.header().algorithmType);
+    EXPECT_EQ(folder.entries(), 3);
+  }
+  for (const char* name : {"Region", "a b-c_d.1"}) EXPECT_TRUE(isRegionName(name)) << name;
+  for (const char* name : {"", "  ", "..", "a/b", "a\\b", "ä", "x:y"}) {
+    EXPECT_FALSE(isRegionName(name)) << name;
+  }
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 // Pins against the reference rows and at the edges of the grid.
 #include <gtest/gtest.h>
 
+#include <array>
 #include <cmath>
 
 #include "tests/view/golden_rows.h"
@@ -57,6 +58,20 @@ TEST(Pins, AreNeverWithoutAPlace) {
   EXPECT_EQ(clampedToGrid(glm::vec3(NAN, 0.1F, 0.05F), grid), glm::vec3(0.0F, 0.1F, 0.05F));
   const PinPair pins = {{0.1F, 0.1F, 0.05F}, {0.2F, 0.2F, 0.05F}};
   EXPECT_EQ(movePins(pins, {0.1F, NAN}, grid).b, glm::vec3(0.2F + 0.1F, 0.2F, 0.05F));
+}
+
+TEST(Pins, MarkARegionOfAtLeastTwoByTwoPointsInsideTheGrid) {
+  const GridSize grid = {40, 30};
+  const auto region = [&](const glm::vec3& a, const glm::vec3& b) {
+    const GridRegion r = regionBetween({a, b}, grid);
+    return std::array{r.column, r.row, r.width, r.height};
+  };
+  const auto corners = gridCorners(grid);
+  EXPECT_EQ(region(corners.a, corners.b), (std::array<std::size_t, 4>{0, 0, 40, 30}));
+  EXPECT_EQ(region({0.0205F, 0.0105F, 0}, {0.0105F, 0.0205F, 0}),
+            (std::array<std::size_t, 4>{10, 10, 11, 11}));
+  EXPECT_EQ(region({0.04F, 0.029F, 0}, {0.04F, 0.029F, 0}),
+            (std::array<std::size_t, 4>{38, 28, 2, 2}));
 }
 
 }  // namespace

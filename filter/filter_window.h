@@ -1,0 +1,45 @@
+// The window in which the filter's type and cut-offs are set.
+#pragma once
+
+#include <FL/Fl_Double_Window.H>
+
+#include <functional>
+#include <string>
+
+#include "filter/band_filter.h"
+
+class Fl_Box;
+class Fl_Check_Button;
+class Fl_Float_Input;
+
+namespace morvane {
+
+/// Its settings persist while the program runs. "Apply" leaves it open.
+class FilterWindow : public Fl_Double_Window {
+ public:
+  /// Builds the window, hidden.
+  FilterWindow();
+
+  [[nodiscard]] FilterSettings settings() const;
+
+  /// Says in the quiet line below the inputs what is odd about the present settings.
+  void updateHint();
+  /// Says `text` there until something is set.
+  void showHint(const std::string& text);
+
+  std::function<void()> onApply;        ///< "Apply" was pressed
+  std::function<double()> fieldLength;  ///< of the surface on show, mm; 0 without one
+
+ private:
+  Fl_Check_Button* addType(int y, const char* label);
+  Fl_Float_Input* addInput(int y, const char* label);
+
+  Fl_Float_Input* l1_;
+  Fl_Float_Input* l2_;
+  Fl_Check_Button* highPass_;
+  Fl_Check_Button* lowPass_;
+  Fl_Check_Button* bandPass_;
+  Fl_Box* hint_;
+};
+
+}  // namespace morvane

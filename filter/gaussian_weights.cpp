@@ -1,0 +1,94 @@
+#include "filter/gaussian_weights.h"
+
+#include <algorithm>
+#include <cmath>
+#include <numbers>
+
+namespace morvane {
+namespace {
+
+constexpr float kPi = 3.1415927F;
+
+/// In pixels, from wave number 0, which shares the wavelength of 1.
+std::vector<float> columnWavelengths(int nx) {
+  std::vector<float> lengths;
+  for (int k = 0; k <= nx / 2; ++k) lengths.push_back(static_cast<float>(nx / std::max(k, 1)));
+  return lengths;
+}
+
+/// The same, with the negative wave numbers behind the positive ones.
+std::vector<float> rowWavelengths(int ny) {
+  std::vector<float> lengths = columnWavelengths(ny);
+  for (int m = (-ny) / 2 + 1; m < 0; ++m) lengths.push_back(static_cast<float>(ny / m));
+  lengths.resize(static_cast<std::size_t>(ny), 0.0F);
+  return lengths;
+}
+
+std::vector<double> transmissions(const std::vector<float>& wavelengths, float cut) {
+  const auto alpha = static_cast<float>(std::sqrt(std::numbers::ln2 / std::numbers::pi));
+  std::vector<double> weights;
+  weights.reserve(wavelengths.size());
+  for (const float wavelength : wavelengths) {
+    const float ratio = alpha * cut / wavelength;
+    // Without a usable cut-off, and for 0 / 0 in the last of an odd count of rows, all passes.
+    weights.push_back(std::isnan(ratio) ? 1.0F : std::exp(-kPi * (ratio * ratio)));
+  }
+  return weights;
+}
+
+using FillRow = void (GaussianWeights::*)(std::size_t, std::span<double>) const;
+
+void fillGrid(std::span<double> grid, int nx, int ny, const GaussianWeights& weights,
+              FillRow fillRow) {
+  const std::size_t columns = spectrumColumns(nx);
+  for (std::size_t row = 0; row < static_cast<std::size_t>(ny); ++row) {
+    (weights.*fillRow)(row, grid.subspan(row * columns, columns));
+  }
+}
+
+bool fits(std::span<const double> grid, int nx, int ny) {
+  return nx >= 1 && ny >= 1 && grid.size() == spectrumColumns(nx) * static_cast<std::size_t>(ny);
+}
+
+}  // namespace
+
+double weightDivisor(double largest) {
+  const auto narrowed = static_cast<float>(largest);
+  return narrowed > 0.0F ? narrowed : 1.0;
+}
+
+// The largest product is that of the two largest factors: products of two floats are exact in
+// double, so no element can round past it.
+GaussianWeights::GaussianWeights(int nx, int ny, float cutX, float cutY, float pixelX, float pixelY)
+    : columns_(transmissions(columnWavelengths(nx), cutX / pixelX)),
+      rows_(transmissions(rowWavelengths(ny), cutY / pixelY)),
+      largest_(
+          weightDivisor(*std::ranges::max_element(rows_) * *std::ranges::max_element(columns_))) {}
+
+void GaussianWeights::lowPassRow(std::size_t row, std::span<double> weights) const {
+  const double ofRow = rows_[row];
+  for (std::size_t k = 0; k < columns_.size(); ++k) weights[k] = ofRow * columns_[k] / largest_;
+  if (row == 0) weights[0] = 1.0;
+}
+
+void GaussianWeights::highPassRow(std::size_t row, std::span<double> weights) const {
+  const double ofRow = rows_[row];
+  for (std::size_t k = 0; k < columns_.size(); ++k) {
+    weights[k] = 1.0 - ofRow * columns_[k] / largest_;
+  }
+  if (row == 0) weights[0] = 0.0;
+}
+
+void gaussianLowPassWeights(std::span<double> weights, int nx, int ny, float cutX, float cutY,
+                            float pixelX, float pixelY) {
+  if (!fits(weights, nx, ny)) return;
+  fillGrid(weights, nx, ny, {nx, ny, cutX, cutY, pixelX, pixelY}, &GaussianWeights::lowPassRow);
+}
+
+void gaussianHighPassWeights(std::span<double> weights, int nx, int ny, float cutX, float cutY,
+                             float pixelX, float pixelY) {
+  if (!fits(weights, nx, ny)) return;
+  fillGrid(weights, nx, ny, {nx, ny, cutX, cutY, pixelX, pixelY}, &GaussianWeights::highPassRow);
+}
+
+}  // namespace morvane

@@ -1,0 +1,62 @@
+#include "resfile/region_file.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <cstring>
+
+#include "resfile/file_io.h"
+#include "resfile/little_endian.h"
+
+namespace morvane {
+namespace {
+
+HeaderBytes regionHeader(const Measurement& source, const GridRegion& region) {
+  HeaderBytes bytes = source.ownHeader;
+  writeLe(bytes.data(), kNumTypeDoubles);
+  writeLe(bytes.data() + 4, static_cast<std::int32_t>(region.width));
+  writeLe(bytes.data() + 8, static_cast<std::int32_t>(region.height));
+  return bytes;
+}
+
+bool replaceHeader(const std::string& path, const HeaderBytes& bytes) {
+  const FilePtr file = openForUpdate(path);
+  return file && std::fwrite(bytes.data(), 1, bytes.size(), file.get()) == bytes.size() &&
+         syncFile(file.get());
+}
+
+}  // namespace
+
+std::vector<double> cutHeights(const HeightGrid& grid, const GridRegion& region) {
+  std::vector<double> heights;
+  heights.reserve(region.width * region.height);
+  for (std::size_t row = region.row; row < region.row + region.height; ++row) {
+    const auto piece = grid.row(row).subspan(region.column, region.width);
+    heights.insert(heights.end(), piece.begin(), piece.end());
+  }
+  return heights;
+}
+
+bool isRegionName(std::string_view name) {
+  const auto allowed = [](char c) {
+    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') ||
+           std::string_view(" -_.").find(c) != std::string_view::npos;
+  };
+  return name.find_first_not_of(" .") != std::string_view::npos &&
+         std::all_of(name.begin(), name.end(), allowed);
+}
+
+std::string saveRegion(const resFile& file, const Measurement& source, const HeightGrid& grid,
+                       const GridRegion& region, const std::string& path) {
+  const std::string finished = freeName(path, ".region");
+  std::string reason =
+      file.writeRegion(cutHeights(grid, region), static_cast<std::int32_t>(region.width),
+                       static_cast<std::int32_t>(region.height), finished);
+  if (!reason.empty()) return reason;
+  if (!replaceHeader(finished, regionHeader(source, region)) || !replaceFile(finished, path)) {
+    reason = std::strerror(errno);
+    removeFile(finished);
+  }
+  return reason;
+}
+
+}  // namespace morvane

@@ -1,0 +1,253 @@
+// What a filter must do to waves, constants, holes and impossible settings.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <functional>
+#include <limits>
+#include <numbers>
+#include <numeric>
+#include <sstream>
+
+#include "filter/band_filter.h"
+#include "filter/filter_diagnostics.h"
+#include "filter/filter_hint.h"
+#include "tests/support/temporary_folder.h"
+#include "tests/support/test_grid.h"
+#include "tools/measurement_builder.h"
+
+namespace morvane {
+namespace {
+
+constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
+constexpr float kPixel = 0.01F;
+constexpr FilterType kTypes[] = {FilterType::kHighPass, FilterType::kLowPass,
+                                 FilterType::kBandPass};
+
+std::vector<double> filtered(const HeightGrid& grid, FilterType type, float l1, float l2 = 0.0F,
+                             float pixelX = kPixel, float pixelY = kPixel) {
+  std::vector<double> output(grid.count());
+  EXPECT_TRUE(filterGrid(grid.values(), output, static_cast<int>(grid.width()),
+                         static_cast<int>(grid.height()), l1, l1, l2, l2, pixelX, pixelY, type));
+  return output;
+}
+
+void expectAllNear(std::span<const double> found, std::span<const double> expected,
+                   double tolerance) {
+  ASSERT_EQ(found.size(), expected.size());
+  for (std::size_t i = 0; i < found.size(); ++i) ASSERT_NEAR(found[i], expected[i], tolerance) << i;
+}
+
+TEST(Filter, LowAndHighPassAddUpToTheOriginal) {
+  for (const auto& [nx, ny] : {std::pair{40U, 30U}, {41U, 31U}, {1U, 9U}, {9U, 1U}, {2U, 3U}}) {
+    const auto grid = roughGrid(nx, ny);
+    for (const float cut : {0.0F, 0.004F, 0.05F, 0.7F}) {
+      std::vector<double> sum = filtered(*grid, FilterType::kLowPass, cut);
+      const std::vector<double> high = filtered(*grid, FilterType::kHighPass, cut);
+      // The mean is all in the low pass.
+      EXPECT_NEAR(std::accumulate(high.begin(), high.end(), 0.0), 0.0, 1e-9);
+      std::ranges::transform(sum, high, sum.begin(), std::plus());
+      expectAllNear(sum, grid->values(), 1e-9 * 10.0);
+    }
+  }
+}
+
+TEST(Filter, SinesKeepWhatTheirWavelengthAllows) {
+  constexpr std::size_t kColumns = 48;
+  constexpr std::size_t kRows = 36;
+  constexpr float kPixelY = 0.02F;
+  // Against the longest wave of each direction, which passes whole.
+  const auto lowPass = [](double cut, double longest, double wavelength) {
+    const double alphaSquared = std::numbers::ln2 / std::numbers::pi;
+    const auto gauss = [&](double w) {
+      return std::exp(-std::numbers::pi * alphaSquared * std::pow(cut / w, 2.0));
+    };
+    return gauss(wavelength) / gauss(longest);
+  };
+  for (const auto& [alongX, waves] : {std::pair{true, 2U}, {true, 8U}, {false, 3U}, {false, 9U}}) {
+    const std::size_t size = alongX ? kColumns : kRows;
+    const auto grid = roughGrid(kColumns, kRows);
+    for (std::size_t i = 0; i < grid->count(); ++i) {
+      const auto at = static_cast<double>((alongX ? i % kColumns : i / kColumns) * waves);
+      grid->values()[i] = std::sin(2.0 * std::numbers::pi * at / static_cast<double>(size));
+    }
+    const double pixel = alongX ? double{kPixel} : double{kPixelY};
+    const double length = static_cast<double>(size) * pixel;
+    const double weight = lowPass(0.1, length, length / waves);
+    const auto keep = [&](double share) {
+      std::vector<double> wave(grid->values().begin(), grid->values().end());
+      for (double& height : wave) height *= share;
+      return wave;
+    };
+    expectAllNear(filtered(*grid, FilterType::kLowPass, 0.1F, 0.0F, kPixel, kPixelY), keep(weight),
+                  1e-6);
+    expectAllNear(filtered(*grid, FilterType::kHighPass, 0.1F, 0.0F, kPixel, kPixelY),
+                  keep(1.0 - weight), 1e-6);
+  }
+}
+
+TEST(Filter, ConstantsPassLowAndNothingElse) {
+  for (const std::size_t rows : {12U, 13U}) {
+    const auto grid = gridOf(10, rows, std::vector<double>(10 * rows, 7.25));
+    const std::vector<double> nothing(grid->count());
+    for (const float cut : {0.0F, 0.05F, 1e30F}) {
+      expectAllNear(filtered(*grid, FilterType::kLowPass, cut), grid->values(), 1e-12);
+      expectAllNear(filtered(*grid, FilterType::kHighPass, cut), nothing, 1e-12);
+      expectAllNear(filtered(*grid, FilterType::kBandPass, cut, 0.1F), nothing, 1e-12);
+    }
+  }
+}
+
+TEST(Filter, AShiftedGridIsShiftedInTheOutput) {
+  constexpr std::size_t kColumns = 20;
+  constexpr std::size_t kRows = 16;
+  const auto shifted = [](std::span<const double> heights) {
+    std::vector<double> all(heights.size());
+    for (std::size_t i = 0; i < all.size(); ++i) {
+      const std::size_t x = (i % kColumns + 7) % kColumns;
+      const std::size_t y = (i / kColumns + 5) % kRows;
+      all[y * kColumns + x] = heights[i];
+    }
+    return all;
+  };
+  const auto grid = roughGrid(kColumns, kRows);
+  const auto moved = gridOf(kColumns, kRows, shifted(grid->values()));
+  for (const FilterType type : kTypes) {
+    const std::vector<double> output = filtered(*grid, type, 0.04F, 0.1F);
+    EXPECT_GT(std::ranges::max(output), 0.1);
+    expectAllNear(filtered(*moved, type, 0.04F, 0.1F), shifted(output), 1e-9);
+  }
+}
+
+TEST(Filter, MissingPointsCountAsTheMeanAndStayMissing) {
+  const std::size_t holes[] = {0, 17, 18, 41, 62};
+  for (const FilterType type : kTypes) {
+    const auto grid = roughGrid(9, 7);
+    const auto whole = roughGrid(9, 7);
+    double sum = 0.0;
+    for (const std::size_t hole : holes) whole->values()[hole] = 0.0;
+    for (const double height : whole->values()) sum += height;
+    for (const std::size_t hole : holes) {
+      whole->values()[hole] = sum / 58.0;
+      grid->values()[hole] = hole == 17 ? INFINITY : hole == 41 ? 1e300 : kNaN;
+    }
+    std::vector<double> expected = filtered(*whole, type, 0.03F, 0.06F);
+    std::vector<double> found = filtered(*grid, type, 0.03F, 0.06F);
+    for (const std::size_t hole : holes) {
+      EXPECT_TRUE(isMissing(found[hole]));
+      expected[hole] = found[hole] = 0.0;
+    }
+    expectAllNear(found, expected, 1e-12);
+    const std::vector<double> none = filtered(*gridOf(3, 2, std::vector(6, kNaN)), type, 1.0F);
+    EXPECT_TRUE(std::ranges::all_of(none, isMissing));
+  }
+}
+
+TEST(Filter, ImpossibleSettingsGiveNumbers) {
+  constexpr float kInfinity = std::numeric_limits<float>::infinity();
+  constexpr float kNotANumber = std::numeric_limits<float>::quiet_NaN();
+  const float values[] = {0.0F, -0.0F, 0.01F, -0.05F, 0.2F, 1e30F, 1e-45F, kInfinity, kNotANumber};
+  for (const auto& [nx, ny] : {std::pair{1U, 1U}, {1U, 2U}, {3U, 1U}, {2U, 2U}, {6U, 5U}}) {
+    const auto grid = roughGrid(nx, ny);
+    grid->values()[0] = 3e38;
+    for (const float l1 : values) {
+      for (const float l2 : values) {
+        for (const float pixel : values) {
+          for (const FilterType type : kTypes) {
+            for (const double height : filtered(*grid, type, l1, l2, pixel, 0.01F)) {
+              ASSERT_TRUE(std::isfinite(height)) << nx << 'x' << ny << ' ' << wordOf(type) << ' '
+                                                 << l1 << ' ' << l2 << ' ' << pixel;
+            }
+          }
+        }
+      }
+    }
+  }
+}
+
+TEST(Filter, RefusesSizesThatAreNotTheGrids) {
+  std::vector<double> heights(6, 1.0);
+  std::vector<double> output(6);
+  for (const auto& [nx, ny] : {std::pair{0, 0}, {0, 6}, {-2, -3}, {7, 2}, {65536, 65536}}) {
+    EXPECT_FALSE(filterGrid(heights, output, nx, ny, 1, 1, 1, 1, 1, 1, FilterType::kLowPass));
+    gaussianLowPassWeights(heights, nx, ny, 1, 1, 1, 1);
+    gaussianHighPassWeights(heights, nx, ny, 1, 1, 1, 1);
+    EXPECT_EQ(std::ranges::count(heights, 1.0), 6);
+  }
+}
+
+TEST(FilterRun, FollowsTheSettings) {
+  Measurement measurement;
+  measurement.grid = roughGrid(8, 6);
+  measurement.header.pixelSizeX = 0.01;
+  measurement.header.pixelSizeY = 0.025;
+  std::ostringstream console;
+  // High pass stands first; a cut-off of 0 removes everything.
+  const FilterRun run = runFilter({"", "x", true, true, true}, measurement, console);
+  ASSERT_EQ(run.status, FilterStatus::kDone);
+  expectAllNear(run.filtered->values(), std::vector<double>(48), 1e-12);
+  EXPECT_EQ(console.str(),
+            "FILTER TYPE: hpf\nRES DIMENSIONS: (X) = 8  (Y) =  6\n"
+            "Pixel Values: (X) = 0.01  (Y) =  0.025\n");
+  console.str("");
+  EXPECT_EQ(runFilter({"1", "2"}, measurement, console).status, FilterStatus::kNoType);
+  EXPECT_EQ(console.str(), "Error ---- Undefined button number\n");
+  for (const std::shared_ptr<HeightGrid>& nothing : {HeightGrid::zeroed(0, 3), {}}) {
+    measurement.grid = nothing;
+    const FilterRun empty = runFilter({"1", "2", true}, measurement, console);
+    EXPECT_EQ(empty.status, FilterStatus::kNoGrid);
+    EXPECT_EQ(empty.filtered, nullptr);
+  }
+}
+
+TEST(FilterRun, TakesTheNumberACutOffBeginsWith) {
+  const std::pair<const char*, float> cases[] = {
+      {"", 0},    {"  .8mm", 0.8F}, {"+2", 2},   {"-1.5e1x", -15}, {"1e", 1},
+      {"abc", 0}, {"inf", 0},       {"-nan", 0}, {"+-3", 0},       {"1e400", HUGE_VALF}};
+  for (const auto& [typed, expected] : cases) EXPECT_EQ(cutOffOf(typed), expected) << typed;
+}
+
+TEST(FilterHint, NamesTheFirstOddThing) {
+  const auto hint = [](const char* l1, const char* l2, bool bandPass) {
+    return filterHint({.l1 = l1, .l2 = l2, .lowPass = !bandPass, .bandPass = bandPass}, 20.0);
+  };
+  EXPECT_EQ(hint("0.15", "2", true), "");
+  EXPECT_EQ(hint("0.8", "rubbish", false), "");
+  EXPECT_EQ(hint("", "", false), "");
+  EXPECT_EQ(hint("2", "0.15", true), "L1 is not below L2.");
+  EXPECT_EQ(hint("1", "", true), "L1 is not below L2.");
+  EXPECT_EQ(hint("-3", "2", true), "L1 is negative: its sign does not count.");
+  EXPECT_EQ(hint("0.15", "20.5", true), "L2 is longer than the measured field, 20.00 mm.");
+  EXPECT_EQ(hint("-.", "", false), "L1 is not a number: it counts as 0.");
+  EXPECT_EQ(filterHint({.l1 = "30", .l2 = "", .lowPass = true}, 0.0), "");
+}
+
+TEST(FilterDiagnostics, ReadRawFilesAndMeasureDeviation) {
+  const TemporaryFolder folder;
+  const std::string path = folder.file("raw.res");
+  MeasurementContent content;
+  content.width = 2;
+  content.height = 3;
+  content.heights = {1, 2, 3, 4, 5, 9};
+  auto bytes = encodeMeasurement(content);
+  bytes.resize(bytes.size() - 4);
+  writeBytes(path, bytes);
+  std::ostringstream errors;
+  HeaderBytes head{};
+  std::shared_ptr<HeightGrid> grid;
+  ASSERT_TRUE(readRawHead(path, head, errors));
+  EXPECT_TRUE(std::equal(head.begin(), head.end(), bytes.begin()));
+  ASSERT_TRUE(readRawGrid(path, grid, errors));
+  EXPECT_TRUE(std::ranges::equal(grid->values().first(5), std::span(content.heights).first(5)));
+  EXPECT_EQ(grid->height(), 3U);
+  EXPECT_EQ(errors.str(), "");
+  EXPECT_FALSE(readRawGrid(folder.file("none"), grid, errors));
+  EXPECT_EQ(errors.str(), "File error\n");
+  EXPECT_EQ(grid, nullptr);
+
+  EXPECT_DOUBLE_EQ(meanAbsoluteDeviation(std::vector{1.0, kNaN, 2.0, 6.0}, 2, 2), 2.0);
+  EXPECT_EQ(meanAbsoluteDeviation(std::vector{kNaN}, 1, 1), 0.0);
+}
+
+}  // namespace
+}  // namespace morvane

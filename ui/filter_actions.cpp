@@ -1,0 +1,51 @@
+#include "ui/filter_actions.h"
+
+#include <iostream>
+
+#include "app/app_state.h"
+#include "filter/filter_window.h"
+#include "ui/console.h"
+#include "ui/view_layout.h"
+#include "ui/wait_cursor.h"
+#include "view/gl_window.h"
+
+namespace morvane {
+
+void applyFilter() {
+  const AppState& app = appState();
+  const WaitCursor wait;
+  FilterRun run = runFilter(app.filterWindow->settings(), app.glView->measurement(), std::cout);
+  if (run.status == FilterStatus::kNoMemory) {
+    appendConsole("There is not enough memory to filter this measurement.");
+  }
+  app.glView->setFiltered(std::move(run.filtered));
+  app.mainWindow->redraw();
+  if (run.status == FilterStatus::kNoType) {
+    app.filterWindow->showHint("Choose a type: nothing is filtered without one.");
+  } else if (!app.glView->filterEnabled()) {
+    app.filterWindow->showHint("Filtering is off: switch it on in the menu to see it.");
+  }
+}
+
+void toggleFilter() {
+  GLWindow& view = *appState().glView;
+  view.setFilterEnabled(!view.filterEnabled());
+  applyFilter();
+}
+
+void showFilterWindow() {
+  constexpr int kMargin = 10;
+  static bool placed = false;  // then it stays where the operator has put it
+  FilterWindow& window = *appState().filterWindow;
+  if (!placed) {
+    // Beside the surface: over its lower left, where there is only background.
+    const Fl_Window& main = *appState().mainWindow;
+    window.position(main.x() + kControlsWidth + kMargin,
+                    main.y() + main.h() - window.h() - kMargin);
+    placed = true;
+  }
+  window.updateHint();
+  window.show();
+}
+
+}  // namespace morvane

@@ -1,0 +1,15 @@
+// Filtering the surface on show.
+#pragma once
+
+namespace morvane {
+
+/// Filters the measurement on show as the filter window says; without a type the raw heights are
+/// shown.
+void applyFilter();
+
+/// Switches between filtered and raw heights and filters anew.
+void toggleFilter();
+
+void showFilterWindow();
+
+}  // namespace morvane

@@ -1,0 +1,56 @@
+#include "ui/region_actions.h"
+
+#include <string>
+
+#include "app/app_state.h"
+#include "app/paths.h"
+#include "resfile/file_io.h"
+#include "resfile/region_file.h"
+#include "ui/choosers.h"
+#include "ui/file_actions.h"
+#include "view/gl_window.h"
+
+namespace morvane {
+namespace {
+
+/// The folder of a path with the separator behind it; empty for a bare name.
+std::string folderPrefix(const std::string& path) {
+  return path.substr(0, path.size() - fileNameOf(path).size());
+}
+
+}  // namespace
+
+void saveShownRegion() {
+  GLWindow& view = *appState().glView;
+  if (!view.modelLoaded()) {
+    showAlert("Open a measurement first: there is nothing to cut a region from.");
+    return;
+  }
+  const HeightGrid& grid = *view.model().shown();
+  if (grid.width() < 2 || grid.height() < 2) {
+    showAlert("This measurement is too small to cut a region from.");
+    return;
+  }
+  const std::string name = askName("Name of the region", "Region");
+  if (name.empty()) return;
+  if (!isRegionName(name)) {
+    showAlert("A region's name may hold letters, digits, blanks and the signs - _ . only.");
+    return;
+  }
+  const Measurement& source = view.measurement();
+  const std::string path = folderPrefix(source.path) + name + ".res";
+  if (isSameFile(source.path, path)) {
+    showAlert("This is the measurement that is open. Please choose another name.");
+    return;
+  }
+  if (fileExists(path) && !confirmReplace(path)) return;
+  const GridRegion region = regionBetween(view.gridTool().places(), {grid.width(), grid.height()});
+  const std::string reason = saveRegion(view.file(), source, grid, region, path);
+  if (!reason.empty()) {
+    showAlert("The region could not be saved: " + reason);
+  } else if (confirmOpen(path)) {
+    openFile(path);
+  }
+}
+
+}  // namespace morvane

@@ -1,0 +1,19 @@
+// The pointer that says: busy.
+#pragma once
+
+#include <FL/Fl_Double_Window.H>
+
+#include "app/app_state.h"
+
+namespace morvane {
+
+/// Shows the wait cursor over the main window while it lives.
+class WaitCursor {
+ public:
+  WaitCursor() { appState().mainWindow->cursor(FL_CURSOR_WAIT); }
+  ~WaitCursor() { appState().mainWindow->cursor(FL_CURSOR_DEFAULT); }
+  WaitCursor(const WaitCursor&) = delete;
+  WaitCursor& operator=(const WaitCursor&) = delete;
+};
+
+}  // namespace morvane
