@@ -157,5 +157,30 @@ TEST_F(Controls, ProfileAndDetailsTakeTheirRoomAndGiveItBack) {
   await("the whole view again", [&](const Image& p) { return sameAsAtStart(p, kMiddle); });
 }
 
+TEST_F(Controls, WorkAfterABrokenFileAsBefore) {
+  open(true);
+  std::filesystem::copy_file(golden::file("panel/measurement.res"), folder_.file("cut.res"));
+  std::filesystem::resize_file(folder_.file("cut.res"), 5000);
+  window().key({"ctrl+o"});
+  program_->answerChooser(folder_.file("cut.res"));
+  program_->alert().key({"Return"});
+  const auto changesAndComesBack = [this](const std::string& what, const Area& area, Point there,
+                                          Point back) {
+    window().click(there);
+    await(what, [&](const Image& p) { return !sameAsAtStart(p, area); });
+    window().click(back);
+    await(what + " undone",
+          [&](const Image& p) { return sameAsAtStart(p, area) && sameAsAtStart(p, kMiddle); });
+  };
+  changesAndComesBack("the bitmap", kMiddle, kHeatMap, kHeatMap);
+  changesAndComesBack("a larger scale", kReadout, kPlus, kReset);
+  changesAndComesBack("a smaller scale", kReadout, kMinus, kReset);
+  changesAndComesBack("limits of my own", kCropIcon, kCrop, kCrop);
+  constexpr Area kResults{1065, 30, 200, 300};
+  changesAndComesBack("the results", kResults, kDetails, kDetails);
+  constexpr Area kPlot{300, 600, 600, 150};
+  changesAndComesBack("the section", kPlot, kProfile, kProfileOff);
+}
+
 }  // namespace
 }  // namespace morvane::gui

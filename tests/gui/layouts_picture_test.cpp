@@ -47,18 +47,12 @@ int pixelsThatDiffer(const Image& a, const Image& b) {
 
 class Layout : public testing::TestWithParam<int> {};
 
-TEST_P(Layout, LooksAsItDid) {
-  const std::string code = (GetParam() < 10 ? "0" : "") + std::to_string(GetParam());
-  // The large sample is the one of code 4.
-  const std::string file = GetParam() == 4 ? "panel" : "codes/code_" + code;
-  Program program({MORVANE_SAMPLES "/" + file + ".res"});
-  program.awaitLine(kFrameDrawn);
+/// Compares the column on show with its picture, or makes that anew.
+void compareColumn(Program& program, const std::string& name) {
   const Window window = program.mainWindow();
-  window.click(kDetails);
   program.awaitLine("Details Y: ");
   window.leave();
-
-  const std::string baseline = MORVANE_BASELINES "/column_" + code + ".png";
+  const std::string baseline = MORVANE_BASELINES "/column_" + name + ".png";
   if (std::getenv("MORVANE_PROMOTE") != nullptr) {
     program.awaitLine(kFrameDrawn);
     window.capture().part(kColumn).savePng(baseline);
@@ -71,7 +65,35 @@ TEST_P(Layout, LooksAsItDid) {
   });
 }
 
+TEST_P(Layout, LooksAsItDid) {
+  const std::string code = (GetParam() < 10 ? "0" : "") + std::to_string(GetParam());
+  // The large sample is the one of code 4.
+  const std::string file = GetParam() == 4 ? "panel" : "codes/code_" + code;
+  Program program({MORVANE_SAMPLES "/" + file + ".res"});
+  program.awaitLine(kFrameDrawn);
+  program.mainWindow().click(kDetails);
+  compareColumn(program, code);
+}
+
 INSTANTIATE_TEST_SUITE_P(Codes, Layout, testing::Range(3, 14));
+
+// Columns that opening hides are shown through the full menu.
+class HiddenLayout : public testing::TestWithParam<std::string> {};
+
+TEST_P(HiddenLayout, LooksAsItDid) {
+  Program program({MORVANE_SAMPLES "/codes/" + GetParam() + ".res"},
+                  {.environment = {"MORVANE_MENU=full"}});
+  program.awaitLine(kFrameDrawn);
+  const Window window = program.mainWindow();
+  window.click({215, 12});
+  std::vector<std::string> keys(9, "Down");
+  keys.emplace_back("Return");
+  window.key(keys);
+  compareColumn(program, GetParam());
+}
+
+INSTANTIATE_TEST_SUITE_P(Codes, HiddenLayout,
+                         testing::Values("code_01", "code_02", "version_3", "version_3_dull"));
 
 }  // namespace
 }  // namespace morvane::gui

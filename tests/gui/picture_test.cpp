@@ -129,6 +129,27 @@ TEST(Picture, ShowsTheSurfaceAndItsKeyWhateverTheSize) {
   expectCentred(picture, 400, 300);
 }
 
+TEST(Picture, FillsTheSmallestAndTheLargestWindow) {
+  Process server({"Xvfb", "-displayfd", "1", "-screen", "0", "2600x1500x24", "+extension", "GLX",
+                  "-nolisten", "tcp", "-noreset"});
+  const std::string display = ":" + server.awaitLine("");
+  Program program({kPanel}, {.display = display});
+  const Window main = program.mainWindow();
+  main.awaitPicture("the surface", showsSurface);
+  for (const auto& [width, height] : {std::pair{690, 715}, {2560, 1440}}) {
+    main.resize(width, height);
+    const Image picture = main.awaitPicture(
+        "the surface in another window", [&, w = width, h = height](const Image& resized) {
+          return resized.width() == w && resized.height() == h && showsSurface(resized) &&
+                 isSky(resized.at(pixelAt(resized, 0.99, -0.99)));
+        });
+    expectKey(picture);
+    expectCentred(picture, 400, 300);
+    // The controls keep their places.
+    EXPECT_GT(picture.part({2, 577, 150, 62}).count(isLit), 400);
+  }
+}
+
 TEST(Picture, ColoursTheSurfaceByHeight) {
   Program program({kPanel});
   const Image picture = program.mainWindow().awaitPicture("the surface", showsSurface);
