@@ -19,8 +19,8 @@ FilePtr openForReading(const std::string& path);
 /// Creates `path`, which must not exist, for binary writing. Null with `errno` set on failure.
 FilePtr createForWriting(const std::string& path);
 
-/// A name that nothing has: `path` with `ending` behind it, and a number where that is taken.
-std::string freeName(const std::string& path, const std::string& ending);
+/// A short name that nothing has yet, in the folder of `path`.
+std::string temporaryNameBeside(const std::string& path);
 
 /// Opens the existing `path` to be written over in places. Null with `errno` set on failure.
 FilePtr openForUpdate(const std::string& path);

@@ -3,6 +3,7 @@
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <cstdlib>
 #include <limits>
 #include <system_error>
 
@@ -28,8 +29,7 @@ double leadingNumber(std::string_view text) {
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
   if (error != std::errc::result_out_of_range) return value;
   const std::string_view number(text.data(), static_cast<std::size_t>(end - text.data()));
-  const bool tiny = number.find("e-") != number.npos || number.find("E-") != number.npos;
-  return std::copysign(tiny ? 0.0 : HUGE_VAL, number.starts_with('-') ? -1.0 : 1.0);
+  return std::strtod(std::string(number).c_str(), nullptr);
 }
 
 float leadingFloat(std::string_view text) {

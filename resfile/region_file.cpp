@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
+#include <new>
 
 #include "resfile/file_io.h"
 #include "resfile/little_endian.h"
@@ -47,10 +48,15 @@ bool isRegionName(std::string_view name) {
 
 std::string saveRegion(const resFile& file, const Measurement& source, const HeightGrid& grid,
                        const GridRegion& region, const std::string& path) {
-  const std::string finished = freeName(path, ".region");
-  std::string reason =
-      file.writeRegion(cutHeights(grid, region), static_cast<std::int32_t>(region.width),
-                       static_cast<std::int32_t>(region.height), finished);
+  std::vector<double> heights;
+  try {
+    heights = cutHeights(grid, region);
+  } catch (const std::bad_alloc&) {
+    return std::strerror(ENOMEM);
+  }
+  const std::string finished = temporaryNameBeside(path);
+  std::string reason = file.writeRegion(heights, static_cast<std::int32_t>(region.width),
+                                        static_cast<std::int32_t>(region.height), finished);
   if (!reason.empty()) return reason;
   if (!replaceHeader(finished, regionHeader(source, region)) || !replaceFile(finished, path)) {
     reason = std::strerror(errno);

@@ -8,14 +8,15 @@ namespace morvane {
 
 SafeFile::SafeFile(std::string target)
     : target_(std::move(target)),
-      temporary_(freeName(target_, ".part")),
+      temporary_(temporaryNameBeside(target_)),
       file_(createForWriting(temporary_)) {
   if (!file_) keepReason();
 }
 
-std::string freeName(const std::string& path, const std::string& ending) {
-  std::string name = path + ending;
-  for (int number = 2; fileExists(name); ++number) name = path + ending + std::to_string(number);
+std::string temporaryNameBeside(const std::string& path) {
+  const std::string base = path.substr(0, path.find_last_of("/\\") + 1) + "morvane.part";
+  std::string name = base;
+  for (int number = 2; fileExists(name); ++number) name = base + std::to_string(number);
   return name;
 }
 

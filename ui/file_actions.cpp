@@ -54,7 +54,8 @@ bool readMeasurement(const std::string& path) {
   const WaitCursor wait;
   resFile& file = appState().glView->file();
   file.update(path);
-  return file.isValid();
+  // A file that vanishes right before the read leaves the sizes of the one before, which are valid.
+  return file.isValid() && file.grid() != nullptr;
 }
 
 /// Lists the bitmaps beside the measurement in the menu. Kept: which one is chosen depends on their
