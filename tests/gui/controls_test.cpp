@@ -163,7 +163,9 @@ TEST_F(Controls, WorkAfterABrokenFileAsBefore) {
   std::filesystem::resize_file(folder_.file("cut.res"), 5000);
   window().key({"ctrl+o"});
   program_->answerChooser(folder_.file("cut.res"));
-  program_->alert().key({"Return"});
+  const Window alert = program_->alert();
+  alert.key({"Return"});
+  alert.awaitGone();
   const auto changesAndComesBack = [this](const std::string& what, const Area& area, Point there,
                                           Point back) {
     window().click(there);

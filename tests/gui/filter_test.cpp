@@ -149,7 +149,9 @@ TEST_F(FullMenu, SavesWhatLiesBetweenTheCornersOfTheGridBox) {
     question.awaitGone();
   };
   answer("a/b");
-  program_->alert().key({"Return"});
+  const Window refusal = program_->alert();
+  refusal.key({"Return"});
+  refusal.awaitGone();
   choose(kRegion);
   answer("cut");
   const Window offer = program_->alert();

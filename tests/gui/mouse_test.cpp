@@ -85,7 +85,8 @@ TEST_F(Mouse, TurnsPansAndZooms) {
   await("the surface turned back",
         [&](const Image& p) { return std::abs(surfacePixels(p) - pixels) < 0.02 * pixels; });
   goneBack();
-  window().drag({700, 100}, {1100, 500});
+  // Beside the ball the rim is taken: a turn in the plane of the picture.
+  window().drag({1200, 60}, {230, 60});
   await("a surface turned round its middle",
         [&](const Image& p) { return !sameView(p) && surfacePixels(p) > 0.8 * pixels; });
   goneBack();
