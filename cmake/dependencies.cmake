@@ -23,6 +23,13 @@ add_library(morvane_fftw INTERFACE)
 target_include_directories(morvane_fftw SYSTEM INTERFACE ${FFTW_INCLUDE_FOLDER})
 target_link_libraries(morvane_fftw INTERFACE ${FFTW_LIBRARY})
 
+# libharu comes without a config file from most of its builds.
+find_path(HARU_INCLUDE_FOLDER hpdf.h REQUIRED)
+find_library(HARU_LIBRARY hpdf REQUIRED)
+add_library(morvane_haru INTERFACE)
+target_include_directories(morvane_haru SYSTEM INTERFACE ${HARU_INCLUDE_FOLDER})
+target_link_libraries(morvane_haru INTERFACE ${HARU_LIBRARY})
+
 # FLTK's own config file names a program that distributions pack separately, so it is found by
 # header and libraries.
 find_path(FLTK_INCLUDE_FOLDER FL/Fl_Gl_Window.H REQUIRED)
@@ -34,6 +41,7 @@ foreach(library fltk_images fltk_gl fltk)
 endforeach()
 target_link_libraries(morvane_fltk INTERFACE OpenGL::GL)
 if(UNIX)
+  find_package(JPEG REQUIRED)  # elsewhere the system writes JPEG files
   find_package(X11 REQUIRED)
   target_link_libraries(morvane_fltk INTERFACE X11::X11)
 endif()

@@ -13,6 +13,7 @@
 #include "ui/file_actions.h"
 #include "ui/images.h"
 #include "ui/look.h"
+#include "ui/report_actions.h"
 #include "ui/view_controls.h"
 #include "ui/view_layout.h"
 
@@ -49,13 +50,14 @@ void onDetails(Fl_Widget* /*widget*/, long /*action*/) { toggleDetails(); }
 // Row 491 is shared: either the wide profile button or the pair of narrow ones is shown.
 constexpr ButtonEntry kButtons[] = {
     {0, 85, kFull, 60, "open.png", "Open a measurement", openMeasurement, kOpenFromButton},
-    {0, 147, kFull, 60, "hmOn.png", "Heat map or camera picture", toggleHeatMap, 1,
+    {0, 147, kFull, 60, "hmOn.png", "Heat map or bitmap", toggleHeatMap, 1,
      &AppState::heatMapButton, true},
     {0, 209, kFull, 60, "reset.png", "Reset the view", resetView, 4},
     {0, 303, 30, 40, "minus.png", "Flatter", changeScale, -1},
     {120, 303, 30, 40, "plus.png", "Steeper", changeScale, 1},
     {80, 345, 70, 82, "crop.png", "Limits: automatic or typed", applyLimits, kLimitsButton,
      &AppState::cropButton},
+    {0, 429, kFull, 60, "pdf.png", "Report as PDF", writePdfReport, 4},
     {0, 491, kFull, 60, "profiler.png", "Show a section", setProfileMode, kProfileOn,
      &AppState::profileButton, false, true},
     {75, 491, 75, 60, "swapPins.png", "Swap the ends of the section", setProfileMode,

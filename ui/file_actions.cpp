@@ -31,12 +31,6 @@
 namespace morvane {
 namespace {
 
-/// The folder of the measurement on show; empty before the first.
-std::string lastFolder() {
-  const std::string& path = appState().glView->measurement().path;
-  return path.find_first_of("/\\") == std::string::npos ? std::string() : folderOf(path);
-}
-
 std::string pathToOpen(long mode) {
   std::cout << "Open Button Clicked\n";
   std::string path;
@@ -129,6 +123,11 @@ void showOpened() {
 }
 
 }  // namespace
+
+std::string lastFolder() {
+  const std::string& path = appState().glView->measurement().path;
+  return path.find_first_of("/\\") == std::string::npos ? std::string() : folderOf(path);
+}
 
 void openMeasurement(Fl_Widget* /*widget*/, long mode) { openFile(pathToOpen(mode)); }
 

@@ -17,6 +17,9 @@ inline constexpr long kOpenFromButton = 4;
 /// both cases what is on show stays as it is and usable.
 void openMeasurement(Fl_Widget* widget, long mode);
 
+/// The folder of the measurement on show; empty before the first.
+std::string lastFolder();
+
 /// Opens `path` as `openMeasurement` does with the file that was chosen.
 void openFile(const std::string& path);
 

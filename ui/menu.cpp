@@ -16,6 +16,7 @@
 #include "ui/filter_actions.h"
 #include "ui/heat_map_dialog.h"
 #include "ui/region_actions.h"
+#include "ui/report_actions.h"
 #include "ui/view_controls.h"
 #include "ui/view_layout.h"
 #include "view/gl_window.h"
@@ -53,7 +54,8 @@ constexpr MenuEntry kFullMenu[] = {
     {"&Tools/Whole Profile Line", 0, FL_MENU_TOGGLE,
      [] { return appState().glView->profileLineMode; }},
     {"&Tools/Grid Box", 0, FL_MENU_TOGGLE, [] { return appState().glView->gridMode(); }},
-    {"&Tools/Save region...", 0, FL_MENU_DIVIDER, nullptr},
+    {"&Tools/Save region...", 0, 0, nullptr},
+    {"&Tools/Screenshot", 0, FL_MENU_DIVIDER, nullptr},
     {"&Tools/Results Column", 0, FL_MENU_TOGGLE,
      [] { return appState().resultsPanel->visible() != 0; }},
     {"&Tools/Console", 0, FL_MENU_TOGGLE, [] { return appState().consolePanel->visible() != 0; }},
@@ -108,6 +110,7 @@ constexpr MenuAction kActions[] = {
     {"Whole Profile Line", toggleWholeLine},
     {"Grid Box", toggleGridBox},
     {"Save region...", saveShownRegion},
+    {"Screenshot", takeScreenshot},
     {"Results Column", toggleResultsColumn},
     {"Console", toggleConsole},
 };

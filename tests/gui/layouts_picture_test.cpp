@@ -86,7 +86,7 @@ TEST_P(HiddenLayout, LooksAsItDid) {
   program.awaitLine(kFrameDrawn);
   const Window window = program.mainWindow();
   window.click({215, 12});
-  std::vector<std::string> keys(9, "Down");
+  std::vector<std::string> keys(10, "Down");
   keys.emplace_back("Return");
   window.key(keys);
   compareColumn(program, GetParam());

@@ -1,0 +1,51 @@
+#include "report/screen_capture.h"
+
+#include <cstdint>
+#include <cstdlib>
+#include <iostream>
+#include <memory>
+#include <string_view>
+
+#include "app/debug_log.h"
+#include "app/folders.h"
+#include "app/paths.h"
+#include "report/moment_texts.h"
+#include "report/screen_picture.h"
+
+namespace morvane {
+namespace {
+
+// No screen is larger, and no JPEG.
+constexpr std::int64_t kLargestSide = 32767;
+
+void log(std::string_view text) { DebugLog::write("screenshot.log", text); }
+
+std::unique_ptr<ScreenPicture> take(ScreenPoint topLeft, ScreenPoint bottomRight) {
+  const std::int64_t width = std::abs(std::int64_t{bottomRight.x} - topLeft.x);
+  const std::int64_t height = std::abs(std::int64_t{bottomRight.y} - topLeft.y);
+  if (width == 0 || height == 0 || width > kLargestSide || height > kLargestSide) return nullptr;
+  return takeScreenPicture(topLeft, static_cast<int>(width), static_cast<int>(height));
+}
+
+}  // namespace
+
+std::string screenshotsFolder() {
+  return folderOf(savedFilesFolder()) + kPathSeparator + "Screenshots" + kPathSeparator;
+}
+
+Screenshot captureScreenRect(ScreenPoint topLeft, ScreenPoint bottomRight) {
+  log("#### SCREENSHOT ROUTINE CALLED ####");
+  Screenshot screenshot;
+  const std::unique_ptr<ScreenPicture> picture = take(topLeft, bottomRight);
+  if (picture) picture->copyToClipboard();
+  const std::string folder = screenshotsFolder();
+  makeFolder(folder, std::cout);
+  const std::string path = folder + pictureName(localNow());
+  screenshot.reason =
+      picture ? picture->saveJpeg(path) : "This part of the screen shows nothing of the program";
+  if (screenshot.reason.empty()) screenshot.path = path;
+  log("{### END OF SCREENSHOT ###}");
+  return screenshot;
+}
+
+}  // namespace morvane

@@ -1,0 +1,41 @@
+// What the code under test writes to standard output, and what other programs say.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <cstdio>
+#include <iostream>
+#include <sstream>
+#include <string>
+
+namespace morvane {
+
+/// Collects the program's own lines while it lives.
+class CollectedOutput {
+ public:
+  CollectedOutput() : previous_(std::cout.rdbuf(text_.rdbuf())) {}
+  ~CollectedOutput() { std::cout.rdbuf(previous_); }
+  CollectedOutput(const CollectedOutput&) = delete;
+  CollectedOutput& operator=(const CollectedOutput&) = delete;
+
+  [[nodiscard]] std::string text() const { return text_.str(); }
+
+ private:
+  std::ostringstream text_;
+  std::streambuf* previous_;
+};
+
+/// What a command writes to its standard output; a test failure when it does not end well.
+inline std::string outputOf(const std::string& command) {
+  std::string text;
+  std::FILE* pipe = popen(command.c_str(), "r");
+  std::array<char, 4096> piece{};
+  while (const std::size_t got = std::fread(piece.data(), 1, piece.size(), pipe)) {
+    text.append(piece.data(), got);
+  }
+  EXPECT_EQ(pclose(pipe), 0) << command;
+  return text;
+}
+
+}  // namespace morvane

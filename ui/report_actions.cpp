@@ -1,0 +1,97 @@
+#include "ui/report_actions.h"
+
+#include <FL/Fl.H>
+#include <FL/Fl_Double_Window.H>
+#include <FL/Fl_Float_Input.H>
+
+#include <iostream>
+#include <string>
+#include <string_view>
+
+#include "app/app_state.h"
+#include "app/debug_log.h"
+#include "report/moment_texts.h"
+#include "report/pdf_report.h"
+#include "report/report_page.h"
+#include "report/screen_capture.h"
+#include "resfile/file_io.h"
+#include "ui/choosers.h"
+#include "ui/console.h"
+#include "ui/control_rules.h"
+#include "ui/file_actions.h"
+#include "ui/view_layout.h"
+#include "view/gl_window.h"
+
+namespace morvane {
+namespace {
+
+void log(std::string_view text) { DebugLog::write("pdf_report.log", text); }
+
+void tell(const std::string& trouble) {
+  std::cout << trouble << '\n';
+  appendConsole(trouble);
+}
+
+/// Takes the picture of the view and what stands below it, as it is now.
+Screenshot captureView() {
+  const AppState& app = appState();
+  GLWindow& view = *app.glView;
+  // What is to be drawn is drawn first, and has reached the screen.
+  Fl::check();
+  const ScreenRect area = reportArea({app.mainWindow->x_root(), app.mainWindow->y_root()}, view.w(),
+                                     view.h(), view.profiler().visible() ? kProfileHeight : 0);
+  Screenshot shot = captureScreenRect(area.topLeft, area.bottomRight);
+  if (!shot.reason.empty()) tell("The picture could not be saved: " + shot.reason);
+  return shot;
+}
+
+ReportValues presentValues() {
+  const AppState& app = appState();
+  return {.moment = localNow(),
+          .measurementPath = app.glView->measurement().path,
+          .zScale = app.glView->zScale(),
+          .minimum = stripUnit(app.minimumInput->value()),
+          .maximum = stripUnit(app.maximumInput->value())};
+}
+
+/// Where the report is to go; empty when the operator leaves it.
+std::string chooseReportPath() {
+  log("Creating File Chooser");
+  log("Adding File Filter");
+  log("Displaying File Chooser");
+  const std::string chosen = chooseFileToSave({nullptr, "*.pdf", lastFolder(), nullptr, false});
+  log("Copying Filename to Char*");
+  log("Filename is : " + chosen);
+  if (chosen.empty()) {
+    log("No Filename given, cancelling operation");
+    return {};
+  }
+  const std::string path = reportPath(chosen);
+  return fileExists(path) && !confirmReplace(path) ? std::string() : path;
+}
+
+}  // namespace
+
+void writePdfReport(Fl_Widget* /*widget*/, long /*action*/) {
+  log("\n####PDF ROUTINE CALLED ####");
+  {
+    PdfReport report;
+    const ReportPage page = describePage(presentValues());
+    report.writeTexts(page, appState().maximumInput->value());
+    log("Taking Screenshot");
+    report.drawPicture(captureView().path, page.picture);
+    const std::string path = chooseReportPath();
+    if (!path.empty()) {
+      const std::string reason = report.save(path);
+      if (!reason.empty()) tell("The report could not be saved: " + reason);
+    }
+  }
+  log("=========================================================================\n");
+}
+
+void takeScreenshot() {
+  const Screenshot shot = captureView();
+  if (shot.reason.empty()) appendConsole("Picture saved: " + shot.path);
+}
+
+}  // namespace morvane
