@@ -12,7 +12,7 @@
 namespace morvane {
 namespace {
 
-constexpr Fl_Color kQuiet = FL_DARK3;
+constexpr Fl_Color kQuiet = FL_GRAY_RAMP + 6;
 
 FilterWindow& windowOf(const Fl_Widget* widget) {
   return *static_cast<FilterWindow*>(widget->window());
@@ -48,7 +48,7 @@ FilterWindow::FilterWindow() : Fl_Double_Window(0, 0, 400, 400, "Filter Window")
   }
   hint_ = new Fl_Box(30, 332, 340, 16);
   hint_->align(FL_ALIGN_LEFT | FL_ALIGN_INSIDE | FL_ALIGN_CLIP);
-  hint_->labelsize(12);
+  hint_->labelsize(13);
   hint_->labelcolor(kQuiet);
   addButton(60, "Apply", [](Fl_Widget* widget, void*) {
     FilterWindow& window = windowOf(widget);

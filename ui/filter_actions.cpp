@@ -10,6 +10,13 @@
 #include "view/gl_window.h"
 
 namespace morvane {
+namespace {
+
+void sayTypeIsMissing() {
+  appState().filterWindow->showHint("Choose a type: nothing is filtered without one.");
+}
+
+}  // namespace
 
 void applyFilter() {
   const AppState& app = appState();
@@ -21,7 +28,7 @@ void applyFilter() {
   app.glView->setFiltered(std::move(run.filtered));
   app.mainWindow->redraw();
   if (run.status == FilterStatus::kNoType) {
-    app.filterWindow->showHint("Choose a type: nothing is filtered without one.");
+    sayTypeIsMissing();
   } else if (!app.glView->filterEnabled()) {
     app.filterWindow->showHint("Filtering is off: switch it on in the menu to see it.");
   }
@@ -31,6 +38,11 @@ void toggleFilter() {
   GLWindow& view = *appState().glView;
   view.setFilterEnabled(!view.filterEnabled());
   applyFilter();
+  // Switched on without a type nothing would be seen to happen; the window says what is missing.
+  if (view.filterEnabled() && !typeOf(appState().filterWindow->settings())) {
+    showFilterWindow();
+    sayTypeIsMissing();
+  }
 }
 
 void showFilterWindow() {

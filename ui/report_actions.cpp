@@ -37,7 +37,7 @@ Screenshot captureView() {
   const AppState& app = appState();
   GLWindow& view = *app.glView;
   // What is to be drawn is drawn first, and has reached the screen.
-  Fl::check();
+  Fl::flush();
   const ScreenRect area = reportArea({app.mainWindow->x_root(), app.mainWindow->y_root()}, view.w(),
                                      view.h(), view.profiler().visible() ? kProfileHeight : 0);
   Screenshot shot = captureScreenRect(area.topLeft, area.bottomRight);
@@ -67,6 +67,10 @@ std::string chooseReportPath() {
     return {};
   }
   const std::string path = reportPath(chosen);
+  if (isSameFile(appState().glView->measurement().path, path)) {
+    tell("The report may not take the place of the open measurement.");
+    return {};
+  }
   return fileExists(path) && !confirmReplace(path) ? std::string() : path;
 }
 

@@ -1,5 +1,6 @@
 #include "view/axes.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdio>
 #include <glm/gtc/matrix_transform.hpp>
@@ -19,9 +20,10 @@ constexpr std::array<float, 18> kLines = {0, 0, 0, 1, 0, 0, 0, 0, 0, 0, 1, 0, 0,
 constexpr glm::vec4 kLineColour{0.1F, 0.1F, 0.1F, 1.0F};
 constexpr glm::vec3 kLabelColour{0.0F, 0.0F, 0.0F};
 
-constexpr float kLineGap = 0.02F;   // between the surface and the lines beside it
-constexpr float kLabelGap = 0.05F;  // between the surface and the labels beside it
-constexpr float kHeightGap = 0.2F;  // between the surface and the labels of its heights
+constexpr float kLineGap = 0.02F;    // between the surface and the lines beside it
+constexpr float kLabelGap = 0.05F;   // between the surface and the labels beside it
+constexpr float kHeightGap = 0.2F;   // between the surface and the labels of its heights
+constexpr float kLetterGap = 0.01F;  // between a label and a line
 constexpr float kTextScale = 0.8F;
 constexpr float kTextToModel = 0.001F;
 
@@ -62,7 +64,7 @@ void Axes::draw(const ViewMatrices& matrices, const AxesRange& range) const {
     glUniformMatrix4fv(program_.uniform("MVP"), 1, GL_FALSE, glm::value_ptr(matrix));
     glDrawArrays(GL_LINES, first, count);
   };
-  drawPart(0.0F, {width + kLineGap, height + kLineGap, 1.0F}, 0, 4);
+  drawPart(0.0F, {width + kLineGap, height + kLineGap - kLetterGap, 1.0F}, 0, 4);
   drawPart(bottom, {1.0F, 1.0F, top - bottom}, 4, 2);
   const ResHeader& header = *range.header;
   std::cout << "DIST: " << header.width * header.pixelSizeX << '\n'
@@ -82,6 +84,13 @@ void Axes::drawLabels(const ViewMatrices& matrices, const AxesRange& range,
 
   const float bottom = range.bottom * range.heightToModel;
   const float top = range.top * range.heightToModel;
+  const std::string topText = fixedText(range.top, 2) + "µm";
+  const std::string bottomText = fixedText(range.bottom, 2) + "µm";
+  // Long ones stand further out, so that they end before the lines.
+  const auto besideLines = [&text](const std::string& label) {
+    const float labelWidth = text.width(label, kTextScale) * kTextToModel;
+    return std::min(-kHeightGap, -kLineGap - kLetterGap - labelWidth);
+  };
   const std::array<Label, 7> labels = {{
       {{width / 2, -kLabelGap, 0}, "X"},
       {{-kLabelGap, height / 2, 0}, "Y"},
@@ -89,8 +98,8 @@ void Axes::drawLabels(const ViewMatrices& matrices, const AxesRange& range,
       {{width, -kLabelGap, 0}, fixedText(lengthX, 2) + "mm"},
       {{-kLabelGap, height, 0}, fixedText(lengthY, 2) + "mm"},
       // A line of text higher than the one below it, so that both are readable from above too.
-      {{-kHeightGap, kLabelGap, top}, fixedText(range.top, 2) + "µm"},
-      {{-kHeightGap, 0, bottom}, fixedText(range.bottom, 2) + "µm"},
+      {{besideLines(topText), kLabelGap, top}, topText},
+      {{besideLines(bottomText), 0, bottom}, bottomText},
   }};
   for (const Label& label : labels) {
     const glm::mat4 plane =

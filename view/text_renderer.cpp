@@ -122,7 +122,9 @@ void TextRenderer::setSpace(float width, float height) {
 void TextRenderer::setPixels(int width, int height) {
   const glm::vec2 pixelsPerUnit(static_cast<float>(std::max(width, 1)) / space_.x,
                                 static_cast<float>(std::max(height, 1)) / space_.y);
-  shape_ = std::min(pixelsPerUnit.x, pixelsPerUnit.y) / pixelsPerUnit;
+  // In a small window glyphs shrink no further than they can be read.
+  constexpr float kSmallest = 0.6F;  // pixels per unit
+  shape_ = std::max(std::min(pixelsPerUnit.x, pixelsPerUnit.y), kSmallest) / pixelsPerUnit;
 }
 
 void TextRenderer::loadGlyphs(const std::string& fontPath) {
