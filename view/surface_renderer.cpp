@@ -31,7 +31,7 @@ using Sync = std::unique_ptr<std::remove_pointer_t<GLsync>, SyncDeleter>;
 /// `kPiecesAhead` of them. A software GL keeps every triangle it has not drawn yet: at once, the
 /// list of a large surface would take nearly as much memory again as its buffers.
 void drawInPieces(GLsizei vertexCount) {
-  constexpr GLsizei kPiece = 3 << 16;
+  constexpr GLsizei kPiece = 3 << 15;
   constexpr std::size_t kPiecesAhead = 2;
   constexpr GLuint64 kOneSecond = 1'000'000'000;
   std::array<Sync, kPiecesAhead> drawn;
