@@ -22,6 +22,8 @@ std::string programFolder(const char* name) {
 
 std::string savedFilesFolder() { return programFolder("Saved Files"); }
 
+std::string screenshotsFolder() { return programFolder("Screenshots") + kPathSeparator; }
+
 bool makeFolder(const std::string& folder, std::ostream& log) {
   const std::filesystem::path path(std::u8string(folder.begin(), folder.end()));
   std::error_code error;

@@ -1,5 +1,8 @@
 #include "app/paths.h"
 
+#include <pwd.h>
+#include <unistd.h>
+
 #include <cstdlib>
 
 namespace morvane {
@@ -13,7 +16,12 @@ std::string environmentText(const char* name) {
 
 std::string userProfileFolder() {
   const std::string profile = environmentText("USERPROFILE");
-  return profile.empty() ? environmentText("HOME") : profile;
+  if (!profile.empty()) return profile;
+  const std::string home = environmentText("HOME");
+  if (!home.empty()) return home;
+  // A start from a bare environment: what the system itself knows.
+  const passwd* user = getpwuid(getuid());
+  return user != nullptr ? user->pw_dir : "";
 }
 
 }  // namespace morvane

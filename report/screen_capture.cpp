@@ -8,7 +8,6 @@
 
 #include "app/debug_log.h"
 #include "app/folders.h"
-#include "app/paths.h"
 #include "report/moment_texts.h"
 #include "report/screen_picture.h"
 
@@ -28,10 +27,6 @@ std::unique_ptr<ScreenPicture> take(ScreenPoint topLeft, ScreenPoint bottomRight
 }
 
 }  // namespace
-
-std::string screenshotsFolder() {
-  return folderOf(savedFilesFolder()) + kPathSeparator + "Screenshots" + kPathSeparator;
-}
 
 Screenshot captureScreenRect(ScreenPoint topLeft, ScreenPoint bottomRight) {
   log("#### SCREENSHOT ROUTINE CALLED ####");

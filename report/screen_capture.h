@@ -12,9 +12,6 @@ struct Screenshot {
   std::string reason;  ///< why there is none; empty otherwise
 };
 
-/// Where pictures of the screen go, with a separator behind it.
-std::string screenshotsFolder();
-
 /// Takes the rectangle that starts at `topLeft` and is as wide and high as the two points are
 /// apart, puts it on the clipboard and saves it as a JPEG file named after the present moment, in
 /// place of an older one of that name. Takes what is on the screen: draw first. What lies outside

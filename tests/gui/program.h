@@ -44,6 +44,8 @@ class Program {
   }
   int awaitExit() { return process_.awaitExit(); }
 
+  [[nodiscard]] pid_t id() const { return process_.id(); }
+
   /// The folder that the program takes as the user's home and profile.
   [[nodiscard]] std::string home() const { return home_.path(); }
 

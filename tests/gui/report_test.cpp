@@ -3,7 +3,9 @@
 #include <gtest/gtest.h>
 
 #include <cstdio>
+#include <cstdlib>
 #include <filesystem>
+#include <fstream>
 #include <memory>
 
 #include "tests/gui/program.h"
@@ -14,8 +16,11 @@ namespace {
 
 using testing::ContainsRegex;
 using testing::HasSubstr;
+using testing::Not;
 
+constexpr int kScreenWidth = 1600;
 constexpr Point kReport{77, 484};
+constexpr Point kProfile{77, 546};
 
 /// What a command prints.
 std::string outputOf(const std::string& command) {
@@ -30,11 +35,51 @@ std::string outputOf(const std::string& command) {
   return output;
 }
 
+/// The first picture in a PDF file.
+Image pictureIn(const std::string& path) {
+  outputOf("pdfimages '" + path + "' '" + path + "'");
+  std::ifstream file(path + "-000.ppm", std::ios::binary);
+  std::string format;
+  int width = 0;
+  int height = 0;
+  int strongest = 0;
+  file >> format >> width >> height >> strongest;
+  file.get();
+  std::vector<std::uint32_t> pixels(static_cast<std::size_t>(width) *
+                                    static_cast<std::size_t>(height));
+  for (std::uint32_t& pixel : pixels) {
+    for (int channel = 0; channel < 3; ++channel) {
+      pixel = pixel << 8 | static_cast<std::uint32_t>(file.get());
+    }
+  }
+  return {width, height, pixels};
+}
+
+/// A JPEG file is not exact: sharp edges of colour run over a few pixels.
+void expectAlike(const Image& picture, const Image& screen) {
+  ASSERT_EQ(picture.width(), screen.width());
+  ASSERT_EQ(picture.height(), screen.height());
+  long sum = 0;
+  int far = 0;
+  for (int y = 0; y < screen.height(); ++y) {
+    for (int x = 0; x < screen.width(); ++x) {
+      const int apart = difference(picture.at({x, y}), screen.at({x, y}));
+      sum += apart;
+      far += apart > 64 ? 1 : 0;
+    }
+  }
+  const double pixels = static_cast<double>(screen.width()) * screen.height();
+  EXPECT_LT(static_cast<double>(sum) / pixels, 3.0);
+  EXPECT_LT(far / pixels, 0.005);
+}
+
 class Report : public testing::Test {
  protected:
-  void open() {
-    program_ = std::make_unique<Program>(
-        std::vector<std::string>{golden::file("panel/measurement.res").string()});
+  /// Starts the program on a measurement through `launcher`, words that run what follows them.
+  void open(const std::vector<std::string>& launcher = {"env"}) {
+    std::vector<std::string> words(launcher.begin() + 1, launcher.end());
+    words.insert(words.end(), {MORVANE_PROGRAM, golden::file("panel/measurement.res").string()});
+    program_ = std::make_unique<Program>(words, Start{.program = launcher.front()});
     program_->mainWindow().awaitPicture("the surface", [](const Image& p) {
       return p.part({650, 370, 130, 90}).count([](const Rgb& c) { return chroma(c) > 80; }) > 2000;
     });
@@ -43,6 +88,13 @@ class Report : public testing::Test {
     program_->mainWindow().click(kReport);
     program_->answerChooser(name, "");
   }
+  /// Waits until the report stands in the folder, and returns its path.
+  std::string awaitReport(const std::string& name = "report.pdf") {
+    std::string path = folder_.file(name);
+    EXPECT_TRUE(eventually([&] { return std::filesystem::exists(path); })) << path;
+    return path;
+  }
+
   TemporaryFolder folder_;
   std::unique_ptr<Program> program_;
 };
@@ -50,9 +102,7 @@ class Report : public testing::Test {
 TEST_F(Report, IsAPageWithThePictureAndItsNumbers) {
   open();
   press(folder_.file("report"));
-  const std::string path = folder_.file("report.pdf");
-  program_->mainWindow().awaitPicture("the report",
-                                      [&](const Image&) { return std::filesystem::exists(path); });
+  const std::string path = awaitReport();
   const std::string text = outputOf("pdftotext -layout '" + path + "' -");
   for (const char* words : {"Morvane Reader Report:", "Date: ", "Time: ", "measurement.res",
                             "Scaling: 498.8x", "Crop Min: -6.1", "Crop Max: 6.2"}) {
@@ -67,6 +117,64 @@ TEST_F(Report, IsAPageWithThePictureAndItsNumbers) {
   // And the clipboard holds it.
   EXPECT_GT(outputOf("xclip -selection clipboard -o -t image/bmp 2>/dev/null").size(),
             std::size_t{1125} * 775 * 3);
+}
+
+TEST_F(Report, ShowsWhatTheScreenShowed) {
+  open();
+  program_->mainWindow().click(kProfile);
+  program_->mainWindow().awaitPicture("the profile", [](const Image& p) {
+    return p.part({300, 700, 800, 60}).count([](const Rgb& c) {
+      return c == Rgb{255, 255, 255};
+    }) > 20000;
+  });
+  const Image screen = program_->mainWindow().capture();
+  press(folder_.file("report"));
+  expectAlike(pictureIn(awaitReport()),
+              screen.part({155, 25, screen.width() - 155, screen.height() - 25}));
+}
+
+TEST_F(Report, OfNothingSaysSo) {
+  program_ = std::make_unique<Program>();
+  press(folder_.file("empty"));
+  const std::string text = outputOf("pdftotext '" + awaitReport("empty.pdf") + "' -");
+  EXPECT_THAT(text, HasSubstr("Crop Min: Miniu"));
+  EXPECT_THAT(text, HasSubstr("Crop Max: Maxiu"));
+  EXPECT_THAT(text, Not(HasSubstr(".res")));
+}
+
+TEST_F(Report, OfAWindowPartlyOffTheScreenIsBlackThere) {
+  open();
+  const Area place = program_->mainWindow().place({700, 100});
+  press(folder_.file("report"));
+  const Image picture = pictureIn(awaitReport());
+  EXPECT_EQ(picture.width(), 1125);
+  const int seen = kScreenWidth - place.x - 155;
+  const auto black = [](const Rgb& c) { return difference(c, kBlack) < 12; };
+  EXPECT_GT(picture.part({seen + 10, 0, 1105 - seen, 700}).count(black), (1105 - seen) * 690);
+  EXPECT_LT(picture.part({0, 0, seen - 10, 700}).count(black), seen * 350);
+}
+
+TEST_F(Report, WhosePictureHasNoPlaceKeepsItsTexts) {
+  open();
+  std::ofstream(program_->home() + "/Documents") << "no folder";
+  press(folder_.file("report"));
+  program_->awaitLine("The picture could not be saved: ");
+  EXPECT_THAT(outputOf("pdftotext '" + awaitReport() + "' -"), HasSubstr("Scaling: "));
+  EXPECT_EQ(program_->quit(), 0);
+}
+
+TEST_F(Report, OnAFullDiskIsSaidAndLeavesNothing) {
+  // A small disk of the program's own, seen by it alone.
+  const std::string mount = "mount -t tmpfs -o size=16k none '" + folder_.path().string() + "'";
+  if (std::system(("unshare -rm sh -c \"" + mount + "\" 2>/dev/null").c_str()) != 0) {
+    GTEST_SKIP() << "this system lets nobody mount a disk of his own";
+  }
+  open({"unshare", "-rm", "sh", "-c", mount + " && exec \"$@\"", "sh"});
+  press(folder_.file("report"));
+  program_->awaitLine("The report could not be saved: ");
+  EXPECT_TRUE(std::filesystem::is_empty("/proc/" + std::to_string(program_->id()) + "/root" +
+                                        folder_.path().string()));
+  EXPECT_EQ(program_->quit(), 0);
 }
 
 TEST_F(Report, LeftOrImpossibleIsSaidAndTheProgramRunsOn) {

@@ -19,6 +19,7 @@
 #include <string>
 
 #include "app/app_state.h"
+#include "app/folders.h"
 #include "report/moment_texts.h"
 #include "report/screen_capture.h"
 #include "tests/report/output.h"
