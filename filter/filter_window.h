@@ -31,8 +31,8 @@ class FilterWindow : public Fl_Double_Window {
   std::function<double()> fieldLength;  ///< of the surface on show, mm; 0 without one
 
  private:
-  Fl_Check_Button* addType(int y, const char* label);
-  Fl_Float_Input* addInput(int y, const char* label);
+  static Fl_Check_Button* addType(int y, const char* label);
+  static Fl_Float_Input* addInput(int y, const char* label);
 
   Fl_Float_Input* l1_;
   Fl_Float_Input* l2_;

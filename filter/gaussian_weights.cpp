@@ -9,17 +9,23 @@ namespace {
 
 constexpr float kPi = 3.1415927F;
 
+/// Of the wave that has `waves` periods on `points` points. Kept: whole pixels.
+float wavelength(int points, int waves) {
+  const int pixels = points / waves;
+  return static_cast<float>(pixels);
+}
+
 /// In pixels, from wave number 0, which shares the wavelength of 1.
 std::vector<float> columnWavelengths(int nx) {
   std::vector<float> lengths;
-  for (int k = 0; k <= nx / 2; ++k) lengths.push_back(static_cast<float>(nx / std::max(k, 1)));
+  for (int k = 0; k <= nx / 2; ++k) lengths.push_back(wavelength(nx, std::max(k, 1)));
   return lengths;
 }
 
 /// The same, with the negative wave numbers behind the positive ones.
 std::vector<float> rowWavelengths(int ny) {
   std::vector<float> lengths = columnWavelengths(ny);
-  for (int m = (-ny) / 2 + 1; m < 0; ++m) lengths.push_back(static_cast<float>(ny / m));
+  for (int m = (-ny) / 2 + 1; m < 0; ++m) lengths.push_back(wavelength(ny, m));
   lengths.resize(static_cast<std::size_t>(ny), 0.0F);
   return lengths;
 }

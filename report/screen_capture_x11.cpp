@@ -96,7 +96,8 @@ void paste(XImage& part, int x, int y, RgbImage& picture) {
   const Channel green(part.green_mask);
   const Channel blue(part.blue_mask);
   for (int row = 0; row < part.height; ++row) {
-    unsigned char* to = picture.row(static_cast<std::size_t>(y + row)) + std::ptrdiff_t{3} * x;
+    unsigned char* to = picture.row(static_cast<std::size_t>(y) + static_cast<std::size_t>(row)) +
+                        std::ptrdiff_t{3} * x;
     for (int column = 0; column < part.width; ++column) {
       const unsigned long pixel = XGetPixel(&part, column, row);
       *to++ = red.of(pixel);

@@ -51,6 +51,7 @@ constexpr TextField kText3 = {"headerText3 length", 108, 63};
 template <std::size_t N>
 std::size_t takeText(const std::byte* bytes, const TextField& field, std::array<char, N>& target,
                      std::ostream& log) {
+  // NOLINTNEXTLINE(bugprone-signed-char-misuse): the length is a signed byte
   const int announced = readLe<std::int8_t>(bytes + field.offset);
   const bool fits = announced >= 0 && static_cast<std::size_t>(announced) <= field.room;
   if (!fits) logDamage(log, field.name, announced);

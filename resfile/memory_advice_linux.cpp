@@ -19,7 +19,7 @@ void adviseHugePages(void* address, std::size_t bytes) {
   const std::uintptr_t end = (first + bytes) & ~(kHugePage - 1);
   if (end > begin) {
     // A refusal only costs speed, so the result is of no interest.
-    (void)madvise(reinterpret_cast<void*>(begin), end - begin, MADV_HUGEPAGE);
+    (void)madvise(static_cast<std::byte*>(address) + (begin - first), end - begin, MADV_HUGEPAGE);
   }
 }
 

@@ -144,7 +144,7 @@ constexpr Version3Value kVersion3Values[] = {
 void writeLine(const LogLine& line, Area area, std::ostream& log) {
   log << line.label;
   if (line.word != kNoValue) {
-    const std::byte* word = area + 4 * line.word;
+    const std::byte* word = area + std::ptrdiff_t{4} * line.word;
     if (line.isInteger) {
       log << readLe<std::uint32_t>(word);
     } else {

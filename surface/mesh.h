@@ -16,7 +16,7 @@ inline constexpr float kPointsPerUnit = 1000.0F;
 
 inline constexpr std::size_t kVerticesPerCell = 6;
 inline constexpr std::size_t kFloatsPerCell = kVerticesPerCell * 3;
-inline constexpr std::size_t kFaceFloatsPerCell = 2 * 3;
+inline constexpr std::size_t kFaceFloatsPerCell = std::size_t{2} * 3;
 
 /// Cells of a grid: one between each four neighbouring points.
 inline std::size_t cellCount(const HeightGrid& grid) {

@@ -31,10 +31,11 @@ std::vector<std::byte> encodeBitmap(const BitmapContent& content) {
   writeLe(out + 28, static_cast<std::uint16_t>(content.bitsPerPixel));
   writeLe(out + 34, image);
   for (std::uint32_t shade = 0; grey && shade < kShades; ++shade) {
-    writeLe(out + kHeaders + 4 * shade, shade * 0x010101U);
+    writeLe(out + kHeaders + std::size_t{4} * shade, shade * 0x010101U);
   }
   for (std::uint32_t y = 0; y < static_cast<std::uint32_t>(content.height); ++y) {
-    std::memcpy(out + start + y * paddedRow, content.pixels.data() + y * row, row);
+    std::memcpy(out + start + std::size_t{y} * paddedRow,
+                content.pixels.data() + std::size_t{y} * row, row);
   }
   return bytes;
 }

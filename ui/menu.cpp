@@ -166,6 +166,7 @@ void addBitmapItem(const std::string& name, long index, bool chosen) {
   // Added by its number: a name may look like another's, or like a path of menus.
   const int item =
       menu->add((kBitmapMenu + std::to_string(index)).c_str(), 0, onBitmapItem,
+                // NOLINTNEXTLINE(performance-no-int-to-ptr): the toolkit's way to hand on a number
                 reinterpret_cast<void*>(static_cast<fl_intptr_t>(index)), FL_MENU_RADIO);
   menu->replace(item, menuText(name).c_str());
   if (!chosen) return;

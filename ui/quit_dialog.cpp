@@ -39,7 +39,7 @@ class QuitDialog : public Fl_Double_Window {
   ~QuitDialog() override { clear(); }
 
  private:
-  void addButton(int x, const char* label, Fl_Callback* action) {
+  static void addButton(int x, const char* label, Fl_Callback* action) {
     auto* button = new Fl_Button(x, 60, 80, 30, label);
     button->box(buttonBox());
     button->down_box(buttonBox());

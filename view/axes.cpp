@@ -75,7 +75,7 @@ void Axes::draw(const ViewMatrices& matrices, const AxesRange& range) const {
 }
 
 void Axes::drawLabels(const ViewMatrices& matrices, const AxesRange& range,
-                      const TextRenderer& text) const {
+                      const TextRenderer& text) {
   const ResHeader& header = *range.header;
   const float width = static_cast<float>(header.width) / kPointsPerUnit;
   const float height = static_cast<float>(header.height) / kPointsPerUnit;

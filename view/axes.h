@@ -26,8 +26,8 @@ class Axes {
   /// Draws the lines beside the surface that `matrices` place.
   void draw(const ViewMatrices& matrices, const AxesRange& range) const;
   /// Draws names and lengths.
-  void drawLabels(const ViewMatrices& matrices, const AxesRange& range,
-                  const TextRenderer& text) const;
+  static void drawLabels(const ViewMatrices& matrices, const AxesRange& range,
+                         const TextRenderer& text);
 
  private:
   ShaderProgram program_;

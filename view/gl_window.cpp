@@ -217,7 +217,7 @@ void GLWindow::draw() {
   frame.print("Drawing Time for HM Key: ");
   drawTools();
   // Last, so that no pin stands before a number.
-  if (axesVisible_) axes_.drawLabels(matrices_, axesRange(), text_);
+  if (axesVisible_) Axes::drawLabels(matrices_, axesRange(), text_);
   if (keyShown) drawKeyLabels();
 }
 

@@ -151,7 +151,6 @@ class GLWindow : public Fl_Gl_Window {
   void dragTo(glm::vec2 point, bool left, bool right);
   int onMove();
   int onWheel();
-  [[nodiscard]] glm::vec2 eventPoint() const;
 
   void initialiseGlew();
   void reportTrouble(const std::string& reason);

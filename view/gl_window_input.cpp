@@ -11,11 +11,11 @@ namespace {
 bool leftHeld() { return Fl::event_button1() != 0; }
 bool rightHeld() { return Fl::event_button3() != 0; }
 
-}  // namespace
-
-glm::vec2 GLWindow::eventPoint() const {
+glm::vec2 eventPoint() {
   return {static_cast<float>(Fl::event_x()), static_cast<float>(Fl::event_y())};
 }
+
+}  // namespace
 
 int GLWindow::handle(int event) {
   switch (event) {

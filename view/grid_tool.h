@@ -27,7 +27,7 @@ class GridTool {
   GridSize grid_;
   PinSize pinSize_{};  // recorded with the grid; the corners have a size of their own
   Pins corners_;
-  Pin* grabbed_ = &corners_[0];
+  Pin* grabbed_ = corners_.data();
   bool placed_ = false;
 };
 

@@ -4,6 +4,7 @@
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <limits>
 #include <utility>
 
 #include "resfile/number_text.h"
@@ -15,7 +16,6 @@ constexpr float kNumberScale = 0.25F;
 constexpr float kNumberGap = 8.0F;   // pixels between neighbouring numbers
 constexpr float kNumberDrop = 4.0F;  // pixels from a level down to the baseline of its number
 constexpr float kBottom = plot::kMiddle - plot::kHalfAxis;
-constexpr int kLevels = 5;
 
 constexpr float kLineScale = 0.3F;   // of the two lines of text below the plot
 constexpr float kLineBase = 10.0F;   // pixels above the bottom
@@ -26,7 +26,8 @@ constexpr double kPlainMost = 1e6;   // larger numbers are written with a power 
 /// the numbers it stands among.
 std::string numberText(double value, double step, double most) {
   const auto digits = [](double x) { return static_cast<int>(std::floor(std::log10(x) + 1e-9)); };
-  if (!(step > 0.0)) return fixedText(value, 2);
+  // A file may announce any pitch, and what is endless has no digits to count.
+  if (!(step > 0.0) || !std::isfinite(most / step)) return fixedText(value, 2);
   if (most < kPlainMost && most > 1.0 / kPlainMost) {
     return fixedText(value, std::clamp(-digits(step), 0, 9));
   }
@@ -59,12 +60,17 @@ struct HeightRange {
 /// The extremes of the samples fill the room. A line without relief has room for the larger of the
 /// heat map's limits above and below it.
 HeightRange heightRange(const PlotData& data) {
-  double low = data.section.sampleMin;
-  double high = data.section.sampleMax;
+  // A limit typed beyond single precision is endless.
+  const auto bounded = [](float height) {
+    constexpr float kMost = std::numeric_limits<float>::max();
+    return double{std::clamp(height, -kMost, kMost)};
+  };
+  double low = bounded(data.section.sampleMin);
+  double high = bounded(data.section.sampleMax);
   const double least = 1e-6 * std::max({std::abs(low), std::abs(high), 1e-30});
   if (high - low <= least) {
     const double limit = std::max(std::abs(data.limitHigh), std::abs(data.limitLow));
-    const double half = std::isfinite(limit) && limit > least ? limit : 1.0;
+    const double half = std::isfinite(limit) && limit > least ? limit : std::max(1.0, least);
     low -= half;
     high += half;
   }
@@ -126,7 +132,7 @@ class Layout {
   }
 
   void addLevels() {
-    const int most = static_cast<int>(std::floor(range_.half / range_.step + 1e-9));
+    const auto most = static_cast<int>(std::floor(range_.half / range_.step + 1e-9));
     const double largest = std::abs(range_.middle) + range_.half;
     for (int i = -most; i <= most; ++i) {
       const double height = range_.middle + range_.step * i;

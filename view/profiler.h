@@ -43,7 +43,9 @@ class Profiler : public Fl_Gl_Window {
   /// Forgets the line: the next `loadPins` starts again.
   void dropPins();
   [[nodiscard]] Pins& pins() { return pins_; }
-  [[nodiscard]] bool owns(const Pin& pin) const { return &pin == &pins_[0] || &pin == &pins_[1]; }
+  [[nodiscard]] bool owns(const Pin& pin) const {
+    return &pin == pins_.data() || &pin == &pins_[1];
+  }
 
   /// Makes `pin`, one of the two, the one that `movePin` moves.
   void grab(Pin& pin) { grabbedPin_ = &pin; }
@@ -73,7 +75,7 @@ class Profiler : public Fl_Gl_Window {
 
   ProfileSurface surface_;
   Pins pins_;
-  Pin* grabbedPin_ = &pins_[0];
+  Pin* grabbedPin_ = pins_.data();
   bool pinsExist_ = false;
   bool needsRecompute_ = true;
   float markerScale_ = 0.0F;

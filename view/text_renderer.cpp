@@ -17,7 +17,7 @@ namespace morvane {
 namespace {
 
 constexpr FT_UInt kPixelSize = 48;
-constexpr std::size_t kFloatsPerQuad = 6 * 4;
+constexpr std::size_t kFloatsPerQuad = std::size_t{6} * 4;
 
 struct LibraryRelease {
   void operator()(FT_Library library) const { FT_Done_FreeType(library); }
@@ -114,6 +114,7 @@ void TextRenderer::enterContext() {
 }
 
 void TextRenderer::setSpace(float width, float height) {
+  // NOLINTNEXTLINE(readability-suspicious-call-argument): the origin is a corner
   projection_ = glm::ortho(0.0F, width, 0.0F, height);
   space_ = {width, height};
   shape_ = glm::vec2(1.0F);
