@@ -179,20 +179,20 @@ FilterRun runFilter(const FilterSettings& settings, const Measurement& measureme
     console << "Error ---- Undefined button number\n";
     return {FilterStatus::kNoType, nullptr};
   }
-  if (!measurement.grid || measurement.grid->count() == 0) return {FilterStatus::kNoGrid, nullptr};
-  const HeightGrid& raw = *measurement.grid;
-  const auto nx = static_cast<int>(raw.width());
-  const auto ny = static_cast<int>(raw.height());
-  const std::shared_ptr<HeightGrid> filtered = HeightGrid::zeroed(nx, ny);
-  if (!filtered) return {FilterStatus::kNoMemory, nullptr};
+  const HeightGrid* raw = measurement.grid.get();
+  const int nx = raw != nullptr ? static_cast<int>(raw->width()) : 0;
+  const int ny = raw != nullptr ? static_cast<int>(raw->height()) : 0;
   const auto pixelX = static_cast<float>(measurement.header.pixelSizeX);
   const auto pixelY = static_cast<float>(measurement.header.pixelSizeY);
   console << "FILTER TYPE: " << wordOf(*type) << "\nRES DIMENSIONS: (X) = " << nx
           << "  (Y) =  " << ny << "\nPixel Values: (X) = " << pixelX << "  (Y) =  " << pixelY
           << '\n';
+  if (nx == 0 || ny == 0) return {FilterStatus::kNoGrid, nullptr};
+  const std::shared_ptr<HeightGrid> filtered = HeightGrid::zeroed(nx, ny);
+  if (!filtered) return {FilterStatus::kNoMemory, nullptr};
   const float l1 = cutOffOf(settings.l1);
   const float l2 = cutOffOf(settings.l2);
-  if (!filterGrid(raw.values(), filtered->values(), nx, ny, l1, l1, l2, l2, pixelX, pixelY,
+  if (!filterGrid(raw->values(), filtered->values(), nx, ny, l1, l1, l2, l2, pixelX, pixelY,
                   *type)) {
     return {FilterStatus::kNoMemory, nullptr};
   }

@@ -52,7 +52,6 @@ FilterWindow::FilterWindow() : Fl_Double_Window(0, 0, 400, 400, "Filter Window")
   hint_->labelcolor(kQuiet);
   addButton(60, "Apply", [](Fl_Widget* widget, void*) {
     FilterWindow& window = windowOf(widget);
-    window.updateHint();
     if (window.onApply) window.onApply();
   });
   addButton(240, "Cancel", [](Fl_Widget* widget, void*) { windowOf(widget).hide(); });
@@ -83,8 +82,10 @@ FilterSettings FilterWindow::settings() const {
           .bandPass = bandPass_->value() != 0};
 }
 
-void FilterWindow::updateHint() {
-  showHint(filterHint(settings(), fieldLength ? fieldLength() : 0.0));
+bool FilterWindow::updateHint() {
+  const std::string hint = filterHint(settings(), fieldLength ? fieldLength() : 0.0);
+  showHint(hint);
+  return !hint.empty();
 }
 
 void FilterWindow::showHint(const std::string& text) {

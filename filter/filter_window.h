@@ -22,8 +22,9 @@ class FilterWindow : public Fl_Double_Window {
 
   [[nodiscard]] FilterSettings settings() const;
 
-  /// Says in the quiet line below the inputs what is odd about the present settings.
-  void updateHint();
+  /// Says in the quiet line below the inputs what is odd about the present settings, and returns
+  /// whether anything is.
+  bool updateHint();
   /// Says `text` there until something is set.
   void showHint(const std::string& text);
 

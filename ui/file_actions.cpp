@@ -13,6 +13,7 @@
 #include "app/app_state.h"
 #include "app/folders.h"
 #include "app/paths.h"
+#include "filter/filter_window.h"
 #include "resfile/bitmap_scan.h"
 #include "resfile/file_copy.h"
 #include "resfile/file_io.h"
@@ -109,7 +110,11 @@ void showOpened() {
   const WaitCursor wait;
   AppState& app = appState();
   app.glView->updateMeasurement();
-  if (app.glView->filterEnabled()) applyFilter();
+  if (app.glView->filterEnabled()) {
+    applyFilter();
+  } else {
+    app.filterWindow->updateHint();
+  }
   app.logoBox->hide();
   app.fileLoaded = true;
   const BitmapFolder bitmaps = scanBitmaps(app.glView->measurement().path, std::cout);

@@ -27,9 +27,10 @@ void applyFilter() {
   }
   app.glView->setFiltered(std::move(run.filtered));
   app.mainWindow->redraw();
+  const bool odd = app.filterWindow->updateHint();
   if (run.status == FilterStatus::kNoType) {
     sayTypeIsMissing();
-  } else if (!app.glView->filterEnabled()) {
+  } else if (!odd && !app.glView->filterEnabled()) {
     app.filterWindow->showHint("Filtering is off: switch it on in the menu to see it.");
   }
 }

@@ -72,6 +72,16 @@ class MainWindow : public Fl_Double_Window {
   }
 };
 
+/// Its check boxes are true whenever they are looked at.
+class MenuBar : public Fl_Menu_Bar {
+ public:
+  using Fl_Menu_Bar::Fl_Menu_Bar;
+  int handle(int event) override {
+    if (event == FL_PUSH || event == FL_SHORTCUT) checkMenuBoxes();
+    return Fl_Menu_Bar::handle(event);
+  }
+};
+
 Fl_Double_Window* makeWindow() {
   auto* window = new MainWindow(kWindowWidth, kWindowHeight, "Morvane Reader Software");
   window->color(kBlack);
@@ -81,7 +91,7 @@ Fl_Double_Window* makeWindow() {
 }
 
 Fl_Menu_Bar* makeMenuBar() {
-  auto* menu = new Fl_Menu_Bar(0, 0, kWindowWidth, kMenuHeight);
+  auto* menu = new MenuBar(0, 0, kWindowWidth, kMenuHeight);
   menu->box(FL_FLAT_BOX);
   menu->color(kBlack);
   menu->textcolor(kWhite);

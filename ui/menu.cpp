@@ -145,13 +145,25 @@ std::string menuText(const std::string& name) {
 
 void buildMenu() {
   const auto add = [](const MenuEntry& entry) {
-    const bool checked = entry.state != nullptr && entry.state();
-    appState().menuBar->add(entry.path, entry.shortcut, onMenu, nullptr,
-                            entry.flags | (checked ? FL_MENU_VALUE : 0));
+    appState().menuBar->add(entry.path, entry.shortcut, onMenu, nullptr, entry.flags);
   };
   for (const MenuEntry& entry : kMenu) add(entry);
-  if (environmentText("MORVANE_MENU") != "full") return;
-  for (const MenuEntry& entry : kFullMenu) add(entry);
+  if (environmentText("MORVANE_MENU") == "full") {
+    for (const MenuEntry& entry : kFullMenu) add(entry);
+  }
+  checkMenuBoxes();
+}
+
+void checkMenuBoxes() {
+  Fl_Menu_Bar* menu = appState().menuBar;
+  const auto check = [menu](const MenuEntry& entry) {
+    const int item = menu->find_index(entry.path);
+    if (entry.state == nullptr || item < 0) return;
+    const int others = menu->mode(item) & ~FL_MENU_VALUE;
+    menu->mode(item, others | (entry.state() ? FL_MENU_VALUE : 0));
+  };
+  for (const MenuEntry& entry : kMenu) check(entry);
+  for (const MenuEntry& entry : kFullMenu) check(entry);
 }
 
 void rebuildMenu() {

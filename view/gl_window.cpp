@@ -136,6 +136,7 @@ void GLWindow::setFilterEnabled(bool enabled) {
 void GLWindow::setFiltered(std::shared_ptr<const HeightGrid> grid) {
   model_.setFiltered(std::move(grid));
   requestRebuild();
+  if (!glReady_) ensureMeasured();  // no frame will
 }
 
 void GLWindow::setGlobalLimits(float max, float min) {

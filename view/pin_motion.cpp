@@ -28,12 +28,12 @@ float numberOrZero(float value) { return std::isnan(value) ? 0.0F : value; }
 
 bool inside(float value, float most) { return value > 0.0F && value < most; }
 
-/// First and number of the grid points between two coordinates of one axis.
+/// First and number of the grid points next to and between two coordinates of one axis.
 std::pair<std::size_t, std::size_t> pointsBetween(float a, float b, std::size_t count) {
   const auto point = [count](float coordinate) {
     const float place =
         std::clamp(numberOrZero(coordinate) * kPointsPerUnit, 0.0F, static_cast<float>(count - 1));
-    return static_cast<std::size_t>(place);
+    return static_cast<std::size_t>(std::lround(place));
   };
   const std::size_t first = std::min(std::min(point(a), point(b)), count - 2);
   const std::size_t last = std::max(std::max(point(a), point(b)), first + 1);

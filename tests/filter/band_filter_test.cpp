@@ -1,4 +1,5 @@
 // What a filter must do to waves, constants, holes and impossible settings.
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -197,6 +198,7 @@ TEST(FilterRun, FollowsTheSettings) {
     const FilterRun empty = runFilter({"1", "2", true}, measurement, console);
     EXPECT_EQ(empty.status, FilterStatus::kNoGrid);
     EXPECT_EQ(empty.filtered, nullptr);
+    EXPECT_THAT(console.str(), testing::HasSubstr("FILTER TYPE: hpf\nRES DIMENSIONS: (X) = 0"));
   }
 }
 
@@ -218,7 +220,10 @@ TEST(FilterHint, NamesTheFirstOddThing) {
   EXPECT_EQ(hint("1", "", true), "L1 is not below L2.");
   EXPECT_EQ(hint("-3", "2", true), "L1 is negative: its sign does not count.");
   EXPECT_EQ(hint("0.15", "20.5", true), "L2 is longer than the measured field, 20.00 mm.");
-  EXPECT_EQ(hint("-.", "", false), "L1 is not a number: it counts as 0.");
+  for (const char* rubbish : {"-.", "--5", ".-5", "..5", "+-3"}) {
+    EXPECT_EQ(hint(rubbish, "", false), "L1 is not a number: it counts as 0.") << rubbish;
+  }
+  EXPECT_EQ(hint("  +.8", "", false), "");
   EXPECT_EQ(filterHint({.l1 = "30", .l2 = "", .lowPass = true}, 0.0), "");
 }
 
