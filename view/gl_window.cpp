@@ -11,6 +11,7 @@
 #include "app/debug_log.h"
 #include "app/paths.h"
 #include "resfile/memory_advice.h"
+#include "view/gl_check.h"
 #include "view/gl_mode.h"
 
 namespace morvane {
@@ -220,6 +221,7 @@ void GLWindow::draw() {
   // Last, so that no pin stands before a number.
   if (axesVisible_) Axes::drawLabels(matrices_, axesRange(), text_);
   if (keyShown) drawKeyLabels();
+  checkGl("surface");
 }
 
 void GLWindow::generateBuffers() {

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "app/paths.h"
+#include "view/gl_check.h"
 #include "view/gl_mode.h"
 #include "view/shader_sources.h"
 
@@ -141,6 +142,7 @@ void Profiler::draw() {
   glEnable(GL_MULTISAMPLE);
   glDisable(GL_DEPTH_TEST);
   drawPlot();
+  checkGl("profile");
 }
 
 void Profiler::drawPlot() {

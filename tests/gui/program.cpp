@@ -39,6 +39,7 @@ std::vector<std::string> startWords(const std::vector<std::string>& arguments, c
                                     "HOME=" + home,
                                     "USERPROFILE=" + home,
                                     "DISPLAY=" + screen.name(),
+                                    "MORVANE_CHECK_GL=1",
                                     "ASAN_OPTIONS=" + variable("ASAN_OPTIONS") + ":detect_leaks=0"};
   words.insert(words.end(), start.environment.begin(), start.environment.end());
   words.push_back(start.program);
@@ -55,7 +56,7 @@ Program::Program(const std::vector<std::string>& arguments, const Start& start)
 Program::~Program() {
   for (const std::string& line : lines(Stream::kErrors)) {
     if (line.find("Sanitizer") != std::string::npos ||
-        line.find("runtime error:") != std::string::npos) {
+        line.find("runtime error:") != std::string::npos || line.starts_with("GL error")) {
       ADD_FAILURE() << line;
     }
   }

@@ -64,6 +64,9 @@ class Program {
   /// Memory the program holds now.
   [[nodiscard]] long residentKilobytes() const;
 
+  /// False once it has ended.
+  [[nodiscard]] bool running() { return process_.running(); }
+
   /// Quits with Ctrl+Q and returns the exit status.
   int quit();
 

@@ -1,4 +1,4 @@
-// Bitmaps: the reference cases, files that lie, and the folder scan.
+// Bitmaps: the reference cases and files that lie.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -6,7 +6,6 @@
 #include <sstream>
 
 #include "resfile/bitmap_image.h"
-#include "resfile/bitmap_scan.h"
 #include "resfile/little_endian.h"
 #include "tests/support/golden.h"
 #include "tests/support/temporary_folder.h"
@@ -110,20 +109,6 @@ TEST_F(HostileBitmap, AMissingOneLeavesTheLastInPlace) {
   EXPECT_NE(log_.str().find("File not Bitmap Format!\n"), std::string::npos);
   EXPECT_EQ(image_.readBitmap(folder_.file("none.bmp")), 24);
   EXPECT_EQ(image_.pixels().size(), 18U);
-}
-
-TEST(BitmapScan, TakesLowerCaseBitmapsInOrder) {
-  const TemporaryFolder folder;
-  for (const char* name : {"b.bmp", "a.bmp", "c.BMP", "d.bmp.txt", "bmp", ".bmp", "x.res"}) {
-    writeBytes(folder.file(name), {});
-  }
-  std::ostringstream log;
-  const BitmapFolder found = scanBitmaps(folder.file("x.res"), log);
-  EXPECT_EQ(found.names, (std::vector<std::string>{".bmp", "a.bmp", "b.bmp"}));
-  EXPECT_EQ(found.folder, folder.path().string());
-  EXPECT_EQ(log.str().find("PATH TO FOLDER: " + found.folder + "\nFound Filename: .bmp\n"), 0U);
-  EXPECT_EQ(scanBitmaps("x.res", log).folder, ".");
-  EXPECT_TRUE(scanBitmaps(folder.file("no folder/x.res"), log).names.empty());
 }
 
 }  // namespace

@@ -1,62 +1,11 @@
 // Files that lie: the reader must judge them, not trust them.
 #include <gtest/gtest.h>
-#include <sys/resource.h>
-#include <sys/stat.h>
-
-#include <chrono>
-#include <fstream>
-#include <limits>
-#include <sstream>
 
 #include "resfile/little_endian.h"
-#include "resfile/res_file.h"
-#include "tests/support/temporary_folder.h"
-#include "tools/measurement_builder.h"
+#include "tests/resfile/hostile_file.h"
 
 namespace morvane {
 namespace {
-
-MeasurementContent smallContent(std::int32_t version) {
-  MeasurementContent content;
-  content.version = version;
-  content.width = 3;
-  content.height = 2;
-  content.algorithmType = 9;
-  content.record.assign(16, 1.25F);
-  content.heights = {1.1, 2.2, 3.3, 4.4, 5.5, 6.6};
-  return content;
-}
-
-constexpr std::int32_t kMost = std::numeric_limits<std::int32_t>::max();
-constexpr std::int32_t kLeast = std::numeric_limits<std::int32_t>::min();
-
-long peakMegabytes() {
-  rusage usage{};
-  getrusage(RUSAGE_SELF, &usage);
-  return usage.ru_maxrss / 1024;
-}
-
-class HostileFile : public testing::Test {
- protected:
-  // There are thousands: not written the builder's way, which waits for the disk.
-  std::string write(const std::vector<std::byte>& bytes) {
-    const std::string path = folder_.file("hostile.res");
-    std::ofstream(path, std::ios::binary)
-        .write(reinterpret_cast<const char*>(bytes.data()),
-               static_cast<std::streamsize>(bytes.size()));
-    return path;
-  }
-  bool opens(const std::vector<std::byte>& bytes) { return opens(write(bytes)); }
-  bool opens(const std::string& path) {
-    log_.str("");
-    file_.update(path);
-    return file_.isValid();
-  }
-
-  TemporaryFolder folder_;
-  std::ostringstream log_;
-  resFile file_{log_};
-};
 
 TEST_F(HostileFile, CutAnywhereIsInvalidAndItsMissingHeightsAreZero) {
   for (const std::int32_t version : {2, 3, 4}) {
@@ -107,28 +56,6 @@ TEST_F(HostileFile, SurvivesEveryHeaderByteAtItsExtremes) {
   }
 }
 
-TEST_F(HostileFile, ImpossibleSizesAreNamedAndCostNothing) {
-  const long before = peakMegabytes();
-  const auto start = std::chrono::steady_clock::now();
-  for (const auto& [width, height] : {std::pair{-3, 2},
-                                      {3, -2},
-                                      {-3, -2},
-                                      {kLeast, kLeast},
-                                      {kMost, kMost},
-                                      {65536, 65536},
-                                      {kMost, 1},
-                                      {1, kMost}}) {
-    MeasurementContent content = smallContent(4);
-    content.width = width;
-    content.height = height;
-    EXPECT_FALSE(opens(encodeMeasurement(content))) << width << " x " << height;
-    const bool possible = width > 0 && height > 0 && std::int64_t{width} * height <= kMost;
-    EXPECT_EQ(log_.str().find("DAMAGED FIELD") == std::string::npos, possible) << log_.str();
-  }
-  EXPECT_LT(peakMegabytes() - before, 64);
-  EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(2));
-}
-
 TEST_F(HostileFile, TextLengthsAreCutToTheirFields) {
   for (int length = -128; length < 128; ++length) {
     MeasurementContent content = smallContent(4);
@@ -149,18 +76,6 @@ TEST_F(HostileFile, TextLengthsAreCutToTheirFields) {
     EXPECT_EQ(fieldText(fresh.header().headerText1).size(), expected(15)) << length;
     EXPECT_EQ(fieldText(fresh.header().headerText2).size(), expected(15)) << length;
     EXPECT_EQ(fieldText(fresh.header().headerText3).size(), expected(63)) << length;
-  }
-}
-
-TEST_F(HostileFile, WhatIsNoFileIsRefusedWithoutWaiting) {
-  ASSERT_TRUE(opens(encodeMeasurement(smallContent(4))));
-  const std::string pipe = folder_.file("pipe.res");
-  ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
-  for (const std::string& path : {folder_.path().string(), pipe, folder_.file("none.res"),
-                                  std::string("/dev/zero"), std::string()}) {
-    opens(path);
-    EXPECT_EQ(file_.grid(), nullptr) << path;
-    EXPECT_NE(log_.str().find("ERROR: FILE CANNOT BE OPENED\n  err "), std::string::npos) << path;
   }
 }
 

@@ -1,0 +1,187 @@
+// Hours at the machine in small: whatever an operator may do, in any order.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <array>
+#include <chrono>
+#include <cstdlib>
+#include <filesystem>
+#include <iostream>
+#include <random>
+
+#include "tests/gui/program.h"
+#include "tests/support/golden.h"
+#include "tools/measurement_builder.h"
+
+namespace morvane::gui {
+namespace {
+
+namespace fs = std::filesystem;
+using Clock = std::chrono::steady_clock;
+
+constexpr int kToolsItems = 11;  // without the full screen, whose size is not ours to change
+constexpr Point kTools{215, 12};
+constexpr Point kReport{77, 484};
+constexpr Point kViewOrigin{160, 30};
+constexpr Area kControls{4, 180, 146, 460};
+constexpr Area kFilterTypes{36, 130, 12, 70};
+
+/// A number of the environment, or `usual`.
+unsigned long setting(const char* name, unsigned long usual) {
+  const char* text = std::getenv(name);
+  return text != nullptr ? std::strtoul(text, nullptr, 10) : usual;
+}
+
+class Soak : public testing::Test {
+ public:
+  Soak() {
+    // All in one folder, with no long way for the chooser and room for what is saved.
+    for (const char* name : {"panel", "flat", "int16_v2", "v3_reflective", "small_odd_rows"}) {
+      fs::copy_file(golden::file(std::string(name) + "/measurement.res"), path(name));
+    }
+    fs::copy_file(golden::file("panel/surface_image_f.bmp"), folder_.file("surface_image_f.bmp"));
+    writeBytes(path("broken"), std::vector<std::byte>(300));
+    std::cerr << "seed " << seed_ << '\n';
+  }
+  std::string path(const std::string& name) const { return folder_.file(name + ".res"); }
+  int upTo(int most) { return std::uniform_int_distribution<int>(0, most)(random_); }
+  Point in(const Area& area) { return {area.x + upTo(area.w - 1), area.y + upTo(area.h - 1)}; }
+  template <class Values>
+  auto oneOf(const Values& values) {
+    return values[static_cast<std::size_t>(upTo(static_cast<int>(std::size(values)) - 1))];
+  }
+  Window window() { return program_.mainWindow(); }
+
+  void pressControl() { window().click(in(kControls)); }
+  void typeLimit() {
+    window().click({30, oneOf(std::array{390, 432})});
+    window().key({"ctrl+a"});
+    window().type(oneOf(std::array{"5", "-3", "1e99", "abc", "0", "2.5"}));
+    window().key({"Return"});
+  }
+  /// A point of the view, whatever the window's size is now.
+  Point inView() {
+    const Area whole = window().area();
+    return in(
+        {kViewOrigin.x, kViewOrigin.y, whole.w - kViewOrigin.x - 5, whole.h - kViewOrigin.y - 5});
+  }
+  void drag() {
+    const std::array<std::vector<int>, 4> buttons = {{{1}, {2}, {3}, {1, 3}}};
+    window().drag(inView(), inView(), oneOf(buttons));
+  }
+  void turnWheel() { window().wheel(inView(), oneOf(std::array{-9, -1, 1, 9})); }
+  void chooseTool() {
+    window().click(kTools);
+    std::vector<std::string> keys(static_cast<std::size_t>(1 + upTo(kToolsItems - 1)), "Down");
+    keys.emplace_back("Return");
+    window().key(keys);
+  }
+  void setFilter() {
+    for (const Window& filter : program_.windows()) {
+      if (filter.title() != "Filter Window") continue;
+      filter.click(in(kFilterTypes));
+      filter.click({100, oneOf(std::array{245, 315})});
+      filter.key({"ctrl+a"});
+      filter.type(oneOf(std::array{"0.8", "2", "0.05", "1e30", "-1", "0"}));
+      filter.click({oneOf(std::array{110, 110, 110, 290}), 365});
+    }
+  }
+  void open() {
+    const auto name =
+        oneOf(std::array{"panel", "flat", "int16_v2", "v3_reflective", "small_odd_rows", "broken"});
+    window().key({"ctrl+o"});
+    program_.answerChooser(path(name));
+  }
+  void saveCopy() {
+    window().key({"ctrl+s"});
+    program_.answerChooser(folder_.file("copy"), "Save Copy as");
+  }
+  void report() {
+    window().click(kReport);
+    program_.answerChooser(folder_.file("report"), "");
+  }
+  void resize() { window().resize(700 + upTo(880), 720 + upTo(200)); }
+
+  /// Answers every question and leaves every window but the two that stay.
+  void tidyUp() {
+    for (int i = 0; i < 6; ++i) {
+      bool left = false;
+      for (const Window& other : program_.windows()) {
+        const std::string title = other.title();
+        if (title == "Morvane Reader Software" || title == "Filter Window") continue;
+        left = true;
+        try {
+          other.key({oneOf(std::array{"Escape", "Return"})});
+        } catch (const GuiError&) {  // it has just gone by itself
+        }
+      }
+      if (!left) return;
+    }
+  }
+
+  /// Memory held with the first measurement on show, whatever was before.
+  long level() {
+    window().resize(1280, 800);
+    tidyUp();
+    window().key({"ctrl+o"});
+    program_.answerChooser(path("panel"));
+    program_.awaitLine("fileSize: ");
+    program_.awaitLine(kFrameDrawn);
+    return program_.residentKilobytes();
+  }
+
+  TemporaryFolder folder_;
+  unsigned long seed_ = setting("MORVANE_SOAK_SEED", std::random_device{}());
+  std::mt19937 random_{static_cast<std::mt19937::result_type>(seed_)};
+  Program program_{{path("panel")}, Start{.environment = {"MORVANE_MENU=full"}}};
+};
+
+TEST_F(Soak, EndsAsItBegan) {
+  struct Action {
+    const char* name;
+    int weight;
+    void (Soak::*run)();
+  };
+  constexpr Action kActions[] = {{"press", 6, &Soak::pressControl}, {"limit", 2, &Soak::typeLimit},
+                                 {"drag", 5, &Soak::drag},          {"wheel", 2, &Soak::turnWheel},
+                                 {"tool", 4, &Soak::chooseTool},    {"filter", 3, &Soak::setFilter},
+                                 {"open", 3, &Soak::open},          {"copy", 1, &Soak::saveCopy},
+                                 {"report", 1, &Soak::report},      {"resize", 1, &Soak::resize}};
+  std::vector<const Action*> lots;
+  for (const Action& action : kActions) {
+    lots.insert(lots.end(), static_cast<std::size_t>(action.weight), &action);
+  }
+  program_.awaitLine(kFrameDrawn);
+  const auto length = std::chrono::seconds(setting("MORVANE_SOAK_SECONDS", 30));
+  const auto start = Clock::now();
+  constexpr std::size_t kLevels = 6;
+  std::vector<long> levels;
+  int steps = 0;
+  int missed = 0;
+  while (Clock::now() - start < length) {
+    const Action& action = *oneOf(lots);
+    try {
+      (this->*action.run)();
+      tidyUp();
+    } catch (const GuiError& error) {
+      // Chance may press "Quit" nowhere, but may find a window gone that was there.
+      ASSERT_TRUE(program_.running()) << "ended in " << action.name << ", step " << steps;
+      std::cerr << action.name << ", step " << steps << ": " << error.what() << '\n';
+      ++missed;
+    }
+    ASSERT_TRUE(program_.running()) << "ended in " << action.name << ", step " << steps;
+    ++steps;
+    if (Clock::now() - start > length * (levels.size() + 1) / kLevels) levels.push_back(level());
+  }
+  std::cerr << steps << " steps, " << missed << " missed, memory in kB";
+  for (const long held : levels) std::cerr << ' ' << held;
+  std::cerr << '\n';
+  EXPECT_LT(missed, 3 + steps / 20);
+  ASSERT_GE(levels.size(), 3U);
+  // What is switched on by then takes its room; what leaks, takes ever more.
+  EXPECT_LT(levels.back(), *std::max_element(levels.begin(), levels.begin() + 3) * 5 / 4);
+  EXPECT_EQ(program_.quit(), 0);
+}
+
+}  // namespace
+}  // namespace morvane::gui

@@ -1,0 +1,22 @@
+#include "view/gl_check.h"
+
+#include <GL/glew.h>
+
+#include <cstdio>
+
+#include "app/paths.h"
+
+namespace morvane {
+
+void checkGl(const char* frame) {
+  static const bool wanted = !environmentText("MORVANE_CHECK_GL").empty();
+  if (!wanted) return;
+  constexpr int kMost = 8;  // a context that is lost has no last one
+  for (int i = 0; i < kMost; ++i) {
+    const GLenum error = glGetError();
+    if (error == GL_NO_ERROR) return;
+    std::fprintf(stderr, "GL error 0x%04X in a frame of the %s\n", error, frame);
+  }
+}
+
+}  // namespace morvane
