@@ -24,6 +24,9 @@ std::string chooseFileToSave(const SaveRequest& request);
 /// Shows `text` until it is confirmed.
 void showAlert(const std::string& text);
 
+/// The same as soon as what is being drawn is done.
+void showAlertSoon(const std::string& text);
+
 /// Asks for a name, offering `preset`. Empty when cancelled.
 std::string askName(const std::string& question, const std::string& preset);
 

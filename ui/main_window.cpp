@@ -16,6 +16,7 @@
 #include "results/results_panel.h"
 #include "ui/about_window.h"
 #include "ui/button_box.h"
+#include "ui/choosers.h"
 #include "ui/config_manager.h"
 #include "ui/console.h"
 #include "ui/controls.h"
@@ -104,6 +105,7 @@ GLWindow* makeView(AppState& app) {
   view->exeFolder = app.exeFolder;
   view->profiler().exeFolder = app.exeFolder;
   view->onTrouble = appendConsole;
+  view->onNotShown = showAlertSoon;
   view->onMeasured = showMeasured;
   return view;
 }

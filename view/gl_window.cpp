@@ -246,7 +246,7 @@ void GLWindow::bindModel() {
   wearsHeatMap_ = model_.heatMap;
   const std::optional<BitmapDrape> drape = drapeBitmap();
   const std::string reason = surface_.bind(model_, drape ? &*drape : nullptr);
-  if (!reason.empty()) reportTrouble(reason);
+  if (!reason.empty() && onNotShown) onNotShown("The surface cannot be shown: " + reason + '.');
   modelBound_ = true;
   Fl::remove_timeout(tidyMemory);
   Fl::add_timeout(kTidyAfter, tidyMemory);

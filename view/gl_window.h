@@ -114,8 +114,10 @@ class GLWindow : public Fl_Gl_Window {
   [[nodiscard]] bool gridMode() const { return gridMode_; }
   [[nodiscard]] const GridTool& gridTool() const { return gridTool_; }
 
-  /// Where the view puts a message that an operator must see.
+  /// Told, in a sentence, why the system cannot draw the view at all.
   std::function<void(const std::string&)> onTrouble;
+  /// Told why a measurement that is open cannot be shown. Called while a frame is drawn.
+  std::function<void(const std::string&)> onNotShown;
 
   /// Called when limits or scale have been brought up to date.
   std::function<void()> onMeasured;

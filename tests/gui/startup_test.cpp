@@ -9,6 +9,7 @@
 
 #include "tests/gui/program.h"
 #include "tests/support/golden.h"
+#include "tools/measurement_builder.h"
 
 namespace morvane::gui {
 namespace {
@@ -145,6 +146,36 @@ TEST(Open, WhatCannotBeOpenedLeavesThePictureAsItWas) {
   main.awaitPicture("the same after new frames", asBefore);
   EXPECT_EQ(program.quit(), 0);
 }
+
+// A sanitizer claims more address space than any limit leaves.
+#if !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__)
+TEST(Open, WhatMemoryCannotHoldIsTold) {
+  const TemporaryFolder folder;
+  const std::string large = folder.file("large.res");
+  MeasurementContent content;
+  writeBytes(large, encodeMeasurement(content));
+  constexpr std::int32_t kSide = 5000;
+  std::fstream file(large, std::ios::in | std::ios::out | std::ios::binary);
+  file.seekp(4);
+  for (int i = 0; i < 2; ++i) file.write(reinterpret_cast<const char*>(&kSide), sizeof kSide);
+  file.close();
+  std::filesystem::resize_file(large, 256 + std::uintmax_t{8} * kSide * kSide);
+
+  const std::string kilobytes = "2500000";
+  Program program(
+      {"-c", "ulimit -v " + kilobytes + " && exec \"$@\"", "sh", MORVANE_PROGRAM, large},
+      Start{.program = "sh"});
+  const Window alert = program.alert();
+  alert.key({"Return"});
+  alert.awaitGone();
+  program.mainWindow().key({"ctrl+o"});
+  program.answerChooser(panel());
+  program.mainWindow().awaitPicture("the surface", [](const Image& picture) {
+    return chroma(picture.at({picture.width() / 2 + 75, picture.height() / 2 + 12})) > 60;
+  });
+  EXPECT_EQ(program.quit(), 0);
+}
+#endif
 
 class Golden : public testing::TestWithParam<std::string> {};
 

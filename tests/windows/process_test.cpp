@@ -1,0 +1,141 @@
+// The command line and the log of a program without a console of its own, seen by who started it.
+#include <gtest/gtest.h>
+#include <windows.h>
+
+#include <array>
+#include <chrono>
+#include <memory>
+#include <string>
+#include <thread>
+#include <utility>
+#include <vector>
+
+namespace morvane {
+namespace {
+
+using namespace std::chrono_literals;
+
+struct HandleCloser {
+  using pointer = HANDLE;
+  void operator()(HANDLE handle) const { CloseHandle(handle); }
+};
+using Handle = std::unique_ptr<HANDLE, HandleCloser>;
+
+constexpr wchar_t kArguments[] =
+    L"\"Z:\\Messung \u00e4\u00f6\\T\u00fcr \u6e2c.res\" plain \"a \\\"quoted\\\" word\" \"\"";
+const std::vector<std::string> kWords = {
+    "Z:\\Messung \xc3\xa4\xc3\xb6\\T\xc3\xbcr \xe6\xb8\xac.res", "plain", "a \"quoted\" word", ""};
+
+std::wstring sayWords() {
+  std::array<wchar_t, MAX_PATH> self{};
+  GetModuleFileNameW(nullptr, self.data(), MAX_PATH);
+  std::wstring path(self.data());
+  return path.substr(0, path.find_last_of(L'\\') + 1) + MORVANE_SAY_WORDS;
+}
+
+struct Pipe {
+  Handle read;
+  Handle write;
+};
+
+/// A pipe of which the child gets one end only.
+Pipe makePipe(bool childReads) {
+  SECURITY_ATTRIBUTES inherited{sizeof(SECURITY_ATTRIBUTES), nullptr, TRUE};
+  HANDLE read = nullptr;
+  HANDLE write = nullptr;
+  EXPECT_NE(CreatePipe(&read, &write, &inherited, 0), 0);
+  SetHandleInformation(childReads ? write : read, HANDLE_FLAG_INHERIT, 0);
+  return {Handle(read), Handle(write)};
+}
+
+Handle start(HANDLE input, HANDLE output, DWORD flags = 0) {
+  std::wstring line = L"\"" + sayWords() + L"\" " + kArguments;
+  STARTUPINFOW startup{};
+  startup.cb = sizeof(startup);
+  startup.dwFlags = STARTF_USESTDHANDLES;
+  startup.hStdInput = input;
+  startup.hStdOutput = output;
+  PROCESS_INFORMATION process{};
+  EXPECT_NE(CreateProcessW(nullptr, line.data(), nullptr, nullptr, TRUE, flags, nullptr, nullptr,
+                           &startup, &process),
+            0);
+  CloseHandle(process.hThread);
+  return Handle(process.hProcess);
+}
+
+DWORD exitCodeOf(const Handle& process) {
+  DWORD code = STILL_ACTIVE;
+  EXPECT_EQ(WaitForSingleObject(process.get(), 20'000), WAIT_OBJECT_0);
+  GetExitCodeProcess(process.get(), &code);
+  return code;
+}
+
+/// The first `count` lines out of a pipe, without their ends; fewer when they do not come in time.
+std::vector<std::string> linesFrom(HANDLE pipe, std::size_t count) {
+  std::vector<std::string> lines;
+  std::string line;
+  const auto end = std::chrono::steady_clock::now() + 20s;
+  while (lines.size() < count && std::chrono::steady_clock::now() < end) {
+    DWORD waiting = 0;
+    if (PeekNamedPipe(pipe, nullptr, 0, nullptr, &waiting, nullptr) == 0) break;
+    if (waiting == 0) {
+      std::this_thread::sleep_for(10ms);
+      continue;
+    }
+    char c = 0;
+    DWORD got = 0;
+    ReadFile(pipe, &c, 1, &got, nullptr);
+    if (c == '\n') {
+      lines.push_back(std::exchange(line, {}));
+    } else if (c != '\r') {
+      line += c;
+    }
+  }
+  return lines;
+}
+
+TEST(Process, KeepsEveryLetterAndWritesEachLineAtOnce) {
+  Pipe input = makePipe(true);
+  Pipe output = makePipe(false);
+  const Handle process = start(input.read.get(), output.write.get());
+  // The child goes on until its input ends, so these lines come while it runs.
+  std::vector<std::string> words = linesFrom(output.read.get(), kWords.size() + 1);
+  EXPECT_EQ(WaitForSingleObject(process.get(), 0), WAIT_TIMEOUT);
+  ASSERT_EQ(words.size(), kWords.size() + 1);
+  EXPECT_TRUE(words[0].ends_with("say_words.exe")) << words[0];
+  words.erase(words.begin());
+  EXPECT_EQ(words, kWords);
+  input.write.reset();
+  EXPECT_EQ(exitCodeOf(process), 0U);
+}
+
+TEST(Process, WritesIntoTheConsoleItWasStartedFrom) {
+  FreeConsole();
+  ASSERT_NE(AllocConsole(), 0);
+  const Handle screen(CreateFileW(L"CONOUT$", GENERIC_READ | GENERIC_WRITE,
+                                  FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_EXISTING, 0,
+                                  nullptr));
+  ASSERT_NE(screen.get(), INVALID_HANDLE_VALUE);
+  const UINT codePage = GetConsoleOutputCP();
+  Pipe input = makePipe(true);
+  const Handle process = start(input.read.get(), nullptr);
+  input.write.reset();
+  EXPECT_EQ(exitCodeOf(process), 0U);
+  std::wstring shown(80 * 20, L' ');
+  DWORD got = 0;
+  ReadConsoleOutputCharacterW(screen.get(), shown.data(), static_cast<DWORD>(shown.size()), {0, 0},
+                              &got);
+  EXPECT_NE(shown.find(L"say_words.exe"), std::wstring::npos);
+  EXPECT_NE(shown.find(L"Messung \u00e4\u00f6"), std::wstring::npos);
+  EXPECT_EQ(GetConsoleOutputCP(), codePage);
+}
+
+TEST(Process, RunsWithNobodyToReadItsLog) {
+  Pipe input = makePipe(true);
+  const Handle process = start(input.read.get(), nullptr, DETACHED_PROCESS);
+  input.write.reset();
+  EXPECT_EQ(exitCodeOf(process), 0U);
+}
+
+}  // namespace
+}  // namespace morvane

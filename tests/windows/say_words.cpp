@@ -1,0 +1,11 @@
+// Says each word of its command line in a line of standard output, then waits for the end of its
+// standard input, so that a reader sees whether the lines come while it runs.
+#include <iostream>
+
+#include "app/program/process.h"
+
+int main(int argc, char** argv) {
+  morvane::openStandardOutput();
+  for (const std::string& word : morvane::commandLine(argc, argv)) std::cout << word << '\n';
+  return std::cin.get() == EOF ? 0 : 1;
+}
