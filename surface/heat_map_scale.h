@@ -38,6 +38,8 @@ class HeatMapScale {
     const float part = (height - lower_) / segment_;
     if (!(part >= 0.0F && part < static_cast<float>(kHeatStops.size()))) return kUncoloured;
     const auto stop = height == upper_ ? kHeatStops.size() - 1 : static_cast<std::size_t>(part);
+    // Nothing is added to the last stop, and near the largest float the sum below is endless there.
+    if (stop == kHeatStops.size() - 1) return kHeatStops[stop];
     const float above = height - (lower_ + static_cast<float>(stop) * segment_);
     Colour colour = kHeatStops[stop];
     for (std::size_t channel = 0; channel < 3; ++channel) {

@@ -27,7 +27,7 @@ const std::shared_ptr<const HeightGrid>& SurfaceModel::shown() const {
 void SurfaceModel::measure() {
   if (!raw_) return;
   *log_ << "Setting Model Values...\n";
-  if (!statisticsKnown_) measureStatistics();
+  measureStatistics();
   if (!skipScale) *log_ << "Setting AS...\n";
   *log_ << "Non-Detailed Rendering\n";
   limits_ = findLimits(*shown(), crop);
@@ -36,16 +36,17 @@ void SurfaceModel::measure() {
 }
 
 void SurfaceModel::measureStatistics() {
+  // The raw heights stay the same from rebuild to rebuild, and so do these.
+  const bool known = std::exchange(statisticsKnown_, true);
   const auto heights = raw_->values();
   *log_ << "Setting Mean...\n";
-  mean_ = meanOf(heights);
+  if (!known) mean_ = meanOf(heights);
   *log_ << "Setting Variance...\n";
-  variance_ = varianceOf(heights, mean_);
+  if (!known) variance_ = varianceOf(heights, mean_);
   *log_ << "Setting SD...\n";
   sd_ = std::sqrt(variance_);
   // Known even while another scale is in force: the controls count in steps of it.
   autoScale_ = automaticScale(sd_, raw_->width());
-  statisticsKnown_ = true;
 }
 
 void SurfaceModel::logLimits() const {

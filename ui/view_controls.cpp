@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <iostream>
+#include <limits>
 #include <string>
 
 #include "app/app_state.h"
@@ -52,9 +53,12 @@ void showScale() {
 }
 
 Crop typedLimits(const std::string& maximum, const std::string& minimum) {
-  return {.on = appState().glView->model().crop.on,
-          .min = leadingFloat(minimum),
-          .max = leadingFloat(maximum)};
+  // What lies beyond single precision cannot be drawn.
+  const auto limit = [](const std::string& typed) {
+    constexpr float kMost = std::numeric_limits<float>::max();
+    return std::clamp(leadingFloat(typed), -kMost, kMost);
+  };
+  return {.on = appState().glView->model().crop.on, .min = limit(minimum), .max = limit(maximum)};
 }
 
 /// The crop button's press; returns the limits then in force.

@@ -53,7 +53,7 @@ ViewMatrices viewMatrices(const Camera& camera, int width, int height, std::size
   matrices.overlay = pan * turn * glm::translate(glm::mat4(1.0F), -centre);
   matrices.model = glm::scale(matrices.overlay, glm::vec3(1.0F, 1.0F, toModel));
   matrices.normal = glm::mat3(turn);
-  matrices.normal[2] /= toModel;
+  if (toModel != 0.0F) matrices.normal[2] /= toModel;
   return matrices;
 }
 

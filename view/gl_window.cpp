@@ -11,7 +11,7 @@
 #include "app/debug_log.h"
 #include "app/paths.h"
 #include "resfile/memory_advice.h"
-#include "view/gl_check.h"
+#include "view/gl_driver.h"
 #include "view/gl_mode.h"
 
 namespace morvane {
@@ -178,8 +178,8 @@ void GLWindow::reportTrouble(const std::string& reason) {
 }
 
 void GLWindow::initialiseGlew() {
-  firstShow_ = false;
   if (!shown()) return;
+  firstShow_ = false;
   make_current();
   DebugLog::write(kLogFile, "Initializing GLEW\n");
   const GLenum error = glewInit();

@@ -6,7 +6,7 @@
 #include <utility>
 
 #include "app/paths.h"
-#include "view/gl_check.h"
+#include "view/gl_driver.h"
 #include "view/gl_mode.h"
 #include "view/shader_sources.h"
 

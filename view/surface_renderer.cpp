@@ -6,9 +6,11 @@
 #include <glm/gtc/type_ptr.hpp>
 #include <limits>
 #include <memory>
+#include <new>
 #include <type_traits>
 #include <utility>
 
+#include "view/gl_driver.h"
 #include "view/shader_sources.h"
 
 namespace morvane {
@@ -27,10 +29,14 @@ struct SyncDeleter {
 };
 using Sync = std::unique_ptr<std::remove_pointer_t<GLsync>, SyncDeleter>;
 
-/// Draws the triangle list piece by piece and lets the rasteriser fall behind by no more than
-/// `kPiecesAhead` of them. A software GL keeps every triangle it has not drawn yet: at once, the
-/// list of a large surface would take nearly as much memory again as its buffers.
-void drawInPieces(GLsizei vertexCount) {
+/// Draws the triangle list. A software GL keeps every triangle it has not drawn yet: at once, the
+/// list of a large surface would take nearly as much memory again as its buffers. So it gets the
+/// list piece by piece, and its rasteriser may fall behind by no more than `kPiecesAhead` of them.
+void drawTriangles(GLsizei vertexCount) {
+  if (!isSoftwareGl() || glFenceSync == nullptr) {
+    glDrawArrays(GL_TRIANGLES, 0, vertexCount);
+    return;
+  }
   constexpr GLsizei kPiece = 3 << 15;
   constexpr std::size_t kPiecesAhead = 2;
   constexpr GLuint64 kOneSecond = 1'000'000'000;
@@ -58,6 +64,13 @@ void SurfaceRenderer::generate() {
 
 std::string SurfaceRenderer::bind(const SurfaceModel& model, const BitmapDrape* drape) {
   vertexCount_ = 0;
+  std::string reason = fill(model, drape);
+  if (reason.empty()) return {};
+  for (VertexBuffer* buffer : {&positions_, &colours_, &normals_}) buffer->empty();
+  return reason;
+}
+
+std::string SurfaceRenderer::fill(const SurfaceModel& model, const BitmapDrape* drape) {
   const std::size_t cells = cellCount(*model.shown());
   if (cells == 0 || !model.hasHeights()) return {};
   if (cells > std::numeric_limits<GLsizei>::max() / kVerticesPerCell) {
@@ -68,7 +81,11 @@ std::string SurfaceRenderer::bind(const SurfaceModel& model, const BitmapDrape* 
   if (!positions_.open(floats) || !colours_.open(floats) || !normals_.open(floats)) {
     return "the graphics memory cannot hold the surface";
   }
-  model.build({positions_.floats(), normals_.floats(), colours_.floats(), {}}, drape);
+  try {
+    model.build({positions_.floats(), normals_.floats(), colours_.floats(), {}}, drape);
+  } catch (const std::bad_alloc&) {
+    return "the memory cannot hold what its rows need";
+  }
   if (!positions_.close() || !colours_.close() || !normals_.close()) {
     return "the graphics memory was lost while it was filled";
   }
@@ -83,7 +100,7 @@ void SurfaceRenderer::draw(const ViewMatrices& matrices, const glm::vec3& eye, b
   useBuffer(kPosition, positions_);
   useBuffer(kColour, colours_);
   useBuffer(kNormal, normals_);
-  drawInPieces(vertexCount_);
+  drawTriangles(vertexCount_);
   for (const Attribute attribute : {kPosition, kColour, kNormal}) {
     glDisableVertexAttribArray(attribute);
   }

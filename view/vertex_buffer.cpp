@@ -1,15 +1,11 @@
 #include "view/vertex_buffer.h"
 
-#include <cstring>
+#include "view/gl_driver.h"
 
 namespace morvane {
 namespace {
 
-bool drawsFromOwnPages() {
-  const auto* renderer = reinterpret_cast<const char*>(glGetString(GL_RENDERER));
-  return GLEW_AMD_pinned_memory && renderer != nullptr &&
-         std::strstr(renderer, "llvmpipe") != nullptr;
-}
+bool drawsFromOwnPages() { return GLEW_AMD_pinned_memory && isSoftwareGl(); }
 
 void forgetErrors() {
   while (glGetError() != GL_NO_ERROR) {
@@ -19,11 +15,16 @@ void forgetErrors() {
 
 }  // namespace
 
-bool VertexBuffer::open(std::size_t floats) {
+void VertexBuffer::empty() {
   // Before the pages go: no buffer may point to them any more.
   glBindBuffer(GL_ARRAY_BUFFER, name());
   glBufferData(GL_ARRAY_BUFFER, 0, nullptr, GL_STATIC_DRAW);
   pages_.reset();
+  floats_ = {};
+}
+
+bool VertexBuffer::open(std::size_t floats) {
+  empty();
   const std::size_t bytes = floats * sizeof(float);
   if (!(drawsFromOwnPages() && openPages(bytes)) && !openMapped(bytes)) return false;
   floats_ = floats_.first(floats);

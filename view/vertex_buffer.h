@@ -15,6 +15,8 @@ class VertexBuffer {
   /// Makes the buffer's name.
   void generate() { buffer_ = GlBuffer::generate(); }
 
+  /// Lets the content go, and what was opened.
+  void empty();
   /// Lets the content go and opens room for `floats` floats, to be written, never read. False when
   /// there is no memory for them.
   [[nodiscard]] bool open(std::size_t floats);

@@ -1,12 +1,18 @@
-#include "view/gl_check.h"
+#include "view/gl_driver.h"
 
 #include <GL/glew.h>
 
 #include <cstdio>
+#include <cstring>
 
 #include "app/paths.h"
 
 namespace morvane {
+
+bool isSoftwareGl() {
+  const auto* renderer = reinterpret_cast<const char*>(glGetString(GL_RENDERER));
+  return renderer != nullptr && std::strstr(renderer, "llvmpipe") != nullptr;
+}
 
 void checkGl(const char* frame) {
   static const bool wanted = !environmentText("MORVANE_CHECK_GL").empty();
