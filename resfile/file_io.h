@@ -16,14 +16,16 @@ using FilePtr = std::unique_ptr<std::FILE, FileCloser>;
 /// pipes and devices are refused too, since reading one could wait for ever.
 FilePtr openForReading(const std::string& path);
 
-/// Creates `path`, which must not exist, for binary writing. Null with `errno` set on failure.
+/// Creates a file for binary writing that is to be `path`, which must not exist. Where the system
+/// can, it has no name until `giveName`, and goes with the program if that is killed. Null with
+/// `errno` set on failure.
 FilePtr createForWriting(const std::string& path);
 
-/// A short name that nothing has yet, in the folder of `path`.
-std::string temporaryNameBeside(const std::string& path);
+/// Whether a file made by `createForWriting` has its name by now.
+bool hasName(std::FILE* file);
 
-/// Opens the existing `path` to be written over in places. Null with `errno` set on failure.
-FilePtr openForUpdate(const std::string& path);
+/// Gives it its name, the same `path`, if it has none yet. False with `errno` set on failure.
+bool giveName(std::FILE* file, const std::string& path);
 
 /// Whether there is anything under the name `path`.
 bool fileExists(const std::string& path);
@@ -36,6 +38,12 @@ bool replaceFile(const std::string& from, const std::string& to);
 
 /// Removes `path` if it is there.
 void removeFile(const std::string& path);
+
+/// The number of this process.
+long ownProcess();
+
+/// Whether there is a process of this number.
+bool isRunning(long process);
 
 /// Forces what was written to `file` onto the disk. False with `errno` set on failure.
 bool syncFile(std::FILE* file);

@@ -5,8 +5,14 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <csignal>
 
 namespace morvane {
+namespace {
+
+constexpr const char* kOwnFiles = "/proc/self/fd/";
+
+}  // namespace
 
 FilePtr openForReading(const std::string& path) {
   // Without O_NONBLOCK the open itself would wait for a writer when the path is a pipe.
@@ -24,10 +30,27 @@ FilePtr openForReading(const std::string& path) {
 }
 
 FilePtr createForWriting(const std::string& path) {
+#ifdef O_TMPFILE
+  const std::size_t name = path.find_last_of('/');
+  const std::string folder = name == std::string::npos ? "." : path.substr(0, name + 1);
+  // A file without a name gets one by way of /proc.
+  const bool possible = ::access(kOwnFiles, X_OK) == 0;
+  const int file = possible ? ::open(folder.c_str(), O_TMPFILE | O_WRONLY | O_CLOEXEC, 0666) : -1;
+  if (file >= 0) return FilePtr(::fdopen(file, "wb"));
+#endif
   return FilePtr(std::fopen(path.c_str(), "wbx"));
 }
 
-FilePtr openForUpdate(const std::string& path) { return FilePtr(std::fopen(path.c_str(), "r+b")); }
+bool hasName(std::FILE* file) {
+  struct stat status {};
+  return ::fstat(::fileno(file), &status) == 0 && status.st_nlink > 0;
+}
+
+bool giveName(std::FILE* file, const std::string& path) {
+  if (hasName(file)) return true;
+  const std::string nameless = kOwnFiles + std::to_string(::fileno(file));
+  return ::linkat(AT_FDCWD, nameless.c_str(), AT_FDCWD, path.c_str(), AT_SYMLINK_FOLLOW) == 0;
+}
 
 bool fileExists(const std::string& path) { return ::access(path.c_str(), F_OK) == 0; }
 
@@ -45,6 +68,12 @@ bool replaceFile(const std::string& from, const std::string& to) {
 }
 
 void removeFile(const std::string& path) { ::unlink(path.c_str()); }
+
+long ownProcess() { return ::getpid(); }
+
+bool isRunning(long process) {
+  return ::kill(static_cast<pid_t>(process), 0) == 0 || errno == EPERM;
+}
 
 bool syncFile(std::FILE* file) { return std::fflush(file) == 0 && ::fsync(::fileno(file)) == 0; }
 

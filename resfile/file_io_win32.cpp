@@ -4,8 +4,10 @@
 #include <sys/stat.h>
 #include <windows.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <filesystem>
+#include <iterator>
 #include <system_error>
 
 namespace morvane {
@@ -19,6 +21,38 @@ std::wstring wide(const std::string& utf8) {
   return text;
 }
 
+struct ErrorPair {
+  DWORD system;
+  int number;
+};
+
+constexpr ErrorPair kErrors[] = {
+    {ERROR_FILE_NOT_FOUND, ENOENT},
+    {ERROR_PATH_NOT_FOUND, ENOENT},
+    {ERROR_INVALID_NAME, ENOENT},
+    {ERROR_BAD_PATHNAME, ENOENT},
+    {ERROR_ACCESS_DENIED, EACCES},
+    {ERROR_SHARING_VIOLATION, EACCES},
+    {ERROR_LOCK_VIOLATION, EACCES},
+    {ERROR_USER_MAPPED_FILE, EACCES},
+    {ERROR_WRITE_PROTECT, EROFS},
+    {ERROR_FILE_EXISTS, EEXIST},
+    {ERROR_ALREADY_EXISTS, EEXIST},
+    {ERROR_DISK_FULL, ENOSPC},
+    {ERROR_HANDLE_DISK_FULL, ENOSPC},
+    {ERROR_NOT_SAME_DEVICE, EXDEV},
+    {ERROR_FILENAME_EXCED_RANGE, ENAMETOOLONG},
+    {ERROR_NOT_ENOUGH_MEMORY, ENOMEM},
+    {ERROR_OUTOFMEMORY, ENOMEM},
+};
+
+/// The C library's number for an error of the system, so that the reason reads the same everywhere.
+int errnoOf(DWORD systemError) {
+  const auto* pair = std::find_if(std::begin(kErrors), std::end(kErrors),
+                                  [=](const ErrorPair& p) { return p.system == systemError; });
+  return pair != std::end(kErrors) ? pair->number : EIO;
+}
+
 }  // namespace
 
 FilePtr openForReading(const std::string& path) {
@@ -26,7 +60,7 @@ FilePtr openForReading(const std::string& path) {
   struct _stat64 status {};
   if (_wstat64(name.c_str(), &status) != 0) return nullptr;
   if ((status.st_mode & _S_IFREG) == 0) {
-    errno = EINVAL;
+    errno = (status.st_mode & _S_IFDIR) != 0 ? EISDIR : EINVAL;
     return nullptr;
   }
   return FilePtr(_wfopen(name.c_str(), L"rb"));
@@ -36,9 +70,9 @@ FilePtr createForWriting(const std::string& path) {
   return FilePtr(_wfopen(wide(path).c_str(), L"wbx"));
 }
 
-FilePtr openForUpdate(const std::string& path) {
-  return FilePtr(_wfopen(wide(path).c_str(), L"r+b"));
-}
+bool hasName(std::FILE* /*file*/) { return true; }
+
+bool giveName(std::FILE* /*file*/, const std::string& /*path*/) { return true; }
 
 bool fileExists(const std::string& path) { return _waccess(wide(path).c_str(), 0) == 0; }
 
@@ -48,15 +82,32 @@ bool isSameFile(const std::string& a, const std::string& b) {
 }
 
 bool replaceFile(const std::string& from, const std::string& to) {
-  if (MoveFileExW(wide(from).c_str(), wide(to).c_str(),
+  const std::wstring target = wide(to);
+  // Not every file system that can be met here asks for this itself.
+  const DWORD attributes = GetFileAttributesW(target.c_str());
+  if (attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY) != 0) {
+    errno = EACCES;
+    return false;
+  }
+  if (MoveFileExW(wide(from).c_str(), target.c_str(),
                   MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0) {
     return true;
   }
-  errno = EACCES;
+  errno = errnoOf(GetLastError());
   return false;
 }
 
 void removeFile(const std::string& path) { _wunlink(wide(path).c_str()); }
+
+long ownProcess() { return static_cast<long>(GetCurrentProcessId()); }
+
+bool isRunning(long process) {
+  const HANDLE handle = OpenProcess(SYNCHRONIZE, FALSE, static_cast<DWORD>(process));
+  if (handle == nullptr) return GetLastError() == ERROR_ACCESS_DENIED;
+  const bool running = WaitForSingleObject(handle, 0) == WAIT_TIMEOUT;
+  CloseHandle(handle);
+  return running;
+}
 
 bool syncFile(std::FILE* file) { return std::fflush(file) == 0 && _commit(_fileno(file)) == 0; }
 

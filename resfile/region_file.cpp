@@ -5,27 +5,9 @@
 #include <cstring>
 #include <new>
 
-#include "resfile/file_io.h"
 #include "resfile/little_endian.h"
 
 namespace morvane {
-namespace {
-
-HeaderBytes regionHeader(const Measurement& source, const GridRegion& region) {
-  HeaderBytes bytes = source.ownHeader;
-  writeLe(bytes.data(), kNumTypeDoubles);
-  writeLe(bytes.data() + 4, static_cast<std::int32_t>(region.width));
-  writeLe(bytes.data() + 8, static_cast<std::int32_t>(region.height));
-  return bytes;
-}
-
-bool replaceHeader(const std::string& path, const HeaderBytes& bytes) {
-  const FilePtr file = openForUpdate(path);
-  return file && std::fwrite(bytes.data(), 1, bytes.size(), file.get()) == bytes.size() &&
-         syncFile(file.get());
-}
-
-}  // namespace
 
 std::vector<double> cutHeights(const HeightGrid& grid, const GridRegion& region) {
   std::vector<double> heights;
@@ -54,15 +36,11 @@ std::string saveRegion(const resFile& file, const Measurement& source, const Hei
   } catch (const std::bad_alloc&) {
     return std::strerror(ENOMEM);
   }
-  const std::string finished = temporaryNameBeside(path);
-  std::string reason = file.writeRegion(heights, static_cast<std::int32_t>(region.width),
-                                        static_cast<std::int32_t>(region.height), finished);
-  if (!reason.empty()) return reason;
-  if (!replaceHeader(finished, regionHeader(source, region)) || !replaceFile(finished, path)) {
-    reason = std::strerror(errno);
-    removeFile(finished);
-  }
-  return reason;
+  // A copied header may be of another file, of an older version or of counts.
+  HeaderBytes header = source.ownHeader;
+  writeLe(header.data(), kNumTypeDoubles);
+  return file.writeRegion(heights, static_cast<std::int32_t>(region.width),
+                          static_cast<std::int32_t>(region.height), path, &header);
 }
 
 }  // namespace morvane

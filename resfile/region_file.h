@@ -26,10 +26,9 @@ std::vector<double> cutHeights(const HeightGrid& grid, const GridRegion& region)
 /// Whether `name` may name a region: letters, digits, blank, `-`, `_` and `.`, not blank alone.
 bool isRegionName(std::string_view name);
 
-/// Writes `region` of `grid` to `path` through `file.writeRegion`, then puts the header of
-/// `source`, the measurement on show, in the place of the copied one, with the region's size and as
-/// doubles: the file opens again with the same heights, texts and results. Empty on success, else
-/// the system's reason; then `path` is as it was.
+/// Writes `region` of `grid` to `path` through `file.writeRegion`, with the header of `source`, the
+/// measurement on show, put right for doubles: the file opens again with the same heights, texts
+/// and results. Empty on success, else the system's reason; then `path` is as it was.
 [[nodiscard]] std::string saveRegion(const resFile& file, const Measurement& source,
                                      const HeightGrid& grid, const GridRegion& region,
                                      const std::string& path);

@@ -132,8 +132,9 @@ bool resFile::isValid() const {
 }
 
 std::string resFile::writeRegion(std::span<const double> values, std::int32_t regionWidth,
-                                 std::int32_t regionHeight, const std::string& path) const {
-  HeaderBytes bytes = rawHeader_;
+                                 std::int32_t regionHeight, const std::string& path,
+                                 const HeaderBytes* header) const {
+  HeaderBytes bytes = header != nullptr ? *header : rawHeader_;
   writeLe(bytes.data() + 4, regionWidth);
   writeLe(bytes.data() + 8, regionHeight);
   SafeFile file(path);

@@ -30,11 +30,12 @@ class resFile {
   [[nodiscard]] bool isValid() const;
 
   /// Writes `values` (regionWidth × regionHeight heights in row order) as a file of doubles behind
-  /// a copy of the raw header with the two sizes replaced. Kept: nothing else in that header is
-  /// changed, element type included. Returns an empty text, or the system's reason for failing;
-  /// then no file appears and one that was there is untouched.
+  /// a copy of the raw header, or of `header` where one is given, with the two sizes replaced.
+  /// Kept: nothing else in it is changed, element type included. Returns an empty text, or the
+  /// system's reason for failing; then no file appears and one that was there is untouched.
   [[nodiscard]] std::string writeRegion(std::span<const double> values, std::int32_t regionWidth,
-                                        std::int32_t regionHeight, const std::string& path) const;
+                                        std::int32_t regionHeight, const std::string& path,
+                                        const HeaderBytes* header = nullptr) const;
 
   /// A share of what the last read brought; worth having only when that read `isValid`.
   [[nodiscard]] Measurement measurement() const {

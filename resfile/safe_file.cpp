@@ -1,10 +1,40 @@
 #include "resfile/safe_file.h"
 
 #include <cerrno>
+#include <charconv>
 #include <cstring>
+#include <filesystem>
+#include <string_view>
+#include <system_error>
 #include <utility>
 
 namespace morvane {
+namespace {
+
+constexpr std::string_view kPrefix = ".morvane-";
+constexpr std::string_view kEnding = ".part";
+
+/// A short name in the folder of `path` that nothing has yet and only this process gives.
+std::string temporaryNameBeside(const std::string& path) {
+  std::string base = path.substr(0, path.find_last_of("/\\") + 1);
+  base.append(kPrefix).append(std::to_string(ownProcess()));
+  for (int number = 1;; ++number) {
+    std::string name = base + '-' + std::to_string(number);
+    name += kEnding;
+    if (!fileExists(name)) return name;
+  }
+}
+
+/// The process that gave a temporary name; 0 for any other name.
+long giverOf(std::string_view name) {
+  if (!name.starts_with(kPrefix) || !name.ends_with(kEnding)) return 0;
+  name.remove_prefix(kPrefix.size());
+  long process = 0;
+  const auto [end, error] = std::from_chars(name.data(), name.data() + name.size(), process);
+  return error == std::errc() && *end == '-' && process > 0 ? process : 0;
+}
+
+}  // namespace
 
 SafeFile::SafeFile(std::string target)
     : target_(std::move(target)),
@@ -13,18 +43,8 @@ SafeFile::SafeFile(std::string target)
   if (!file_) keepReason();
 }
 
-std::string temporaryNameBeside(const std::string& path) {
-  const std::string base = path.substr(0, path.find_last_of("/\\") + 1) + "morvane.part";
-  std::string name = base;
-  for (int number = 2; fileExists(name); ++number) name = base + std::to_string(number);
-  return name;
-}
-
 SafeFile::~SafeFile() {
-  if (file_) {
-    file_.reset();
-    removeFile(temporary_);
-  }
+  if (file_) removeTemporary();
 }
 
 void SafeFile::write(const void* data, std::size_t bytes) {
@@ -33,12 +53,39 @@ void SafeFile::write(const void* data, std::size_t bytes) {
 }
 
 std::string SafeFile::commit() {
-  if (reason_.empty() && !syncFile(file_.get())) keepReason();
+  if (reason_.empty() && !(syncFile(file_.get()) && giveName(file_.get(), temporary_))) {
+    keepReason();
+  }
   if (!file_) return reason_;
+  if (!reason_.empty()) {
+    removeTemporary();
+    return reason_;
+  }
   file_.reset();
-  if (reason_.empty() && !replaceFile(temporary_, target_)) keepReason();
-  if (!reason_.empty()) removeFile(temporary_);
+  if (!replaceFile(temporary_, target_)) {
+    keepReason();
+    removeFile(temporary_);
+  }
   return reason_;
+}
+
+void SafeFile::removeTemporary() {
+  const bool named = hasName(file_.get());
+  file_.reset();
+  if (named) removeFile(temporary_);
+}
+
+void removeAbandoned(const std::string& folder) {
+  namespace fs = std::filesystem;
+  std::error_code error;
+  const fs::path path(std::u8string(folder.begin(), folder.end()));
+  for (fs::directory_iterator entry(path, error), end; !error && entry != end;
+       entry.increment(error)) {
+    const std::u8string name = entry->path().filename().u8string();
+    const long giver = giverOf({reinterpret_cast<const char*>(name.data()), name.size()});
+    std::error_code ignored;
+    if (giver != 0 && !isRunning(giver)) fs::remove(entry->path(), ignored);
+  }
 }
 
 void SafeFile::keepReason() { reason_ = std::strerror(errno); }

@@ -26,11 +26,15 @@ class SafeFile {
 
  private:
   void keepReason();
+  void removeTemporary();
 
   std::string target_;
   std::string temporary_;
   FilePtr file_;
   std::string reason_;
 };
+
+/// Removes from `folder` (UTF-8) what `SafeFile`s of programs that have been killed left there.
+void removeAbandoned(const std::string& folder);
 
 }  // namespace morvane

@@ -17,6 +17,7 @@
 #include "resfile/bitmap_scan.h"
 #include "resfile/file_copy.h"
 #include "resfile/file_io.h"
+#include "resfile/safe_file.h"
 #include "results/layouts.h"
 #include "results/results_panel.h"
 #include "ui/choosers.h"
@@ -118,6 +119,7 @@ void showOpened() {
   app.logoBox->hide();
   app.fileLoaded = true;
   const BitmapFolder bitmaps = scanBitmaps(app.glView->measurement().path, std::cout);
+  removeAbandoned(bitmaps.folder);
   rebuildMenu();
   offerBitmaps(bitmaps);
   // Limits typed for the last measurement mean nothing for this one.

@@ -12,7 +12,9 @@
 #include <algorithm>
 
 #include "app/app_state.h"
+#include "app/folders.h"
 #include "filter/filter_window.h"
+#include "resfile/safe_file.h"
 #include "results/results_panel.h"
 #include "ui/about_window.h"
 #include "ui/button_box.h"
@@ -169,6 +171,9 @@ void buildMainWindow() {
   app.filterWindow = makeFilterWindow();
   app.heatMapDialog = buildHeatMapDialog();
   app.configManager = new ConfigManagerWindow;
+  for (const std::string& folder : {savedFilesFolder(), screenshotsFolder()}) {
+    removeAbandoned(folder);
+  }
 }
 
 }  // namespace morvane

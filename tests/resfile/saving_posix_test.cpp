@@ -2,10 +2,12 @@
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 #include <csignal>
 #include <fstream>
+#include <random>
 #include <sstream>
 
 #include "resfile/res_file.h"
@@ -54,6 +56,37 @@ TEST(Saving, RefusesAWriteProtectedTarget) {
   ASSERT_EQ(seteuid(self), 0);
   EXPECT_EQ(reason, "Permission denied");
   EXPECT_EQ(contentOf(target), "old");
+  EXPECT_EQ(folder.entries(), 1);
+}
+
+TEST(Saving, KilledAtAnyMomentLeavesTheOldFileOrTheNew) {
+  const TemporaryFolder folder;
+  const std::string target = folder.file("copy.res");
+  const std::string contents[] = {std::string(3'000'000, 'a'), std::string(2'000'000, 'b')};
+  std::ofstream(target) << contents[0];
+  std::mt19937 random(7);  // NOLINT(bugprone-random-generator-seed): the same moments every time
+  constexpr int kMoments = 200;
+  int replaced = 0;
+  for (int i = 0; i < kMoments; ++i) {
+    const pid_t child = fork();
+    ASSERT_GE(child, 0);
+    if (child == 0) {
+      for (int turn = i;; ++turn) {
+        SafeFile file(target);
+        file.write(contents[turn % 2].data(), contents[turn % 2].size());
+        (void)file.commit();
+      }
+    }
+    usleep(std::uniform_int_distribution<useconds_t>(0, 6000)(random));
+    kill(child, SIGKILL);
+    waitpid(child, nullptr, 0);
+    const std::string found = contentOf(target);
+    ASSERT_TRUE(found == contents[0] || found == contents[1]) << found.size() << " bytes";
+    replaced += found == contents[1] ? 1 : 0;
+  }
+  EXPECT_GT(replaced, 0);
+  EXPECT_LT(replaced, kMoments);
+  removeAbandoned(folder.path().string());
   EXPECT_EQ(folder.entries(), 1);
 }
 

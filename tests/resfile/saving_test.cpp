@@ -39,15 +39,19 @@ TEST(Saving, FailsWithTheSystemsReasonAndLeavesNothing) {
   EXPECT_EQ(folder.entries(), 0);
 }
 
-TEST(Saving, LeavesAFileWithATemporaryNameAlone) {
+TEST(Saving, LeavesFilesWithTemporaryNamesAlone) {
   const TemporaryFolder folder;
-  std::ofstream(folder.file("morvane.part")) << "open measurement";
+  const std::string names[] = {
+      ".morvane-" + std::to_string(ownProcess()) + "-1.part",  // being written by this program
+      ".morvane-.part", ".morvane-12a-1.part", "morvane-1.part"};
+  for (const std::string& name : names) std::ofstream(folder.file(name)) << "open measurement";
   // As long as a name can be.
   const std::string copy = folder.file(std::string(251, 'a') + ".res");
-  EXPECT_EQ(copyFile(folder.file("morvane.part"), copy), "");
+  EXPECT_EQ(copyFile(folder.file(names[0]), copy), "");
   EXPECT_EQ(contentOf(copy), "open measurement");
-  EXPECT_EQ(contentOf(folder.file("morvane.part")), "open measurement");
-  EXPECT_EQ(folder.entries(), 2);
+  removeAbandoned(folder.path().string());
+  for (const std::string& name : names) EXPECT_EQ(contentOf(folder.file(name)), "open measurement");
+  EXPECT_EQ(folder.entries(), 5);
 }
 
 TEST(Saving, ACopyIsTheSameBytes) {
