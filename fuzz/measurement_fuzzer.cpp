@@ -1,0 +1,159 @@
+// Any bytes as a measurement: read, listed, shown, filtered, cut through and saved in part.
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstring>
+#include <sstream>
+#include <vector>
+
+#include "filter/band_filter.h"
+#include "filter/filter_hint.h"
+#include "fuzz/fuzz_support.h"
+#include "resfile/little_endian.h"
+#include "resfile/region_file.h"
+#include "results/layouts.h"
+#include "surface/surface_model.h"
+#include "view/profile_plot.h"
+
+namespace morvane {
+namespace {
+
+// Larger grids are read and listed only: they take long and hold nothing new.
+constexpr std::size_t kMostPoints = std::size_t{64} * 64;
+
+/// What an operator would type or drag is taken from the file too: numbers from its texts, pins
+/// from the end of its results.
+struct Operator {
+  explicit Operator(const Measurement& m)
+      : crop{true, leadingFloat(fieldText(m.header.headerText1)),
+             leadingFloat(fieldText(m.header.headerText2))},
+        cuts{std::string(fieldText(m.header.headerText3)),
+             std::string(fieldText(m.header.headerText2))} {
+    float* const coordinates[] = {&pins.a.x, &pins.a.y, &pins.b.x, &pins.b.y};
+    const std::byte* word = m.ownHeader.data() + kHeaderBytes;
+    for (float* coordinate : coordinates) *coordinate = readLe<float>(word -= sizeof(float));
+  }
+  Crop crop;
+  FilterSettings cuts;
+  PinPair pins;
+};
+
+void list(const resFile& file) {
+  const ResHeader& header = file.header();
+  [[maybe_unused]] const auto rows = headerRows(header, surfaceTypeText(header.surfaceType));
+  const ResultLayout layout = resultLayout(header, file.results());
+  demand(layout.rows.size() <= kMaxResultRows && layout.separators.size() <= kMaxResultSeparators,
+         "no layout has more rows than the column");
+}
+
+/// The section under lines through the grid that is shown, as the profile's window plots it.
+void cutThrough(const SurfaceModel& model, const ResHeader& header, const PinPair& dragged) {
+  const HeightGrid& grid = *model.shown();
+  const GridSize size = {grid.width(), grid.height()};
+  const ProfileClip clip = {model.crop.on, model.crop.min, model.crop.max};
+  const PinPair corners = gridCorners(size);
+  for (const PinPair& pins :
+       {profilePins(size), corners, swapped(corners), dragged, swapped(dragged)}) {
+    const ProfileSection section = sampleProfile(grid, pins, clip);
+    const float step = pixelSizeAlong(pins, header.pixelSizeX, header.pixelSizeY);
+    const auto textWidth = [](std::string_view text, float scale) {
+      return static_cast<float>(text.size()) * scale;
+    };
+    const PlotData data{section, clip, step, model.limits().zMax, model.limits().zMin};
+    const ProfilePlot plotted = layOutProfile(data, 640, 480, textWidth);
+    for (const glm::vec2& end : plotted.levels) {
+      demandFinite(std::array{end.x, end.y}, "a level has a place in the plot");
+    }
+    for (const PlotText& text : plotted.texts) {
+      demandFinite(std::array{text.place.x, text.place.y}, "a text has a place in the plot");
+    }
+  }
+}
+
+void show(SurfaceModel& model, const ResHeader& header, const PinPair& dragged) {
+  model.measure();
+  const std::size_t cells = cellCount(*model.shown());
+  std::vector<float> positions(cells * kFloatsPerCell);
+  std::vector<float> normals(positions.size());
+  std::vector<float> colours(positions.size());
+  std::vector<float> faces(cells * kFaceFloatsPerCell);
+  model.build({positions, normals, colours, faces});
+  for (const std::string& label : keyLabels(model.limits().zMax, model.limits().zMin)) {
+    demand(!label.empty(), "every label of the key has a text");
+  }
+  if (!model.hasHeights()) return;
+  demandFinite(normals, "normals are numbers");
+  demandFinite(faces, "normals of faces are numbers");
+  demandFinite(colours, "colours are numbers");
+  // A limit typed beyond single precision is endless, and the heights cut to it are.
+  const bool endless = std::isinf(model.crop.min) || std::isinf(model.crop.max);
+  if (!model.crop.on || !endless) demandFinite(positions, "positions are numbers");
+  cutThrough(model, header, dragged);
+}
+
+void filter(const Measurement& measurement, FilterSettings settings, SurfaceModel& model,
+            std::ostream& log) {
+  const auto raw = measurement.grid->values();
+  for (bool FilterSettings::*type :
+       {&FilterSettings::highPass, &FilterSettings::lowPass, &FilterSettings::bandPass}) {
+    settings.highPass = settings.lowPass = settings.bandPass = false;
+    settings.*type = true;
+    [[maybe_unused]] const std::string hint = filterHint(settings, measurement.header.pixelSizeX);
+    const FilterRun run = runFilter(settings, measurement, log);
+    demand(run.status == FilterStatus::kDone, "a small grid is filtered");
+    const auto filtered = run.filtered->values();
+    for (std::size_t i = 0; i < raw.size(); ++i) {
+      demand(std::isnan(filtered[i]) == isMissing(raw[i]), "a filter makes and fills no holes");
+    }
+    model.setFiltered(run.filtered);
+  }
+}
+
+void saveAndReopen(resFile& file, const Measurement& source, const PinPair& corners,
+                   const std::string& path) {
+  const HeightGrid& grid = *source.grid;
+  if (cellCount(grid) == 0) return;
+  const GridRegion region = regionBetween(corners, {grid.width(), grid.height()});
+  demand(saveRegion(file, source, grid, region, path).empty(), "a region is saved");
+  file.update(path);
+  demand(file.isValid() && file.grid(), "a saved region opens");
+  const std::vector<double> heights = cutHeights(grid, region);
+  const auto read = file.grid()->values();
+  demand(read.size() == heights.size() &&
+             std::memcmp(read.data(), heights.data(), read.size_bytes()) == 0,
+         "a saved region has the heights it was cut from");
+  // NOLINTNEXTLINE(bugprone-suspicious-memory-comparison): numbers that are none count as equal.
+  demand(std::memcmp(&file.results(), &source.results, sizeof source.results) == 0,
+         "a saved region has the results of its measurement");
+  demand(file.header().headerText1 == source.header.headerText1 &&
+             fieldText(file.header().headerText3) == fieldText(source.header.headerText3),
+         "a saved region has the texts of its measurement");
+}
+
+}  // namespace
+}  // namespace morvane
+
+// NOLINTNEXTLINE(readability-identifier-naming): the name is libFuzzer's.
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  using namespace morvane;
+  std::ostringstream log;
+  resFile file(log);
+  file.update(inputFile(data, size));
+  list(file);
+  if (!file.isValid() || !file.grid() || file.grid()->count() > kMostPoints) return 0;
+
+  const Measurement measurement = file.measurement();
+  const Operator hand(measurement);
+  SurfaceModel model(log);
+  model.setRaw(measurement.grid);
+  show(model, measurement.header, hand.pins);
+  if (measurement.grid->count() > 0) filter(measurement, hand.cuts, model, log);
+  model.useFiltered = true;
+  show(model, measurement.header, hand.pins);
+  model.heatMap = false;
+  model.useFiltered = false;
+  model.crop = hand.crop;
+  show(model, measurement.header, hand.pins);
+  saveAndReopen(file, measurement, hand.pins, fileBesideInput("region.res"));
+  return 0;
+}

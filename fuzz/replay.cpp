@@ -1,0 +1,28 @@
+// Runs a fuzz target over every file of the folders given, without libFuzzer.
+#include <cstdint>
+#include <cstdio>
+#include <filesystem>
+#include <system_error>
+
+#include "tests/support/temporary_folder.h"
+
+// NOLINTNEXTLINE(readability-identifier-naming): the name is libFuzzer's.
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
+
+int main(int argc, char** argv) {
+  int files = 0;
+  for (int i = 1; i < argc; ++i) {
+    // A target without findings has no folder of them.
+    std::error_code missing;
+    for (const auto& entry : std::filesystem::directory_iterator(argv[i], missing)) {
+      // Said before, so that the name is known when the run ends here.
+      std::printf("%s\n", entry.path().string().c_str());
+      std::fflush(stdout);
+      const std::string bytes = morvane::contentOf(entry.path().string());
+      LLVMFuzzerTestOneInput(reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size());
+      ++files;
+    }
+  }
+  std::printf("%d files\n", files);
+  return files > 0 ? 0 : 1;
+}
