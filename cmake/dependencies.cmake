@@ -1,47 +1,53 @@
 # Every outside library the program calls, found once and used by its target name.
+include(cmake/find_dependency.cmake)
+
+# The libraries found for Windows are static ones, which do not name what they need themselves.
+if(MINGW)
+  set(CMAKE_FIND_LIBRARY_SUFFIXES .a .lib .dll.a)
+endif()
+
 set(THREADS_PREFER_PTHREAD_FLAG ON)
 find_package(Threads REQUIRED)
 find_package(OpenGL REQUIRED)
-find_package(GLEW REQUIRED)
-find_package(Freetype REQUIRED)
-find_package(glm REQUIRED)
 
-# Bullet's config file hands out bare library names, so its parts are found one by one.
-find_path(BULLET_INCLUDE_FOLDER btBulletDynamicsCommon.h PATH_SUFFIXES bullet REQUIRED)
-add_library(morvane_bullet INTERFACE)
-target_include_directories(morvane_bullet SYSTEM INTERFACE ${BULLET_INCLUDE_FOLDER})
-foreach(library BulletDynamics BulletCollision LinearMath)
-  find_library(BULLET_LIBRARY_${library} ${library} REQUIRED)
-  target_link_libraries(morvane_bullet INTERFACE ${BULLET_LIBRARY_${library}})
-endforeach()
+morvane_find(morvane_glew HEADER GL/glew.h LIBRARIES "GLEW|glew32s|libglew32|glew32|glew"
+  PACKAGE GLEW TARGETS GLEW::glew_s GLEW::GLEW)
+target_link_libraries(morvane_glew INTERFACE OpenGL::GL)
 
-# FFTW comes without a config file where its own build system made it, so it is found by header and
-# library.
-find_path(FFTW_INCLUDE_FOLDER fftw3.h REQUIRED)
-find_library(FFTW_LIBRARY fftw3 REQUIRED)
-add_library(morvane_fftw INTERFACE)
-target_include_directories(morvane_fftw SYSTEM INTERFACE ${FFTW_INCLUDE_FOLDER})
-target_link_libraries(morvane_fftw INTERFACE ${FFTW_LIBRARY})
+morvane_find(morvane_freetype HEADER ft2build.h SUFFIXES freetype2
+  LIBRARIES "freetype|libfreetype" PACKAGE Freetype TARGETS Freetype::Freetype)
 
-# libharu comes without a config file from most of its builds.
-find_path(HARU_INCLUDE_FOLDER hpdf.h REQUIRED)
-find_library(HARU_LIBRARY hpdf REQUIRED)
-add_library(morvane_haru INTERFACE)
-target_include_directories(morvane_haru SYSTEM INTERFACE ${HARU_INCLUDE_FOLDER})
-target_link_libraries(morvane_haru INTERFACE ${HARU_LIBRARY})
+morvane_find(morvane_bullet HEADER btBulletDynamicsCommon.h SUFFIXES bullet
+  LIBRARIES BulletDynamics BulletCollision LinearMath)
 
-# FLTK's own config file names a program that distributions pack separately, so it is found by
-# header and libraries.
-find_path(FLTK_INCLUDE_FOLDER FL/Fl_Gl_Window.H REQUIRED)
-add_library(morvane_fltk INTERFACE)
-target_include_directories(morvane_fltk SYSTEM INTERFACE ${FLTK_INCLUDE_FOLDER})
-foreach(library fltk_images fltk_gl fltk)
-  find_library(FLTK_LIBRARY_${library} ${library} REQUIRED)
-  target_link_libraries(morvane_fltk INTERFACE ${FLTK_LIBRARY_${library}})
-endforeach()
+morvane_find(morvane_fftw HEADER fftw3.h LIBRARIES "fftw3|fftw3-3|libfftw3-3"
+  PACKAGE FFTW3 TARGETS FFTW3::fftw3)
+
+morvane_find(morvane_haru HEADER hpdf.h LIBRARIES "hpdf|hpdfs|libhpdf|libhpdfs"
+  PACKAGE unofficial-libharu TARGETS unofficial::libharu::hpdf)
+
+# FLTK's own config file names a program that distributions pack separately.
+morvane_find(morvane_fltk HEADER FL/Fl_Gl_Window.H LIBRARIES fltk_images fltk_gl fltk)
 target_link_libraries(morvane_fltk INTERFACE OpenGL::GL)
+
+# Nothing but headers, which serve every target system where only the building system has them. The
+# folder they lie in must not be searched then, as it holds that system's other headers too.
+find_path(morvane_glm_INCLUDE_FOLDER glm/glm.hpp)
+if(NOT morvane_glm_INCLUDE_FOLDER AND CMAKE_CROSSCOMPILING)
+  find_path(HOST_GLM_INCLUDE_FOLDER glm/glm.hpp NO_CMAKE_FIND_ROOT_PATH)
+  if(HOST_GLM_INCLUDE_FOLDER)
+    file(MAKE_DIRECTORY ${PROJECT_BINARY_DIR}/host-headers)
+    file(CREATE_LINK ${HOST_GLM_INCLUDE_FOLDER}/glm ${PROJECT_BINARY_DIR}/host-headers/glm SYMBOLIC)
+    set(morvane_glm_INCLUDE_FOLDER ${PROJECT_BINARY_DIR}/host-headers CACHE PATH "" FORCE)
+  endif()
+endif()
+morvane_find(morvane_glm HEADER glm/glm.hpp)
+
 if(UNIX)
   find_package(JPEG REQUIRED)  # elsewhere the system writes JPEG files
   find_package(X11 REQUIRED)
   target_link_libraries(morvane_fltk INTERFACE X11::X11)
+endif()
+if(WIN32 AND NOT MORVANE_OBJECTS_ONLY)
+  include(cmake/static_dependencies.cmake)
 endif()

@@ -8,6 +8,12 @@ elseif(MSVC)
     $<$<BOOL:${MORVANE_STRICT}>:/WX>)
 endif()
 
+if(WIN32)
+  # The toolkit asks for WIN32, which compilers in strict mode do not set, and takes its X11 branch
+  # without a word where it is missing. The rest opens M_PI and keeps the system's macros away.
+  add_compile_definitions(WIN32 _USE_MATH_DEFINES NOMINMAX)
+endif()
+
 if(MORVANE_SANITIZE)
   add_compile_options(-fsanitize=${MORVANE_SANITIZE} -fno-omit-frame-pointer
                       -fno-sanitize-recover=undefined)

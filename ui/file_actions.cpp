@@ -38,7 +38,7 @@ std::string pathToOpen(long mode) {
   std::string path;
   if (mode == kOpenStartupFile) {
     std::cout << "Copying Filename\n";
-    path = appState().startupFile;
+    path = pathOfLink(appState().startupFile);
   } else {
     path = chooseFileToOpen("*.res", lastFolder());
   }

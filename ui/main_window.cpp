@@ -13,6 +13,7 @@
 
 #include "app/app_state.h"
 #include "app/folders.h"
+#include "app/paths.h"
 #include "filter/filter_window.h"
 #include "resfile/safe_file.h"
 #include "results/results_panel.h"
@@ -22,6 +23,7 @@
 #include "ui/config_manager.h"
 #include "ui/console.h"
 #include "ui/controls.h"
+#include "ui/file_actions.h"
 #include "ui/filter_actions.h"
 #include "ui/heat_map_dialog.h"
 #include "ui/images.h"
@@ -65,6 +67,13 @@ void useProgramFont() {
   Fl::set_font(FL_HELVETICA_BOLD, "BLiberation Sans");
 }
 
+/// Opens `path` when the program that it was dragged from is no longer waiting.
+void openSoon(const std::string& path) {
+  static std::string pending;
+  pending = path;
+  Fl::add_timeout(0.0, [](void* /*data*/) { openFile(pending); });
+}
+
 /// Keeps what stands in it in its places whatever its size.
 class MainWindow : public Fl_Double_Window {
  public:
@@ -72,6 +81,23 @@ class MainWindow : public Fl_Double_Window {
   void resize(int x, int y, int w, int h) override {
     Fl_Double_Window::resize(x, y, w, h);
     layoutViews();
+  }
+  /// Takes files that are dropped, wherever: the parts of the window never see them.
+  int handle(int event) override {
+    switch (event) {
+      case FL_DND_ENTER:
+      case FL_DND_DRAG:
+        Fl::belowmouse(this);  // to which the rest is sent
+        return 1;
+      case FL_DND_RELEASE:
+      case FL_DND_LEAVE:
+        return 1;
+      case FL_PASTE:
+        openSoon(pathOfLink({Fl::event_text(), static_cast<std::size_t>(Fl::event_length())}));
+        return 1;
+      default:
+        return Fl_Double_Window::handle(event);
+    }
   }
 };
 

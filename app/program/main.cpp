@@ -3,22 +3,24 @@
 #include <FL/Fl.H>
 #include <FL/Fl_Double_Window.H>
 
-#include <cstdio>
 #include <iostream>
+#include <string>
+#include <vector>
 
 #include "app/app_state.h"
 #include "app/paths.h"
+#include "app/program/process.h"
 #include "ui/file_actions.h"
 #include "ui/main_window.h"
 #include "view/gl_warm_up.h"
 
 int main(int argc, char** argv) {
   using namespace morvane;
-  // Whoever reads the log through a pipe sees each line when it is written.
-  std::setvbuf(stdout, nullptr, _IOLBF, BUFSIZ);
+  openStandardOutput();
+  const std::vector<std::string> words = commandLine(argc, argv);
 
   AppState& app = appState();
-  const char* program = argc > 0 ? argv[0] : "";
+  const std::string program = words.empty() ? "" : words[0];
   std::cout << "Program executed from directory: " << program << '\n';
   app.exeFolder = folderOf(program);
 
@@ -33,9 +35,9 @@ int main(int argc, char** argv) {
   app.mainWindow->show();
   std::cout << "done!\n";
 
-  if (argc > 1) {
-    std::cout << "ARGV0:" << program << '\n' << "ARGV: " << argv[1] << '\n';
-    app.startupFile = argv[1];
+  if (words.size() > 1) {
+    std::cout << "ARGV0:" << program << '\n' << "ARGV: " << words[1] << '\n';
+    app.startupFile = words[1];
     openMeasurement(nullptr, kOpenStartupFile);
   } else {
     Fl::add_timeout(

@@ -15,6 +15,17 @@ TEST(Paths, AreCutAtTheLastSeparatorOfEitherKind) {
   EXPECT_EQ(fileNameOf("left.res"), "left.res");
 }
 
+TEST(Paths, ComeOutOfDroppedLinks) {
+  EXPECT_EQ(pathOfLink("/data/a b%20.res"), "/data/a b%20.res");
+  EXPECT_EQ(pathOfLink("relative.res"), "relative.res");
+  EXPECT_EQ(pathOfLink("/one.res\r\n/two.res\r\n"), "/one.res");
+  EXPECT_EQ(pathOfLink("file:///a%20b/%C3%A4%25.res\r\nfile:///c.res"), "/a b/\xC3\xA4%.res");
+  EXPECT_EQ(pathOfLink("file://localhost/a.res"), "/a.res");
+  EXPECT_EQ(pathOfLink("file:///50%/%zz%4"), "/50%/%zz%4");
+  EXPECT_EQ(pathOfLink("file://"), "");
+  EXPECT_EQ(pathOfLink(""), "");
+}
+
 TEST(Paths, OfResourcesStandBesideTheProgram) {
   const std::string s(1, kPathSeparator);
   EXPECT_EQ(resourcePath("/opt/reader", "Icons", "open.png"),

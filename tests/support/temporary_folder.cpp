@@ -22,7 +22,7 @@ TemporaryFolder::~TemporaryFolder() {
 }
 
 long TemporaryFolder::entries() const {
-  return std::distance(fs::directory_iterator(path_), fs::directory_iterator());
+  return static_cast<long>(std::distance(fs::directory_iterator(path_), fs::directory_iterator()));
 }
 
 std::string contentOf(const std::string& path) {

@@ -109,27 +109,6 @@ TEST(Process, KeepsEveryLetterAndWritesEachLineAtOnce) {
   EXPECT_EQ(exitCodeOf(process), 0U);
 }
 
-TEST(Process, WritesIntoTheConsoleItWasStartedFrom) {
-  FreeConsole();
-  ASSERT_NE(AllocConsole(), 0);
-  const Handle screen(CreateFileW(L"CONOUT$", GENERIC_READ | GENERIC_WRITE,
-                                  FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_EXISTING, 0,
-                                  nullptr));
-  ASSERT_NE(screen.get(), INVALID_HANDLE_VALUE);
-  const UINT codePage = GetConsoleOutputCP();
-  Pipe input = makePipe(true);
-  const Handle process = start(input.read.get(), nullptr);
-  input.write.reset();
-  EXPECT_EQ(exitCodeOf(process), 0U);
-  std::wstring shown(80 * 20, L' ');
-  DWORD got = 0;
-  ReadConsoleOutputCharacterW(screen.get(), shown.data(), static_cast<DWORD>(shown.size()), {0, 0},
-                              &got);
-  EXPECT_NE(shown.find(L"say_words.exe"), std::wstring::npos);
-  EXPECT_NE(shown.find(L"Messung \u00e4\u00f6"), std::wstring::npos);
-  EXPECT_EQ(GetConsoleOutputCP(), codePage);
-}
-
 TEST(Process, RunsWithNobodyToReadItsLog) {
   Pipe input = makePipe(true);
   const Handle process = start(input.read.get(), nullptr, DETACHED_PROCESS);

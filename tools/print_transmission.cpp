@@ -1,0 +1,66 @@
+// Prints how much of a wave of each length the band filter lets through:
+// print_transmission POINTS PITCH L1 L2, lengths in mm. A line for each wave that fits a whole
+// number of times onto POINTS points: its length, then the parts that high pass, low pass and band
+// pass let through.
+#include <cmath>
+#include <cstdio>
+#include <cstdlib>
+#include <numbers>
+#include <vector>
+
+#include "filter/band_filter.h"
+
+namespace {
+
+using namespace morvane;
+
+struct Settings {
+  int points;
+  float pitch, l1, l2;
+};
+
+/// What the filter lets through of each wave along a row, from wave number 0 to `points` / 2: the
+/// spectrum of its answer to a single raised point. Empty when there is no memory for the grid.
+std::vector<double> transmissions(const Settings& settings, FilterType type) {
+  const auto n = static_cast<std::size_t>(settings.points);
+  std::vector<double> raised(n * n);
+  std::vector<double> answer(n * n);
+  raised[0] = 1.0;
+  const auto& [points, pitch, l1, l2] = settings;
+  if (!filterGrid(raised, answer, points, points, l1, l1, l2, l2, pitch, pitch, type)) return {};
+  // Summed over the rows what varies along a column is gone.
+  std::vector<double> columns(n);
+  for (std::size_t i = 0; i < answer.size(); ++i) columns[i % n] += answer[i];
+  std::vector<double> cosines(n);
+  for (std::size_t i = 0; i < n; ++i) {
+    cosines[i] = std::cos(2.0 * std::numbers::pi * static_cast<double>(i) / static_cast<double>(n));
+  }
+  std::vector<double> parts(n / 2 + 1);
+  for (std::size_t k = 0; k < parts.size(); ++k) {
+    for (std::size_t x = 0; x < n; ++x) parts[k] += columns[x] * cosines[k * x % n];
+  }
+  return parts;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  if (argc != 5 || std::atoi(argv[1]) < 2) {
+    std::fprintf(stderr, "usage: print_transmission POINTS PITCH L1 L2\n");
+    return 2;
+  }
+  const Settings settings{std::atoi(argv[1]), cutOffOf(argv[2]), cutOffOf(argv[3]),
+                          cutOffOf(argv[4])};
+  const auto high = transmissions(settings, FilterType::kHighPass);
+  const auto low = transmissions(settings, FilterType::kLowPass);
+  const auto band = transmissions(settings, FilterType::kBandPass);
+  if (high.empty() || low.empty() || band.empty()) {
+    std::fprintf(stderr, "print_transmission: there is not enough memory\n");
+    return 1;
+  }
+  for (std::size_t k = 1; k < high.size(); ++k) {
+    const double length = settings.points * static_cast<double>(settings.pitch);
+    std::printf("%.5f %.5f %.5f %.5f\n", length / static_cast<double>(k), high[k], low[k], band[k]);
+  }
+  return 0;
+}
