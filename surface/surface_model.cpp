@@ -31,6 +31,7 @@ void SurfaceModel::measure() {
   if (!skipScale) *log_ << "Setting AS...\n";
   *log_ << "Non-Detailed Rendering\n";
   limits_ = findLimits(*shown(), crop);
+  shownMean_ = shown() == raw_ ? mean_.mean : meanOf(shown()->values()).mean;
   scale_ = HeatMapScale(limits_.zMin, limits_.zMax);
   logLimits();
 }

@@ -39,6 +39,8 @@ class SurfaceModel {
   [[nodiscard]] bool hasHeights() const { return mean_.finite > 0; }
 
   [[nodiscard]] float mean() const { return mean_.mean; }
+  /// The mean of the grid on show, as of the last measure.
+  [[nodiscard]] float shownMean() const { return shownMean_; }
   [[nodiscard]] float variance() const { return variance_; }
   [[nodiscard]] float sd() const { return sd_; }
   /// The vertical exaggeration that suits the raw grid; infinite for a flat one.
@@ -65,6 +67,7 @@ class SurfaceModel {
   std::shared_ptr<const HeightGrid> filtered_;
   bool statisticsKnown_ = false;
   HeightMean mean_;
+  float shownMean_ = 0.0F;
   float variance_ = 0.0F;
   float sd_ = 0.0F;
   float autoScale_ = 0.0F;

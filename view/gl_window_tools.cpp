@@ -10,7 +10,7 @@ void GLWindow::setProfileMode(bool on) {
   profileMode_ = on;
   profileLoaded_ = false;
   releaseTool();
-  if (!on) profiler_->dropPins();
+  if (!on) profiler_->resetPins();
   redraw();
 }
 
@@ -34,7 +34,6 @@ void GLWindow::updateTools() {
 }
 
 void GLWindow::drawTools() {
-  if ((profileMode_ || gridMode_) && !pinRenderer_.generated()) pinRenderer_.generate();
   if (profileMode_) {
     drawProfileTool();
   } else if (pickWorld_->contains(ToolKind::kProfile)) {
@@ -61,6 +60,7 @@ void GLWindow::loadProfile() {
 
 void GLWindow::drawProfileTool() {
   if (!profileLoaded_) loadProfile();
+  if (!pinRenderer_.generated()) pinRenderer_.generate();
   if (!profileLine_.generated()) profileLine_.generate();
   for (const Pin& pin : profiler_->pins()) pinRenderer_.drawPin(matrices_, pin);
   profileLine_.draw(matrices_, profiler_->section(), placesOf(profiler_->pins()),
@@ -72,6 +72,7 @@ void GLWindow::drawGridTool() {
   if (!pickWorld_->contains(ToolKind::kGrid)) {
     for (Pin& corner : gridTool_.corners()) pickWorld_->addObject(corner, ToolKind::kGrid);
   }
+  if (!pinRenderer_.generated()) pinRenderer_.generate();
   gridTool_.draw(matrices_, pinRenderer_);
   pickWorld_->refresh(ToolKind::kGrid);
 }
@@ -79,7 +80,10 @@ void GLWindow::drawGridTool() {
 void GLWindow::grabTool(Pin* hit) {
   toolDrag_ = ToolDrag::kNone;
   if (hit == nullptr) return;
-  if (profiler_->owns(*hit)) {
+  // A tool that has just been switched off stays in the picking world until the next frame.
+  const bool ofProfile = profiler_->owns(*hit);
+  if (!(ofProfile ? profileMode_ : gridMode_)) return;
+  if (ofProfile) {
     toolDrag_ = ToolDrag::kProfilePin;
     profiler_->grab(*hit);
   } else {
@@ -91,7 +95,7 @@ void GLWindow::grabTool(Pin* hit) {
 void GLWindow::dragTool(glm::vec2 point) {
   if (!modelLoaded_) return;
   const ViewMatrices matrices = presentMatrices();
-  const DrawnHeights heights{*model_.shown(), model_.crop, zScale_, model_.mean()};
+  const DrawnHeights heights{*model_.shown(), model_.crop, zScale_, model_.shownMean()};
   const auto hit =
       surfaceHit(heights, pickRay(matrices, w(), h(), point.x, point.y), matrices.overlay);
   if (!hit) return;

@@ -19,16 +19,17 @@ std::vector<glm::vec3> linePieces(const ProfileSection& section, const PinPair& 
                                   float heightToModel) {
   std::vector<glm::vec3> pieces;
   const auto& samples = section.samples;
-  pieces.reserve(2 * samples.size());
+  const std::vector<std::size_t> drawn = drawnSamples(section);
+  pieces.reserve(2 * drawn.size());
   const glm::vec2 way(pins.b - pins.a);
   const auto point = [&](std::size_t i) {
     const float part = static_cast<float>(i) / static_cast<float>(samples.size());
     return glm::vec3(glm::vec2(pins.a) + way * part, samples[i].y * heightToModel);
   };
-  for (std::size_t i = 1; i < samples.size(); ++i) {
-    if (std::isnan(samples[i - 1].y) || std::isnan(samples[i].y)) continue;
-    pieces.push_back(point(i - 1));
-    pieces.push_back(point(i));
+  for (std::size_t i = 1; i < drawn.size(); ++i) {
+    if (std::isnan(samples[drawn[i - 1]].y) || std::isnan(samples[drawn[i]].y)) continue;
+    pieces.push_back(point(drawn[i - 1]));
+    pieces.push_back(point(drawn[i]));
   }
   return pieces;
 }

@@ -106,18 +106,18 @@ class Layout {
 
   void addCurve() {
     const auto& samples = data_.section.samples;
+    const std::vector<std::size_t> drawn = drawnSamples(data_.section);
     const float step = plot::kLength / static_cast<float>(samples.size());
-    const auto there = [&](std::size_t i) {
-      return i < samples.size() && !std::isnan(samples[i].y);
-    };
+    const auto height = [&](std::size_t i) { return samples[drawn[i]].y; };
+    const auto there = [&](std::size_t i) { return i < drawn.size() && !std::isnan(height(i)); };
     const auto point = [&](std::size_t i) {
-      return glm::vec2(plot::kLeft + static_cast<float>(i) * step,
-                       range_.deviceY(double{samples[i].y}));
+      return glm::vec2(plot::kLeft + static_cast<float>(drawn[i]) * step,
+                       range_.deviceY(double{height(i)}));
     };
     const auto onLimit = [&](std::size_t i) {
-      return data_.clip.on && (samples[i].y == data_.clip.high || samples[i].y == data_.clip.low);
+      return data_.clip.on && (height(i) == data_.clip.high || height(i) == data_.clip.low);
     };
-    for (std::size_t i = 0; i < samples.size(); ++i) {
+    for (std::size_t i = 0; i < drawn.size(); ++i) {
       if (!there(i)) continue;
       // A sample alone between two gaps still has its step of the line.
       const bool alone = !there(i + 1) && (i == 0 || !there(i - 1));

@@ -1,6 +1,7 @@
 #include "view/profile_section.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstdint>
 #include <glm/geometric.hpp>
@@ -74,7 +75,7 @@ class Sampler {
     const float nextColumn = at({own.column + columnSign_, own.row}, own);
     const float a = interpolated(here, nextRow, rows.fraction);
     const float b = interpolated(here, nextColumn, columns.fraction);
-    const float mean = (a + b) / 2.0F;
+    const float mean = a / 2.0F + b / 2.0F;
     return isMissing(mean) ? std::numeric_limits<float>::quiet_NaN() : mean;
   }
 
@@ -139,6 +140,30 @@ ProfileSection sampleProfile(const HeightGrid& grid, const PinPair& pins, const 
     section.sampleMax = std::max(section.sampleMax, section.localMax);
   }
   return section;
+}
+
+std::vector<std::size_t> drawnSamples(const ProfileSection& section) {
+  constexpr std::size_t kMost = 65536;
+  const auto& samples = section.samples;
+  const std::size_t share = (samples.size() + kMost - 1) / kMost;
+  std::vector<std::size_t> drawn;
+  for (std::size_t first = 0; first < samples.size(); first += share) {
+    const std::size_t end = std::min(first + share, samples.size());
+    // What speaks for the share: its lowest, its highest, and a gap.
+    std::array<std::size_t, 3> kept = {first, first, first};
+    for (std::size_t i = first; i < end; ++i) {
+      const float height = samples[i].y;
+      if (std::isnan(height)) {
+        kept[2] = i;
+        continue;
+      }
+      if (!(height >= samples[kept[0]].y)) kept[0] = i;
+      if (!(height <= samples[kept[1]].y)) kept[1] = i;
+    }
+    std::sort(kept.begin(), kept.end());
+    drawn.insert(drawn.end(), kept.begin(), std::unique(kept.begin(), kept.end()));
+  }
+  return drawn;
 }
 
 float pixelSizeAlong(const PinPair& pins, double pixelSizeX, double pixelSizeY) {

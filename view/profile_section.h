@@ -43,6 +43,10 @@ float lineLength(const PinPair& pins);
 /// half a step apart have no samples.
 ProfileSection sampleProfile(const HeightGrid& grid, const PinPair& pins, const ProfileClip& clip);
 
+/// Which samples a curve through the section needs, in order: all of them, or, of more than any
+/// picture can show, the lowest, the highest and a gap of each of many equal shares.
+std::vector<std::size_t> drawnSamples(const ProfileSection& section);
+
 /// The real distance between neighbouring samples of a line, in the unit of the two pitches; the
 /// pitch itself where both are the same.
 float pixelSizeAlong(const PinPair& pins, double pixelSizeX, double pixelSizeY);

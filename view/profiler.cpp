@@ -3,6 +3,7 @@
 #include <array>
 #include <glm/gtc/type_ptr.hpp>
 #include <iostream>
+#include <new>
 #include <utility>
 
 #include "app/paths.h"
@@ -71,18 +72,20 @@ void Profiler::setSurface(ProfileSurface surface) {
 
 void Profiler::loadPins() {
   std::cout << "loading pins....\n";
-  const PinSize size = pinSize(gridSize().width);
   pins_[0].colour = kFirstPinColour;
   pins_[1].colour = kSecondPinColour;
-  for (Pin& pin : pins_) pin.halfExtents = size.halfExtents;
-  markerScale_ = size.companion;
-  placePins(pins_, profilePins(gridSize()));
   pinsExist_ = true;
-  refresh();
+  placeInFirstColumn();
 }
 
-void Profiler::dropPins() {
-  pinsExist_ = false;
+void Profiler::resetPins() {
+  if (pinsExist_) placeInFirstColumn();
+}
+
+void Profiler::placeInFirstColumn() {
+  const PinSize size = pinSize(gridSize().width);
+  for (Pin& pin : pins_) pin.halfExtents = size.halfExtents;
+  placePins(pins_, profilePins(gridSize()));
   refresh();
 }
 
@@ -107,9 +110,14 @@ void Profiler::refresh() {
 
 const ProfileSection& Profiler::section() {
   if (std::exchange(needsRecompute_, false)) {
-    section_ = pinsExist_ && surface_.heights
-                   ? sampleProfile(*surface_.heights, placesOf(pins_), clip())
-                   : ProfileSection{};
+    section_ = {};
+    try {
+      if (pinsExist_ && surface_.heights) {
+        section_ = sampleProfile(*surface_.heights, placesOf(pins_), clip());
+      }
+    } catch (const std::bad_alloc&) {
+      std::cout << "There is not enough memory for this section.\n";
+    }
   }
   return section_;
 }

@@ -40,8 +40,8 @@ class Profiler : public Fl_Gl_Window {
   [[nodiscard]] bool pinsExist() const { return pinsExist_; }
   /// Creates the pins in the size that suits the grid, at the two ends of its first column.
   void loadPins();
-  /// Forgets the line: the next `loadPins` starts again.
-  void dropPins();
+  /// Puts pins that exist back to where `loadPins` places them.
+  void resetPins();
   [[nodiscard]] Pins& pins() { return pins_; }
   [[nodiscard]] bool owns(const Pin& pin) const {
     return &pin == pins_.data() || &pin == &pins_[1];
@@ -66,6 +66,7 @@ class Profiler : public Fl_Gl_Window {
  private:
   void generateBuffers();
   void enterContext();
+  void placeInFirstColumn();
   void refresh();
   [[nodiscard]] GridSize gridSize() const;
   [[nodiscard]] ProfileClip clip() const;
@@ -78,7 +79,6 @@ class Profiler : public Fl_Gl_Window {
   Pin* grabbedPin_ = pins_.data();
   bool pinsExist_ = false;
   bool needsRecompute_ = true;
-  float markerScale_ = 0.0F;
   ProfileSection section_;
 
   ShaderProgram program_;

@@ -135,7 +135,8 @@ void TextRenderer::loadGlyphs(const std::string& fontPath) {
   if (!face) return;
   glPixelStorei(GL_UNPACK_ALIGNMENT, 1);
   for (std::size_t code = 0; code < kGlyphs; ++code) {
-    if (FT_Load_Char(face.get(), static_cast<FT_ULong>(code), FT_LOAD_RENDER) != 0) {
+    if (FT_Load_Char(face.get(), static_cast<FT_ULong>(code), FT_LOAD_RENDER | FT_LOAD_NO_BITMAP) !=
+        0) {
       std::puts("FreeType unable to load Glyph");
       continue;
     }

@@ -168,5 +168,22 @@ TEST(Profile, PrintsTheRealLengthForEveryPitch) {
   EXPECT_EQ(distance({pinOn(7, 7), pinOn(7, 7)}, 0.02, 0.05), 0.0F);
 }
 
+TEST(Profile, OfMoreSamplesThanPixelsKeepsExtremesAndGaps) {
+  ProfileSection section;
+  for (int i = 0; i < 1000; ++i)
+    section.samples.emplace_back(0.0F, static_cast<float>(i % 7), 0.0F);
+  EXPECT_EQ(drawnSamples(section).size(), 1000U);
+  section.samples.assign(500'001, {0.0F, 1.0F, 0.0F});
+  section.samples[123'456].y = 9.0F;
+  section.samples[234'567].y = -9.0F;
+  section.samples[345'678].y = NAN;
+  const std::vector<std::size_t> drawn = drawnSamples(section);
+  EXPECT_LT(drawn.size(), 200'000U);
+  EXPECT_TRUE(std::is_sorted(drawn.begin(), drawn.end()));
+  for (const std::size_t kept : {123'456U, 234'567U, 345'678U}) {
+    EXPECT_TRUE(std::binary_search(drawn.begin(), drawn.end(), kept)) << kept;
+  }
+}
+
 }  // namespace
 }  // namespace morvane
