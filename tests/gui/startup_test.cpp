@@ -84,6 +84,17 @@ INSTANTIATE_TEST_SUITE_P(Path, CalledBy,
                          testing::Values(kProgram, "./morvane-reader",
                                          "resources/../morvane-reader"));
 
+TEST(Open, TakesALinkAsADesktopHandsItOver) {
+  const TemporaryFolder folder;
+  const std::string path = folder.file("Tür links 1.res");
+  std::filesystem::create_symlink(panel(), path);
+  const std::string link = "file://" + folder.file("T%C3%BCr%20links%201.res");
+  Program program({link});
+  expectInOrder(program, {"ARGV: " + link, "(ChooseFile) - Filename to open: " + path});
+  program.awaitLine(kFrameDrawn);
+  EXPECT_EQ(program.quit(), 0);
+}
+
 TEST(Open, AMissingFileIsNoReasonToStop) {
   Program program({"nowhere.res"});
   program.awaitLine("(ChooseFile) - Filename to open: nowhere.res");
