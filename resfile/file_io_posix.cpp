@@ -30,14 +30,12 @@ FilePtr openForReading(const std::string& path) {
 }
 
 FilePtr createForWriting(const std::string& path) {
-#ifdef O_TMPFILE
   const std::size_t name = path.find_last_of('/');
   const std::string folder = name == std::string::npos ? "." : path.substr(0, name + 1);
   // A file without a name gets one by way of /proc.
   const bool possible = ::access(kOwnFiles, X_OK) == 0;
   const int file = possible ? ::open(folder.c_str(), O_TMPFILE | O_WRONLY | O_CLOEXEC, 0666) : -1;
   if (file >= 0) return FilePtr(::fdopen(file, "wb"));
-#endif
   return FilePtr(std::fopen(path.c_str(), "wbx"));
 }
 

@@ -3,6 +3,9 @@
 #include <FL/Fl.H>
 #include <FL/Fl_Double_Window.H>
 
+#include <cstdarg>
+#include <cstdio>
+#include <cstdlib>
 #include <iostream>
 #include <string>
 #include <vector>
@@ -14,8 +17,24 @@
 #include "ui/main_window.h"
 #include "view/gl_warm_up.h"
 
+namespace {
+
+/// What the toolkit cannot go on after: in all of this program that is a display it cannot reach.
+void stop(const char* format, ...) {
+  std::va_list values;
+  va_start(values, format);
+  std::vfprintf(stderr, format, values);
+  va_end(values);
+  std::fputs("\nThe program needs a display: start it from a desktop, or set DISPLAY to one.\n",
+             stderr);
+  std::exit(1);
+}
+
+}  // namespace
+
 int main(int argc, char** argv) {
   using namespace morvane;
+  Fl::fatal = stop;
   openStandardOutput();
   const std::vector<std::string> words = commandLine(argc, argv);
 
