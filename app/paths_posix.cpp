@@ -15,9 +15,9 @@ std::string environmentText(const char* name) {
 }
 
 std::string userProfileFolder() {
-  const std::string profile = environmentText("USERPROFILE");
+  std::string profile = environmentText("USERPROFILE");
   if (!profile.empty()) return profile;
-  const std::string home = environmentText("HOME");
+  std::string home = environmentText("HOME");
   if (!home.empty()) return home;
   // A start from a bare environment: what the system itself knows.
   const passwd* user = getpwuid(getuid());

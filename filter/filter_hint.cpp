@@ -11,7 +11,8 @@ namespace {
 bool beginsWithNumber(std::string_view typed) {
   typed.remove_prefix(std::min(typed.find_first_not_of(' '), typed.size()));
   for (const std::string_view optional : {"+-", "."}) {
-    if (!typed.empty() && optional.find(typed.front()) != optional.npos) typed.remove_prefix(1);
+    if (!typed.empty() && optional.find(typed.front()) != std::string_view::npos)
+      typed.remove_prefix(1);
   }
   return !typed.empty() && typed.front() >= '0' && typed.front() <= '9';
 }

@@ -154,7 +154,7 @@ class Layout {
 
   /// The numbers below the ticks: every tick where they have room, else every second, fifth, tenth.
   void addDistances() {
-    const double distance = double{profileDistance(data_.section, data_.pixelSize)};
+    const double distance = profileDistance(data_.section, data_.pixelSize);
     const double step = distance / (plot::kTicks - 1);
     const float y = pixelY(kBottom) + kNumberDrop;
     std::array<std::string, plot::kTicks> numbers;
