@@ -32,6 +32,9 @@ TEST(MomentTexts, AreThoseOfTheReferenceRows) {
     EXPECT_TRUE(line.ends_with("\t" + found)) << line << "\n" << found << " found";
   }
   EXPECT_GT(rows, 0);
+  std::tm nine{};
+  nine.tm_min = 9;
+  EXPECT_EQ(timeText(nine), "Time: 0:09:0");
 }
 
 TEST(ReportPage, TakesNameScaleAndLimitsAsTheyAre) {

@@ -9,6 +9,7 @@
 #include <string>
 
 #include "surface/mesh.h"
+#include "surface/statistics.h"
 #include "surface/surface_model.h"
 #include "tests/support/test_grid.h"
 
@@ -201,6 +202,14 @@ TEST(Model, KeepsTheFilteredGridOnlyWhileItFits) {
   EXPECT_NE(model.shown(), model.raw());
   model.setRaw(roughGrid(4, 4));
   EXPECT_EQ(model.shown(), model.raw());
+}
+
+TEST(AutomaticScale, StepsFinerOnSmoothSurfaces) {
+  const auto expected = [](double step, float sd) {
+    return static_cast<float>(step * 400.0 / sd / 1000.0 / 0.000027);
+  };
+  EXPECT_FLOAT_EQ(automaticScale(0.19F, 400), expected(0.01, 0.19F));
+  EXPECT_FLOAT_EQ(automaticScale(0.21F, 400), expected(0.05, 0.21F));
 }
 
 }  // namespace

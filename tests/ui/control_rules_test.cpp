@@ -1,11 +1,10 @@
 // The number texts and scale steps of the controls against the reference cases.
-#include "ui/control_rules.h"
-
 #include <gtest/gtest.h>
 
 #include <sstream>
 
 #include "tests/support/golden.h"
+#include "ui/control_rules.h"
 
 namespace morvane {
 namespace {
@@ -51,6 +50,11 @@ TEST(Controls, TakeNoWordsForNumbers) {
 TEST(Controls, PlusStopsAtTheMaximum) {
   EXPECT_EQ(steppedScale(1, 100.0F, 200.0F, 199.0F), 204.0F);
   EXPECT_EQ(steppedScale(1, 100.0F, 200.0F, 204.0F), 200.0F);
+}
+
+TEST(Scale, StepsDownToTheSmallestNeverToNothing) {
+  EXPECT_EQ(steppedScale(-1, 100.0F, 200.0F, 5.0F), 1e-10F);
+  EXPECT_EQ(steppedScale(-1, 100.0F, 200.0F, 6.0F), 1.0F);
 }
 
 }  // namespace

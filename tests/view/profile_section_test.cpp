@@ -168,6 +168,17 @@ TEST(Profile, PrintsTheRealLengthForEveryPitch) {
   EXPECT_EQ(distance({pinOn(7, 7), pinOn(7, 7)}, 0.02, 0.05), 0.0F);
 }
 
+TEST(Profile, TowardALowerRowKeepsToItsOwn) {
+  const auto grid = HeightGrid::zeroed(10, 3);
+  for (std::size_t i = 0; i < grid->count(); ++i) {
+    grid->values()[i] = 100.0 * static_cast<double>(i / 10);
+  }
+  const PinPair down = {{0.0F, 0.001F, 0.05F}, {0.008F, 0.0F, 0.05F}};
+  const PinPair up = {down.b, down.a};
+  EXPECT_EQ(sampleProfile(*grid, down, {}).localMin, 100.0F);
+  EXPECT_GT(sampleProfile(*grid, up, {}).localMax, 40.0F);
+}
+
 TEST(Profile, OfMoreSamplesThanPixelsKeepsExtremesAndGaps) {
   ProfileSection section;
   for (int i = 0; i < 1000; ++i)
