@@ -45,6 +45,17 @@ struct ButtonEntry {
   bool hidden = false;
 };
 
+/// Ends where the pointer lets it go: the toolkit tells of a release before the motions that came
+/// with it while a frame was drawn.
+class ScaleSlider : public Fl_Hor_Nice_Slider {
+ public:
+  using Fl_Hor_Nice_Slider::Fl_Hor_Nice_Slider;
+  int handle(int event) override {
+    if (event == FL_RELEASE) Fl_Hor_Nice_Slider::handle(FL_DRAG);
+    return Fl_Hor_Nice_Slider::handle(event);
+  }
+};
+
 void onDetails(Fl_Widget* /*widget*/, long /*action*/) { toggleDetails(); }
 
 // Row 491 is shared: either the wide profile button or the pair of narrow ones is shown.
@@ -99,7 +110,7 @@ void addButton(const ButtonEntry& entry) {
 }
 
 void addScaleControls(AppState& app) {
-  auto* slider = new Fl_Hor_Nice_Slider(0, 271, kFull, 30);
+  auto* slider = new ScaleSlider(0, 271, kFull, 30);
   slider->bounds(1e-10, 0.4);
   slider->color(kBlack, kBlack);
   slider->tooltip("Vertical scale");
