@@ -187,15 +187,9 @@ TEST_F(Controls, WorkAfterABrokenFileAsBefore) {
 TEST_F(Controls, SliderEndsWhereItIsLetGo) {
   open(false);
   window().drag({77, 296}, {400, 296});
-  const auto moved = [&](const Image& p) { return p.part(kReadout) != start_.part(kReadout); };
-  await("another scale", moved);
-  const Image before = await("the end of the slider", [](const Image& p) {
-    return p.part({132, 285, 16, 24}).count([](const Rgb& c) { return c.r > 120; }) > 60;
+  await("the knob at the end of the slider", [](const Image& p) {
+    return p.part({134, 285, 14, 24}).count([](const Rgb& c) { return c.r > 120; }) > 60;
   });
-  // At the largest scale there is no step up.
-  window().click(kPlus);
-  program_->awaitLine(kFrameDrawn);
-  EXPECT_EQ(window().capture().part(kReadout), before.part(kReadout));
 }
 
 }  // namespace
