@@ -60,10 +60,11 @@ awk '
     split(",first frame ms,frame ms,bytes held,bytes at the peak", name, ",")
     for (k = 2; k <= 5; ++k) {
       sx = sy = sxx = sxy = 0
-      unit = k > 3 ? 1024 : 1
+      unit = (k > 3) ? 1024 : 1
       for (i = 1; i <= n; ++i) { sx += x[i]; sy += unit * y[i, k]; sxx += x[i] ^ 2; sxy += x[i] * unit * y[i, k] }
       slope = (n * sxy - sx * sy) / (n * sxx - sx ^ 2)
       base = (sy - slope * sx) / n
-      printf "%s: %.4g + %.4g for each %s\n", name[k], base, k > 3 ? slope : slope * 1e6, k > 3 ? "point" : "million points"
+      bytes = (k > 3)
+      printf("%s: %.4g + %.4g for each %s\n", name[k], base, bytes ? slope : slope * 1e6, bytes ? "point" : "million points")
     }
   }' "$folder/table"
