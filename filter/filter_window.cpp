@@ -8,6 +8,7 @@
 #include <FL/Fl_Text_Display.H>
 
 #include "filter/filter_hint.h"
+#include "filter/number_input.h"
 
 namespace morvane {
 namespace {
@@ -68,7 +69,7 @@ Fl_Check_Button* FilterWindow::addType(int y, const char* label) {
 }
 
 Fl_Float_Input* FilterWindow::addInput(int y, const char* label) {
-  auto* input = new Fl_Float_Input(30, y, 200, 30, label);
+  auto* input = new NumberInput(30, y, 200, 30, label);
   input->when(FL_WHEN_CHANGED);
   input->callback(onSetting);
   return input;

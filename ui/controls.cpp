@@ -9,6 +9,7 @@
 #include <FL/Fl_Toggle_Button.H>
 
 #include "app/app_state.h"
+#include "filter/number_input.h"
 #include "ui/button_box.h"
 #include "ui/file_actions.h"
 #include "ui/images.h"
@@ -130,7 +131,7 @@ void addScaleControls(AppState& app) {
 }
 
 void addInput(const InputEntry& entry) {
-  auto* input = new Fl_Float_Input(0, entry.y, 80, 40);
+  auto* input = new NumberInput(0, entry.y, 80, 40);
   input->value(entry.text);
   input->color(kBlack);
   input->textcolor(kWhite);

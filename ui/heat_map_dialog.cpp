@@ -5,6 +5,7 @@
 #include <FL/Fl_Float_Input.H>
 
 #include "app/app_state.h"
+#include "filter/number_input.h"
 #include "ui/button_box.h"
 #include "ui/control_rules.h"
 #include "ui/look.h"
@@ -17,7 +18,7 @@ Fl_Float_Input* globalMax = nullptr;
 Fl_Float_Input* globalMin = nullptr;
 
 Fl_Float_Input* addInput(int y, const char* label) {
-  auto* input = new Fl_Float_Input(120, y, 150, 30, label);
+  auto* input = new NumberInput(120, y, 150, 30, label);
   input->color(kBlack);
   input->textcolor(kWhite);
   input->cursor_color(kWhite);

@@ -89,7 +89,7 @@ TEST_F(FullMenu, FiltersAsSetAndComesBack) {
   type(filter, kL1, "2");
   type(filter, kL2, "0.15");
   hinted("that the cut-offs are the wrong way round", false);
-  type(filter, kL1, "0.15");
+  type(filter, kL1, "0,15");  // by an operator whose decimal sign is the comma
   type(filter, kL2, "2");
   hinted("no hint", true);
   filter.click(kApply);
