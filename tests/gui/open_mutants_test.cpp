@@ -149,9 +149,9 @@ TEST_F(OpenMutants, AreRefusedOrShownAndTheLastGoodOneStays) {
   open(seeds.front().string());
   std::string shown = seeds.front().string();
   const std::vector<Mutation> mutants = mutations();
-  const std::size_t stride = std::max<std::size_t>(
-      1, seeds.size() * mutants.size() /
-             (wanted != nullptr ? std::strtoul(wanted, nullptr, 10) : kMutants));
+  const std::size_t count = wanted != nullptr ? std::strtoul(wanted, nullptr, 10) : kMutants;
+  const std::size_t stride =
+      std::max<std::size_t>(1, seeds.size() * mutants.size() / std::max<std::size_t>(1, count));
   std::size_t number = 0;
   std::size_t opened = 0;
   std::size_t refused = 0;

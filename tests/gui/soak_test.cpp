@@ -50,6 +50,7 @@ class Soak : public testing::Test {
   auto oneOf(const Values& values) {
     return values[static_cast<std::size_t>(upTo(static_cast<int>(std::size(values)) - 1))];
   }
+  // NOLINTNEXTLINE(readability-make-member-function-const): what is done to it changes the program
   Window window() { return program_.mainWindow(); }
 
   void pressControl() { window().click(in(kControls)); }
