@@ -70,7 +70,7 @@ void cutThrough(const SurfaceModel& model, const ResHeader& header, const PinPai
   }
 }
 
-void show(SurfaceModel& model, const ResHeader& header, const PinPair& dragged) {
+void buildSurface(SurfaceModel& model, const ResHeader& header, const PinPair& dragged) {
   model.measure();
   const std::size_t cells = cellCount(*model.shown());
   std::vector<float> positions(cells * kFloatsPerCell);
@@ -146,14 +146,14 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const Operator hand(measurement);
   SurfaceModel model(log);
   model.setRaw(measurement.grid);
-  show(model, measurement.header, hand.pins);
+  buildSurface(model, measurement.header, hand.pins);
   if (measurement.grid->count() > 0) filter(measurement, hand.cuts, model, log);
   model.useFiltered = true;
-  show(model, measurement.header, hand.pins);
+  buildSurface(model, measurement.header, hand.pins);
   model.heatMap = false;
   model.useFiltered = false;
   model.crop = hand.crop;
-  show(model, measurement.header, hand.pins);
+  buildSurface(model, measurement.header, hand.pins);
   saveAndReopen(file, measurement, hand.pins, fileBesideInput("region.res"));
   return 0;
 }

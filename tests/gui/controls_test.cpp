@@ -5,9 +5,8 @@
 #include <algorithm>
 #include <filesystem>
 #include <functional>
-#include <memory>
 
-#include "tests/gui/program.h"
+#include "tests/gui/on_show.h"
 #include "tests/support/golden.h"
 
 namespace morvane::gui {
@@ -44,7 +43,7 @@ bool showsKey(const Image& picture) {
 }
 bool isSky(const Rgb& colour) { return difference(colour, {211, 238, 255}) <= 1; }
 
-class Controls : public testing::Test {
+class Controls : public OnShow {
  protected:
   /// Opens the reference panel where it has bitmaps beside it, or alone.
   void open(bool withBitmaps) {
@@ -53,27 +52,8 @@ class Controls : public testing::Test {
       std::filesystem::copy_file(path, folder_.file("alone.res"));
       path = folder_.file("alone.res");
     }
-    program_ = std::make_unique<Program>(std::vector<std::string>{path});
-    start_ = await("the surface", isColourful);
+    OnShow::open(path, isColourful);
   }
-  Image await(const std::string& what, const std::function<bool(const Image&)>& predicate) {
-    window().leave();
-    return window().awaitPicture(what, predicate);
-  }
-  Window window() { return program_->mainWindow(); }
-  /// Replaces the text of an input by real typing.
-  void type(Point input, const std::string& text) {
-    window().click(input);
-    window().key({"ctrl+a", "BackSpace"});
-    if (!text.empty()) window().type(text);
-  }
-  bool sameAsAtStart(const Image& picture, const Area& area) const {
-    return picture.part(area) == start_.part(area);
-  }
-
-  TemporaryFolder folder_;
-  std::unique_ptr<Program> program_;
-  Image start_;
 };
 
 TEST_F(Controls, HeatMapGivesWayToTheBitmapAndComesBack) {
@@ -119,18 +99,18 @@ TEST_F(Controls, TypedLimitsAreInForceUntilTheButtonReturnsToAutomatic) {
   open(false);
   window().click(kCrop);
   await("the other icon", [&](const Image& p) { return !sameAsAtStart(p, kCropIcon); });
-  type(kMaximum, "1.5abc");
+  type(window(), kMaximum, "1.5abc");
   program_->awaitLine("CROP MAX: 1.5");
   program_->awaitLine("cropMax: 1.5");
-  type(kMinimum, "-0.5");
+  type(window(), kMinimum, "-0.5");
   program_->awaitLine("cropMin: -0.5");
   await("clamped colours",
         [&](const Image& p) { return isColourful(p) && !sameAsAtStart(p, kMiddle); });
   // Limits that make no sense are taken as they stand and leave the program usable.
-  type(kMaximum, "");
+  type(window(), kMaximum, "");
   program_->awaitLine("cropMax: 0");
-  type(kMaximum, "nan");
-  type(kMaximum, "-9");
+  type(window(), kMaximum, "nan");
+  type(window(), kMaximum, "-9");
   program_->awaitLine("cropMax: -9");
   window().click(kCrop);
   await("automatic limits",

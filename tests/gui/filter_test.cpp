@@ -2,11 +2,10 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <memory>
 #include <sstream>
 
 #include "resfile/res_file.h"
-#include "tests/gui/program.h"
+#include "tests/gui/on_show.h"
 #include "tests/support/golden.h"
 
 namespace morvane::gui {
@@ -37,22 +36,13 @@ enum Entry {
   kRegion
 };
 
-class FullMenu : public testing::Test {
+class FullMenu : public OnShow {
  protected:
   void open(const std::string& path) {
-    program_ = std::make_unique<Program>(std::vector<std::string>{path},
-                                         Start{.environment = {"MORVANE_MENU=full"}});
-    start_ = await("the surface", [](const Image& p) {
+    const auto shows = [](const Image& p) {
       return p.part(kSurface).count([](const Rgb& c) { return chroma(c) > 80; }) > 2000;
-    });
-  }
-  Window window() { return program_->mainWindow(); }
-  Image await(const std::string& what, const std::function<bool(const Image&)>& predicate) {
-    window().leave();
-    return window().awaitPicture(what, predicate);
-  }
-  bool sameAsAtStart(const Image& picture, const Area& area) const {
-    return picture.part(area) == start_.part(area);
+    };
+    OnShow::open(path, shows, {.environment = {"MORVANE_MENU=full"}});
   }
   void choose(Entry entry) {
     window().click(kTools);
@@ -60,17 +50,9 @@ class FullMenu : public testing::Test {
     keys.emplace_back("Return");
     window().key(keys);
   }
-  void type(const Window& filter, Point input, const std::string& text) {
-    filter.click(input);
-    filter.key({"ctrl+a", "BackSpace"});
-    if (!text.empty()) filter.type(text);
-  }
   static bool isEmpty(const Image& area) {
     return area.count([&](const Rgb& c) { return difference(c, area.at({0, 0})) > 30; }) == 0;
   }
-
-  std::unique_ptr<Program> program_;
-  Image start_;
 };
 
 TEST_F(FullMenu, FiltersAsSetAndComesBack) {
@@ -126,9 +108,8 @@ TEST_F(FullMenu, FiltersAsSetAndComesBack) {
 }
 
 TEST_F(FullMenu, SavesWhatLiesBetweenTheCornersOfTheGridBox) {
-  const TemporaryFolder folder;
-  std::filesystem::copy_file(golden::file("panel/measurement.res"), folder.file("whole.res"));
-  open(folder.file("whole.res"));
+  std::filesystem::copy_file(golden::file("panel/measurement.res"), folder_.file("whole.res"));
+  open(folder_.file("whole.res"));
   choose(kGridBox);
   const auto isCorner = [](const Rgb& c) { return c.r > 200 && c.g < 60 && c.b > 200; };
   const Image boxed = await("the box over the surface", [&](const Image& p) {
@@ -160,9 +141,9 @@ TEST_F(FullMenu, SavesWhatLiesBetweenTheCornersOfTheGridBox) {
 
   std::ostringstream log;
   resFile whole(log);
-  whole.update(folder.file("whole.res"));
+  whole.update(folder_.file("whole.res"));
   resFile cut(log);
-  cut.update(folder.file("cut.res"));
+  cut.update(folder_.file("cut.res"));
   ASSERT_TRUE(cut.isValid());
   // Half the columns and rows, give or take what a pixel of the screen covers.
   EXPECT_NEAR(cut.header().width, whole.header().width / 2, 8);

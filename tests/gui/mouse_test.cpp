@@ -2,9 +2,8 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <memory>
 
-#include "tests/gui/program.h"
+#include "tests/gui/on_show.h"
 #include "tools/measurement_builder.h"
 
 namespace morvane::gui {
@@ -38,22 +37,16 @@ MeasurementContent wave(int width, int height) {
   return content;
 }
 
-class Mouse : public testing::Test {
+class Mouse : public OnShow {
  protected:
   void open(int width, int height) {
     writeBytes(folder_.file("wave.res"), encodeMeasurement(wave(width, height)));
-    program_ = std::make_unique<Program>(std::vector<std::string>{folder_.file("wave.res")});
-    start_ = await("the surface", [](const Image& p) { return surfacePixels(p) > 200; });
+    OnShow::open(folder_.file("wave.res"), [](const Image& p) { return surfacePixels(p) > 200; });
   }
   static int surfacePixels(const Image& picture) { return picture.part(kView).count(isSurface); }
   static Point centreOf(const Image& picture, bool (*is)(const Rgb&)) {
     const Point found = picture.part(kView).centreOf(is);
     return {found.x + kView.x, found.y + kView.y};
-  }
-  Window window() { return program_->mainWindow(); }
-  Image await(const std::string& what, const std::function<bool(const Image&)>& predicate) {
-    window().leave();
-    return window().awaitPicture(what, predicate);
   }
   void awaitPinAt(Point expected, int tolerance) {
     await("the pin at " + std::to_string(expected.x) + ", " + std::to_string(expected.y),
@@ -63,11 +56,7 @@ class Mouse : public testing::Test {
                    std::abs(at.y - expected.y) <= tolerance;
           });
   }
-  bool sameView(const Image& picture) { return picture.part(kView) == start_.part(kView); }
-
-  TemporaryFolder folder_;
-  std::unique_ptr<Program> program_;
-  Image start_;
+  bool sameView(const Image& picture) { return sameAsAtStart(picture, kView); }
 };
 
 TEST_F(Mouse, TurnsPansAndZooms) {

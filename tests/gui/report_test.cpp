@@ -2,7 +2,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <cstdio>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -10,6 +9,7 @@
 
 #include "tests/gui/program.h"
 #include "tests/support/golden.h"
+#include "tests/support/output.h"
 
 namespace morvane::gui {
 namespace {
@@ -21,19 +21,6 @@ using testing::Not;
 constexpr int kScreenWidth = 1600;
 constexpr Point kReport{77, 484};
 constexpr Point kProfile{77, 546};
-
-/// What a command prints.
-std::string outputOf(const std::string& command) {
-  struct Close {
-    void operator()(std::FILE* pipe) const { ::pclose(pipe); }
-  };
-  const std::unique_ptr<std::FILE, Close> pipe(::popen(command.c_str(), "r"));
-  std::string output;
-  for (int c = std::fgetc(pipe.get()); c != EOF; c = std::fgetc(pipe.get())) {
-    output += static_cast<char>(c);
-  }
-  return output;
-}
 
 /// The first picture in a PDF file.
 Image pictureIn(const std::string& path) {

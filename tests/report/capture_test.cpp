@@ -22,7 +22,7 @@
 #include "app/folders.h"
 #include "report/moment_texts.h"
 #include "report/screen_capture.h"
-#include "tests/report/output.h"
+#include "tests/support/output.h"
 #include "tests/support/temporary_folder.h"
 
 namespace morvane {

@@ -15,7 +15,7 @@
 
 #include "report/jpeg_file.h"
 #include "report/pdf_report.h"
-#include "tests/report/output.h"
+#include "tests/support/output.h"
 #include "tests/support/temporary_folder.h"
 
 namespace morvane {

@@ -12,38 +12,14 @@
 
 #include "resfile/res_file.h"
 #include "results/layouts.h"
+#include "tests/support/golden.h"
 
 namespace morvane {
 namespace {
 
 namespace fs = std::filesystem;
 
-const fs::path kGolden = MORVANE_GOLDEN_FOLDER;
-
 // ---- golden rows
-
-/// `text` with its `\xNN` groups as bytes.
-std::string unescape(std::string_view text) {
-  std::string bytes;
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    if (text.substr(i, 2) == "\\x") {
-      bytes += static_cast<char>(std::stoi(std::string(text.substr(i + 2, 2)), nullptr, 16));
-      i += 3;
-    } else {
-      bytes += text[i];
-    }
-  }
-  return bytes;
-}
-
-/// The lines of a rows file, as bytes.
-std::vector<std::string> expectedLines(const fs::path& path) {
-  std::ifstream file(path);
-  EXPECT_TRUE(file) << path;
-  std::vector<std::string> lines;
-  for (std::string line; std::getline(file, line);) lines.push_back(unescape(line));
-  return lines;
-}
 
 /// What the column shows of the reader's measurement, in the words of a rows file.
 std::vector<std::string> shownLines(const resFile& reader) {
@@ -63,7 +39,7 @@ std::vector<std::string> shownLines(const resFile& reader) {
 /// "?" as a label stands for any label of a row without value, "*" for any text.
 void expectRows(const fs::path& rowsFile, const resFile& reader) {
   SCOPED_TRACE(rowsFile);
-  const std::vector<std::string> expected = expectedLines(rowsFile);
+  const std::vector<std::string> expected = golden::lines(rowsFile);
   const std::vector<std::string> shown = shownLines(reader);
   ASSERT_EQ(shown.size(), expected.size());
   for (std::size_t i = 0; i < shown.size(); ++i) {
@@ -78,21 +54,18 @@ void expectRows(const fs::path& rowsFile, const resFile& reader) {
 }
 
 TEST(LayoutsGolden, RowsOfSingleFiles) {
-  int cases = 0;
-  for (const auto& entry : fs::recursive_directory_iterator(kGolden)) {
-    const fs::path rowsFile = entry.path();
-    if (rowsFile.filename() != "rows.txt") continue;
+  const std::vector<std::string> cases = golden::casesWith("rows.txt");
+  EXPECT_GE(cases.size(), 17U + 9U) << "every algorithm code and the other cases";
+  for (const std::string& name : cases) {
     std::ostringstream log;
     resFile reader(log);
-    reader.update((rowsFile.parent_path() / "measurement.res").string());
-    expectRows(rowsFile, reader);
-    ++cases;
+    reader.update((golden::file(name) / "measurement.res").string());
+    expectRows(golden::file(name) / "rows.txt", reader);
   }
-  EXPECT_GE(cases, 17 + 9) << "every algorithm code and the other cases";
 }
 
 TEST(LayoutsGolden, RowsOfFilesReadInTurn) {
-  const fs::path folder = kGolden / "sequence";
+  const fs::path folder = golden::file("sequence");
   std::ifstream steps(folder / "steps.txt");
   std::ostringstream log;
   resFile reader(log);

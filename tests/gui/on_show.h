@@ -1,0 +1,45 @@
+// A program with a measurement on show, and what tests of its main window do all the time.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <utility>
+
+#include "tests/gui/program.h"
+
+namespace morvane::gui {
+
+class OnShow : public testing::Test {
+ protected:
+  using Predicate = std::function<bool(const Image&)>;
+
+  /// Starts the program on a file and waits until its window `shows` it.
+  void open(const std::string& path, const Predicate& shows, const Start& start = {}) {
+    program_ = std::make_unique<Program>(std::vector<std::string>{path}, start);
+    start_ = await("the surface", shows);
+  }
+  Window window() { return program_->mainWindow(); }
+  /// Waits for a picture that no pointer and no tip lies over.
+  Image await(const std::string& what, const Predicate& predicate) {
+    window().leave();
+    return window().awaitPicture(what, predicate);
+  }
+  bool sameAsAtStart(const Image& picture, const Area& area) const {
+    return picture.part(area) == start_.part(area);
+  }
+  /// Replaces the text of an input by real typing.
+  static void type(const Window& window, Point input, const std::string& text) {
+    window.click(input);
+    window.key({"ctrl+a", "BackSpace"});
+    if (!text.empty()) window.type(text);
+  }
+
+  TemporaryFolder folder_;
+  std::unique_ptr<Program> program_;
+  Image start_;
+};
+
+}  // namespace morvane::gui
