@@ -1,22 +1,11 @@
-#include <windows.h>
 
-// gdiplus.h needs these two, and min and max without a namespace.
-#include <objidl.h>
-#include <propidl.h>
-
-#include <algorithm>
 #include <cstdlib>
 #include <memory>
 #include <string>
 #include <utility>
 #include <vector>
 
-namespace Gdiplus {
-using std::max;
-using std::min;
-}  // namespace Gdiplus
-#include <gdiplus.h>
-
+#include "report/gdi_plus.h"
 #include "report/screen_picture.h"
 #include "resfile/safe_file.h"
 

@@ -1,24 +1,13 @@
 // Pictures of the screen: GDI's pixels, the clipboard, the JPEG file. Needs a display.
 #include <gtest/gtest.h>
-#include <windows.h>
 
-// gdiplus.h needs these two, and min and max without a namespace.
-#include <objidl.h>
-#include <propidl.h>
-
-#include <algorithm>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <string>
 
-namespace Gdiplus {
-using std::max;
-using std::min;
-}  // namespace Gdiplus
-#include <gdiplus.h>
-
+#include "report/gdi_plus.h"
 #include "report/screen_capture.h"
 #include "tests/support/temporary_folder.h"
 
