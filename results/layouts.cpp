@@ -262,8 +262,9 @@ std::string_view surfaceTypeText(std::uint32_t surfaceType) {
 std::array<ResultRow, kHeaderRows> headerRows(const ResHeader& header,
                                               std::string_view surfaceText) {
   const std::string_view stamp = fieldText(header.headerText1);
+  // Half a number would be another one.
   const auto piece = [stamp](std::size_t from, std::size_t length) {
-    return std::string(from < stamp.size() ? stamp.substr(from, length) : std::string_view());
+    return std::string(from + length <= stamp.size() ? stamp.substr(from, length) : "");
   };
   const std::string date = piece(6, 2) + "/" + piece(4, 2) + "/" + piece(0, 4);
   const std::string time = piece(8, 2) + ":" + piece(10, 2) + ":" + piece(12, 2);

@@ -6,11 +6,15 @@
 #include <cstdint>
 #include <glm/geometric.hpp>
 #include <limits>
+#include <new>
 
 #include "surface/mesh.h"
 
 namespace morvane {
 namespace {
+
+// No measured line comes near. A file may announce one that would take all memory there is.
+constexpr std::size_t kMostSamples = 20'000'000;
 
 struct GridPoint {
   std::int64_t column;
@@ -124,6 +128,7 @@ ProfileSection sampleProfile(const HeightGrid& grid, const PinPair& pins, const 
   section.sampleMin = section.sampleMax = firstFiniteHeight(grid);
   const auto count = static_cast<std::size_t>(std::lround(section.lineLength * kPointsPerUnit));
   if (count == 0) return section;
+  if (count > kMostSamples) throw std::bad_alloc();
 
   section.samples.reserve(count);
   const Sampler sampler(grid, ends, count);

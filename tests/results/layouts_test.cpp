@@ -124,6 +124,7 @@ TEST(Layouts, ShortTimeStampGivesEmptyPieces) {
   EXPECT_EQ(dateAndTime("20260105093007"), "05/01/2026 09:30:07");
   EXPECT_EQ(dateAndTime("2026010509300799"), "05/01/2026 09:30:07");
   EXPECT_EQ(dateAndTime("202601050930"), "05/01/2026 09:30:");
+  EXPECT_EQ(dateAndTime("2026011"), "/01/2026 ::");
   EXPECT_EQ(dateAndTime("2026"), "//2026 ::");
   EXPECT_EQ(dateAndTime(""), "// ::");
 }
