@@ -12,8 +12,10 @@
 #include "app/paths.h"
 #include "results/results_panel.h"
 #include "ui/config_manager.h"
+#include "ui/console.h"
 #include "ui/file_actions.h"
 #include "ui/filter_actions.h"
+#include "ui/full_screen.h"
 #include "ui/heat_map_dialog.h"
 #include "ui/region_actions.h"
 #include "ui/report_actions.h"
@@ -68,8 +70,14 @@ constexpr const char* kBitmapMenu = "&BMPs/";
 void toggleFullScreen() {
   AppState& app = appState();
   std::cout << "FULLSCREEN MODE\n";
-  app.fullScreen ? app.mainWindow->fullscreen_off() : app.mainWindow->fullscreen();
-  app.fullScreen = !app.fullScreen;
+  if (!canFillScreen()) {
+    appendConsole("The window manager offers no full screen.");
+    return;
+  }
+  // Asked of the window: its manager may have left full screen by itself.
+  const bool full = app.mainWindow->fullscreen_active() != 0;
+  full ? app.mainWindow->fullscreen_off() : app.mainWindow->fullscreen();
+  app.fullScreen = !full;
 }
 
 void toggleConsole() {
