@@ -1,5 +1,6 @@
 #include "resfile/bitmap_image.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdio>
 #include <limits>
@@ -50,12 +51,6 @@ void readRows(std::FILE* file, std::span<std::uint8_t> pixels, std::size_t row, 
   }
 }
 
-std::uint64_t lengthOf(std::FILE* file) {
-  if (std::fseek(file, 0, SEEK_END) != 0) return 0;
-  const long length = std::ftell(file);
-  return length < 0 ? 0 : static_cast<std::uint64_t>(length);
-}
-
 }  // namespace
 
 std::int16_t BitmapImage::readBitmap(const std::string& path) {
@@ -90,8 +85,8 @@ bool BitmapImage::sizesAreTrue(std::uint64_t fileBytes) const {
   if (header_.width <= 0 || header_.height <= 0) return false;
   const std::uint64_t pixels =
       static_cast<std::uint64_t>(header_.width) * static_cast<std::uint64_t>(header_.height);
-  return pixels <= fileBytes / bytesPerPixel() &&
-         pixels <= std::numeric_limits<std::int32_t>::max();
+  const auto bits = static_cast<std::uint64_t>(std::max<std::int16_t>(header_.bitsPerPixel, 1));
+  return pixels <= fileBytes * 8 / bits && pixels <= std::numeric_limits<std::int32_t>::max();
 }
 
 bool BitmapImage::makeRoom() {

@@ -1,6 +1,7 @@
 // Opening, replacing and removing files by UTF-8 path: the one edge to the system's file names.
 #pragma once
 
+#include <cstdint>
 #include <cstdio>
 #include <memory>
 #include <string>
@@ -15,6 +16,9 @@ using FilePtr = std::unique_ptr<std::FILE, FileCloser>;
 /// Opens a regular file for binary reading. Null with `errno` set when it cannot be had; folders,
 /// pipes and devices are refused too, since reading one could wait for ever.
 FilePtr openForReading(const std::string& path);
+
+/// How many bytes an open file has; 0 when the system does not say.
+std::uint64_t lengthOf(std::FILE* file);
 
 /// Creates a file for binary writing that is to be `path`, which must not exist. Where the system
 /// can, it has no name until `giveName`, and goes with the program if that is killed. Null with
@@ -41,6 +45,9 @@ void removeFile(const std::string& path);
 
 /// The number of this process.
 long ownProcess();
+
+/// What this machine is called; processes of others have numbers of their own.
+std::string ownMachine();
 
 /// Whether there is a process of this number.
 bool isRunning(long process);

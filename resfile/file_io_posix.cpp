@@ -4,6 +4,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <array>
 #include <cerrno>
 #include <csignal>
 
@@ -27,6 +28,11 @@ FilePtr openForReading(const std::string& path) {
   std::FILE* file = ::fdopen(descriptor, "rb");
   if (file == nullptr) ::close(descriptor);
   return FilePtr(file);
+}
+
+std::uint64_t lengthOf(std::FILE* file) {
+  struct stat status {};
+  return ::fstat(::fileno(file), &status) == 0 ? static_cast<std::uint64_t>(status.st_size) : 0;
 }
 
 FilePtr createForWriting(const std::string& path) {
@@ -68,6 +74,11 @@ bool replaceFile(const std::string& from, const std::string& to) {
 void removeFile(const std::string& path) { ::unlink(path.c_str()); }
 
 long ownProcess() { return ::getpid(); }
+
+std::string ownMachine() {
+  std::array<char, 256> name{};
+  return ::gethostname(name.data(), name.size() - 1) == 0 ? name.data() : "";
+}
 
 bool isRunning(long process) {
   return ::kill(static_cast<pid_t>(process), 0) == 0 || errno == EPERM;

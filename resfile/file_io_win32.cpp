@@ -5,6 +5,7 @@
 #include <windows.h>
 
 #include <algorithm>
+#include <array>
 #include <cerrno>
 #include <filesystem>
 #include <iterator>
@@ -66,6 +67,11 @@ FilePtr openForReading(const std::string& path) {
   return FilePtr(_wfopen(name.c_str(), L"rb"));
 }
 
+std::uint64_t lengthOf(std::FILE* file) {
+  struct _stat64 status {};
+  return _fstat64(_fileno(file), &status) == 0 ? static_cast<std::uint64_t>(status.st_size) : 0;
+}
+
 FilePtr createForWriting(const std::string& path) {
   return FilePtr(_wfopen(wide(path).c_str(), L"wbx"));
 }
@@ -100,6 +106,13 @@ bool replaceFile(const std::string& from, const std::string& to) {
 void removeFile(const std::string& path) { _wunlink(wide(path).c_str()); }
 
 long ownProcess() { return static_cast<long>(GetCurrentProcessId()); }
+
+std::string ownMachine() {
+  // Such names have no letters beyond ASCII.
+  std::array<char, MAX_COMPUTERNAME_LENGTH + 1> name{};
+  auto length = static_cast<DWORD>(name.size());
+  return GetComputerNameA(name.data(), &length) != 0 ? name.data() : "";
+}
 
 bool isRunning(long process) {
   const HANDLE handle = OpenProcess(SYNCHRONIZE, FALSE, static_cast<DWORD>(process));

@@ -1,7 +1,9 @@
-// Hints to the system about the process's memory; where it knows no such thing, nothing happens.
+// Hints to the system about the process's memory, and what it says of its own; where it knows no
+// such thing, nothing happens.
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <memory>
 
 namespace morvane {
@@ -20,6 +22,11 @@ using Pages = std::unique_ptr<std::byte[], PagesFree>;
 /// At least `bytes` bytes of memory not yet touched, beginning on a page and on huge pages where
 /// the system has them. Null when memory cannot hold them, or on a system without such a service.
 Pages freshPages(std::size_t bytes);
+
+/// Whether `bytes` more bytes fit into memory when all of them are written to. A system that
+/// promises more than it has ends a program that takes it at its word; asked before, it says what
+/// it has. True where it cannot be asked, or never promises too much.
+bool fitsIntoMemory(std::uint64_t bytes);
 
 /// Hands memory that was freed, but is still held for the next allocation, back to the system.
 void releaseSpareMemory();

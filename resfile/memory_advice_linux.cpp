@@ -5,6 +5,9 @@
 
 #include <cstdint>
 #include <cstdlib>
+#include <fstream>
+#include <sstream>
+#include <string>
 
 namespace morvane {
 namespace {
@@ -30,6 +33,23 @@ Pages freshPages(std::size_t bytes) {
   Pages pages(static_cast<std::byte*>(std::aligned_alloc(kHugePage, whole)));
   if (pages) adviseHugePages(pages.get(), whole);
   return pages;
+}
+
+bool fitsIntoMemory(std::uint64_t bytes) {
+  std::ifstream info("/proc/meminfo");
+  std::uint64_t kilobytes = 0;
+  bool known = false;
+  for (std::string line; std::getline(info, line);) {
+    std::istringstream words(line);
+    std::string name;
+    std::uint64_t value = 0;
+    words >> name >> value;
+    if (name != "MemAvailable:" && name != "SwapFree:") continue;
+    kilobytes += value;
+    known = known || name == "MemAvailable:";
+  }
+  // An eighth is left to whatever else runs.
+  return !known || bytes / 1024 <= kilobytes / 8 * 7;
 }
 
 #ifdef __GLIBC__

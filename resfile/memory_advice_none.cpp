@@ -8,6 +8,8 @@ void PagesFree::operator()(std::byte* /*pages*/) const {}
 
 Pages freshPages(std::size_t /*bytes*/) { return nullptr; }
 
+bool fitsIntoMemory(std::uint64_t /*bytes*/) { return true; }
+
 void releaseSpareMemory() {}
 
 }  // namespace morvane

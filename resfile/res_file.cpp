@@ -11,6 +11,7 @@
 
 #include "resfile/file_io.h"
 #include "resfile/little_endian.h"
+#include "resfile/memory_advice.h"
 #include "resfile/safe_file.h"
 
 namespace morvane {
@@ -44,6 +45,12 @@ std::uint64_t readCounts(std::FILE* file, double scale, std::span<double> height
     heights = heights.subspan(wanted);
   }
   return total;
+}
+
+/// How much of the grid's memory a file of `length` bytes makes the system find.
+std::uint64_t bytesToFill(const HeightGrid& grid, std::int32_t numType, std::uint64_t length) {
+  const std::uint64_t growth = numType == kNumTypeCounts16 ? 4 : 1;  // 16 bits become 64
+  return std::min(std::uint64_t{grid.count()} * sizeof(double), length * growth);
 }
 
 }  // namespace
@@ -101,7 +108,8 @@ HeaderBytes resFile::readHeader(std::FILE* file, std::int32_t& version) {
 }
 
 std::uint64_t resFile::readGrid(std::FILE* file) {
-  const std::shared_ptr<HeightGrid> grid = HeightGrid::zeroed(header_.width, header_.height);
+  std::shared_ptr<HeightGrid> grid = HeightGrid::zeroed(header_.width, header_.height);
+  if (grid && !fitsIntoMemory(bytesToFill(*grid, header_.numType, lengthOf(file)))) grid.reset();
   *log_ << "(resFile) - Num Type: " << header_.numType << '\n';
   grid_ = grid;
   if (!grid) {

@@ -10,6 +10,7 @@
 #include <type_traits>
 #include <utility>
 
+#include "resfile/memory_advice.h"
 #include "view/gl_driver.h"
 #include "view/shader_sources.h"
 
@@ -66,8 +67,12 @@ std::string SurfaceRenderer::bind(const SurfaceModel& model, const BitmapDrape* 
   vertexCount_ = 0;
   std::string reason = fill(model, drape);
   if (reason.empty()) return {};
-  for (VertexBuffer* buffer : {&positions_, &colours_, &normals_}) buffer->empty();
+  emptyBuffers();
   return reason;
+}
+
+void SurfaceRenderer::emptyBuffers() {
+  for (VertexBuffer* buffer : {&positions_, &colours_, &normals_}) buffer->empty();
 }
 
 std::string SurfaceRenderer::fill(const SurfaceModel& model, const BitmapDrape* drape) {
@@ -78,6 +83,10 @@ std::string SurfaceRenderer::fill(const SurfaceModel& model, const BitmapDrape* 
   }
   glBindVertexArray(vertexArray_.name());
   const std::size_t floats = cells * kFloatsPerCell;
+  emptyBuffers();
+  if (isSoftwareGl() && !fitsIntoMemory(3 * floats * sizeof(float))) {
+    return "the memory cannot hold the surface";
+  }
   if (!positions_.open(floats) || !colours_.open(floats) || !normals_.open(floats)) {
     return "the graphics memory cannot hold the surface";
   }

@@ -29,6 +29,7 @@ class SurfaceRenderer {
   [[nodiscard]] bool usable() const { return program_.usable(); }
 
  private:
+  void emptyBuffers();
   [[nodiscard]] std::string fill(const SurfaceModel& model, const BitmapDrape* drape);
   void setUniforms(const ViewMatrices& matrices, const glm::vec3& eye, bool lit) const;
 

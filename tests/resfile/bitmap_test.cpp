@@ -94,10 +94,12 @@ TEST_F(HostileBitmap, OfImpossibleSizeHasNoPixelsAndOfAnotherDepthBlackOnes) {
     EXPECT_NE(log_.str().find("impossible size: " + size), std::string::npos);
   }
   std::vector<std::byte> bytes = whole_;
-  writeLe(bytes.data() + 28, std::int16_t{4});
-  EXPECT_EQ(read(bytes), 4);
+  // As many pixels of one bit as the file holds bits.
+  writeLe(bytes.data() + 18, static_cast<std::int32_t>(4 * bytes.size()));
+  writeLe(bytes.data() + 28, std::int16_t{1});
+  EXPECT_EQ(read(bytes), 1);
   EXPECT_NE(log_.str().find("Unsupported BPP for Bitmap\n"), std::string::npos);
-  EXPECT_EQ(image_.pixels().size(), 6U);
+  EXPECT_EQ(image_.pixels().size(), 8 * bytes.size());
   EXPECT_EQ(*std::max_element(image_.pixels().begin(), image_.pixels().end()), 0);
 }
 
