@@ -11,13 +11,15 @@
 namespace morvane {
 namespace {
 
-constexpr std::string_view kPrefix = ".morvane-";
 constexpr std::string_view kEnding = ".part";
+
+/// What all names begin with that are given on this machine: a folder may be shared with others.
+std::string prefix() { return ".morvane-" + ownMachine() + '-'; }
 
 /// A short name in the folder of `path` that nothing has yet and only this process gives.
 std::string temporaryNameBeside(const std::string& path) {
-  std::string base = path.substr(0, path.find_last_of("/\\") + 1);
-  base.append(kPrefix).append(std::to_string(ownProcess()));
+  const std::string base =
+      path.substr(0, path.find_last_of("/\\") + 1) + prefix() + std::to_string(ownProcess());
   for (int number = 1;; ++number) {
     std::string name = base + '-' + std::to_string(number);
     name += kEnding;
@@ -25,10 +27,11 @@ std::string temporaryNameBeside(const std::string& path) {
   }
 }
 
-/// The process that gave a temporary name; 0 for any other name.
+/// The process of this machine that gave a temporary name; 0 for any other name.
 long giverOf(std::string_view name) {
-  if (!name.starts_with(kPrefix) || !name.ends_with(kEnding)) return 0;
-  name.remove_prefix(kPrefix.size());
+  const std::string start = prefix();
+  if (!name.starts_with(start) || !name.ends_with(kEnding)) return 0;
+  name.remove_prefix(start.size());
   long process = 0;
   const auto [end, error] = std::from_chars(name.data(), name.data() + name.size(), process);
   return error == std::errc() && *end == '-' && process > 0 ? process : 0;

@@ -41,9 +41,10 @@ TEST(Saving, FailsWithTheSystemsReasonAndLeavesNothing) {
 
 TEST(Saving, LeavesFilesWithTemporaryNamesAlone) {
   const TemporaryFolder folder;
-  const std::string names[] = {
-      ".morvane-" + std::to_string(ownProcess()) + "-1.part",  // being written by this program
-      ".morvane-.part", ".morvane-12a-1.part", "morvane-1.part"};
+  const std::string ours = ".morvane-" + ownMachine() + "-";
+  const std::string names[] = {ours + std::to_string(ownProcess()) + "-1.part",  // being written
+                               ".morvane-elsewhere-999999999-1.part", ".morvane-.part",
+                               ours + "12a-1.part", "morvane-1.part"};
   for (const std::string& name : names) std::ofstream(folder.file(name)) << "open measurement";
   // As long as a name can be.
   const std::string copy = folder.file(std::string(251, 'a') + ".res");
@@ -51,7 +52,7 @@ TEST(Saving, LeavesFilesWithTemporaryNamesAlone) {
   EXPECT_EQ(contentOf(copy), "open measurement");
   removeAbandoned(folder.path().string());
   for (const std::string& name : names) EXPECT_EQ(contentOf(folder.file(name)), "open measurement");
-  EXPECT_EQ(folder.entries(), 5);
+  EXPECT_EQ(folder.entries(), 6);
 }
 
 TEST(Saving, ACopyIsTheSameBytes) {
