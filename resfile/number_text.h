@@ -15,4 +15,7 @@ std::string fixedText(double value, int decimals);
 double leadingNumber(std::string_view text);
 float leadingFloat(std::string_view text);
 
+/// Whether `text` is such a number from end to end, blanks around it apart.
+bool isNumber(std::string_view text);
+
 }  // namespace morvane

@@ -167,8 +167,10 @@ TEST(FilterHint, NamesTheFirstOddThing) {
   for (const char* rubbish : {"-.", "--5", ".-5", "..5", "+-3"}) {
     EXPECT_EQ(hint(rubbish, "", false), "L1 is not a number: it counts as 0.") << rubbish;
   }
+  EXPECT_EQ(hint("1.234.5", "", false), "L1 is not a number: it counts as 1.234.");
   EXPECT_EQ(hint("  +.8", "", false), "");
   EXPECT_EQ(filterHint({.l1 = "30", .l2 = "", .lowPass = true}, 0.0), "");
+  EXPECT_EQ(filterHint({.l1 = "0.8", .l2 = "", .lowPass = true}, 0.8), "");
 }
 
 TEST(FilterDiagnostics, ReadRawFilesAndMeasureDeviation) {
