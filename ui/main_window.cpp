@@ -67,11 +67,14 @@ void useProgramFont() {
   Fl::set_font(FL_HELVETICA_BOLD, "BLiberation Sans");
 }
 
-/// Opens `path` when the program that it was dragged from is no longer waiting.
+/// Opens `path` when the program that it was dragged from is no longer waiting. An action that asks
+/// something goes on with the measurement it began with, so meanwhile nothing is opened.
 void openSoon(const std::string& path) {
   static std::string pending;
   pending = path;
-  Fl::add_timeout(0.0, [](void* /*data*/) { openFile(pending); });
+  Fl::add_timeout(0.0, [](void* /*data*/) {
+    if (Fl::modal() == nullptr) openFile(pending);
+  });
 }
 
 /// Keeps what stands in it in its places whatever its size.
@@ -87,6 +90,7 @@ class MainWindow : public Fl_Double_Window {
     switch (event) {
       case FL_DND_ENTER:
       case FL_DND_DRAG:
+        if (Fl::modal() != nullptr) return 0;
         Fl::belowmouse(this);  // to which the rest is sent
         return 1;
       case FL_DND_RELEASE:
