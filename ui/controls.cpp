@@ -59,14 +59,18 @@ class ScaleSlider : public Fl_Hor_Nice_Slider {
 
 void onDetails(Fl_Widget* /*widget*/, long /*action*/) { toggleDetails(); }
 
-// Row 491 is shared: either the wide profile button or the pair of narrow ones is shown.
-constexpr ButtonEntry kButtons[] = {
+constexpr ButtonEntry kUpperButtons[] = {
     {0, 85, kFull, 60, "open.png", "Open a measurement", openMeasurement, kOpenFromButton},
     {0, 147, kFull, 60, "hmOn.png", "Heat map or bitmap", toggleHeatMap, 1,
      &AppState::heatMapButton, true},
     {0, 209, kFull, 60, "reset.png", "Reset the view", resetView, 4},
-    {0, 303, 30, 40, "minus.png", "Flatter", changeScale, -1},
-    {120, 303, 30, 40, "plus.png", "Steeper", changeScale, 1},
+};
+
+constexpr ButtonEntry kMinus = {0, 303, 30, 40, "minus.png", "Flatter", changeScale, -1};
+constexpr ButtonEntry kPlus = {120, 303, 30, 40, "plus.png", "Steeper", changeScale, 1};
+
+// Row 491 is shared: either the wide profile button or the pair of narrow ones is shown.
+constexpr ButtonEntry kLowerButtons[] = {
     {80, 345, 70, 82, "crop.png", "Limits: automatic or typed", applyLimits, kLimitsButton,
      &AppState::cropButton},
     {0, 429, kFull, 60, "pdf.png", "Report as PDF", writePdfReport, 4},
@@ -118,6 +122,7 @@ void addScaleControls(AppState& app) {
   slider->callback(changeScale, 0);
   app.scaleSlider = slider;
 
+  addButton(kMinus);
   app.scaleReadout = new Fl_Text_Buffer;
   app.scaleReadout->text("---");
   auto* readout = new Fl_Text_Display(30, 303, 90, 40);
@@ -128,6 +133,7 @@ void addScaleControls(AppState& app) {
   readout->textsize(24);
   readout->scrollbar_width(0);
   readout->hide_cursor();
+  addButton(kPlus);
 }
 
 void addInput(const InputEntry& entry) {
@@ -144,11 +150,13 @@ void addInput(const InputEntry& entry) {
 
 }  // namespace
 
+// In the order in which the Tab key goes from one to the next: from top to bottom.
 void buildControls() {
   for (const LogoEntry& logo : kLogos) addLogo(logo);
+  for (const ButtonEntry& button : kUpperButtons) addButton(button);
   addScaleControls(appState());
   for (const InputEntry& input : kInputs) addInput(input);
-  for (const ButtonEntry& button : kButtons) addButton(button);
+  for (const ButtonEntry& button : kLowerButtons) addButton(button);
 }
 
 }  // namespace morvane
