@@ -38,7 +38,8 @@ std::string pathToOpen(long mode) {
   std::string path;
   if (mode == kOpenStartupFile) {
     std::cout << "Copying Filename\n";
-    path = pathOfLink(appState().startupFile);
+    path = appState().startupFile;
+    if (!fileExists(path)) path = pathOfLink(path);
   } else {
     path = chooseFileToOpen("*.res", lastFolder());
   }
@@ -111,6 +112,8 @@ void showOpened() {
   const WaitCursor wait;
   AppState& app = appState();
   app.glView->updateMeasurement();
+  // Before the first numbers are taken, which filtering may do.
+  app.glView->useAutomaticScale();
   if (app.glView->filterEnabled()) {
     applyFilter();
   } else {
@@ -123,7 +126,9 @@ void showOpened() {
   rebuildMenu();
   offerBitmaps(bitmaps);
   // Limits typed for the last measurement mean nothing for this one.
-  app.glView->setCrop({});
+  Crop crop = app.glView->crop();
+  crop.on = false;
+  app.glView->setCrop(crop);
   offerResults();
   showSurface();
   resetControls();

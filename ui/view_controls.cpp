@@ -58,7 +58,7 @@ Crop typedLimits(const std::string& maximum, const std::string& minimum) {
     constexpr float kMost = std::numeric_limits<float>::max();
     return std::clamp(leadingFloat(typed), -kMost, kMost);
   };
-  return {.on = appState().glView->model().crop.on, .min = limit(minimum), .max = limit(maximum)};
+  return {.on = appState().glView->crop().on, .min = limit(minimum), .max = limit(maximum)};
 }
 
 /// The crop button's press; returns the limits then in force.
@@ -72,7 +72,7 @@ Crop pressCropButton(const std::string& maximum, const std::string& minimum) {
   }
   if (automatic) {
     showAutomaticLimits();
-    Crop crop = app.glView->model().crop;
+    Crop crop = app.glView->crop();
     crop.on = false;
     return crop;
   }
@@ -81,11 +81,16 @@ Crop pressCropButton(const std::string& maximum, const std::string& minimum) {
   return crop;
 }
 
+/// Kept: while the heat map is off new limits wait for the next rebuild.
+void takeCrop(const Crop& crop) {
+  appState().glView->setCrop(crop, appState().heatMapOn ? Rebuild::kNow : Rebuild::kLater);
+}
+
 }  // namespace
 
 void showMeasured() {
   showScale();
-  if (!appState().glView->model().crop.on) showAutomaticLimits();
+  if (!appState().glView->crop().on) showAutomaticLimits();
 }
 
 void toggleHeatMap(Fl_Widget* /*widget*/, long /*action*/) {
@@ -122,12 +127,12 @@ void applyLimits(Fl_Widget* /*widget*/, long action) {
   const std::string minimum = stripUnit(app.minimumInput->value());
   std::cout << "cropMaxFormat:" << maximum << '\n' << "CROP MAX: " << maximum << '\n';
   if (action == kLimitsButton) {
-    app.glView->setCrop(pressCropButton(maximum, minimum));
+    takeCrop(pressCropButton(maximum, minimum));
     return;
   }
   setLimitText(app.maximumInput, maximum);
   setLimitText(app.minimumInput, minimum);
-  app.glView->setCrop(typedLimits(maximum, minimum));
+  takeCrop(typedLimits(maximum, minimum));
 }
 
 void resetView(Fl_Widget* /*widget*/, long /*action*/) {
@@ -136,7 +141,7 @@ void resetView(Fl_Widget* /*widget*/, long /*action*/) {
   if (!view.modelLoaded()) return;
   view.useAutomaticScale();
   const SurfaceLimits& limits = view.model().limits();
-  view.setCrop({.on = view.model().crop.on, .min = limits.trueMin, .max = limits.trueMax});
+  view.setCrop({.on = view.crop().on, .min = limits.trueMin, .max = limits.trueMax});
   showAutomaticLimits();
   view.requestRebuild();
   view.ensureMeasured();

@@ -86,10 +86,12 @@ void GLWindow::setZScale(float zScale) {
   redraw();
 }
 
-void GLWindow::setCrop(const Crop& crop) {
-  const Crop before = std::exchange(model_.crop, crop);
-  const bool sameClamp = before.on == crop.on && before.min == crop.min && before.max == crop.max;
-  if (!sameClamp && (before.on || crop.on)) requestRebuild();
+void GLWindow::setCrop(const Crop& crop, Rebuild when) {
+  crop_ = crop;
+  if (modelLoaded_) updateTools();
+  const Crop& drawn = model_.crop;
+  const bool sameClamp = drawn.on == crop.on && drawn.min == crop.min && drawn.max == crop.max;
+  if (when == Rebuild::kNow && !sameClamp && (drawn.on || crop.on)) requestRebuild();
   redraw();
 }
 
@@ -155,6 +157,8 @@ void GLWindow::ensureMeasured() {
 }
 
 void GLWindow::measure() {
+  DebugLog::write(kLogFile, "Binding Model Data...\n");
+  model_.crop = crop_;
   model_.measure();
   if (!model_.skipScale) zScale_ = model_.autoScale();
   modelMeasured_ = true;
@@ -241,7 +245,6 @@ void GLWindow::generateBuffers() {
 
 void GLWindow::bindModel() {
   const Stopwatch watch;
-  DebugLog::write(kLogFile, "Binding Model Data...\n");
   ensureMeasured();
   wearsHeatMap_ = model_.heatMap;
   const std::optional<BitmapDrape> drape = drapeBitmap();

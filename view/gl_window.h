@@ -25,6 +25,9 @@
 
 namespace morvane {
 
+/// When a change of what a rebuild depends on is to be seen: at once or with another's rebuild.
+enum class Rebuild { kNow, kLater };
+
 /// Owns the measurement-file object, the surface model, the camera and the GL objects. Everything
 /// happens on the GUI thread, GL calls only inside `draw()` and `handle()`.
 class GLWindow : public Fl_Gl_Window {
@@ -65,8 +68,10 @@ class GLWindow : public Fl_Gl_Window {
   /// Upper bound of the slider: a fresh file stands in its middle.
   [[nodiscard]] float maxScale() const { return 2.0F * sliderScale(); }
 
-  /// Clamps heights and colours to `crop`. Rebuilds only when that changes what is drawn.
-  void setCrop(const Crop& crop);
+  /// Clamps the profile's heights to `crop` at once, those of the surface and its colours with the
+  /// next rebuild; `kNow` asks for one, if that changes what is drawn.
+  void setCrop(const Crop& crop, Rebuild when = Rebuild::kNow);
+  [[nodiscard]] const Crop& crop() const { return crop_; }
 
   /// The bitmap that may be draped; an empty path chooses none.
   void chooseBitmap(const std::string& path) { bitmapPath_ = path; }
@@ -172,6 +177,7 @@ class GLWindow : public Fl_Gl_Window {
   std::string bitmapPath_;
   bool bitmapColours_ = false;  // where no heat map colours the surface, a bitmap may
   std::optional<HeatMapScale> globalLimits_;
+  Crop crop_;  // in force with the next rebuild; the model's own is that of the last
 
   bool modelBound_ = false;     // the surface buffers hold the present model
   bool modelMeasured_ = false;  // its numbers are those of the present grid and flags

@@ -29,7 +29,7 @@ void GLWindow::updateTools() {
   const auto& shown = model_.shown();
   const SurfaceLimits& limits = model_.limits();
   profiler_->setSurface({shown, measurement_.header.pixelSizeX, measurement_.header.pixelSizeY,
-                         model_.crop, limits.zMax, limits.zMin});
+                         crop_, limits.zMax, limits.zMin});
   gridTool_.setGrid({shown->width(), shown->height()});
 }
 

@@ -76,7 +76,13 @@ TEST_F(Controls, WithoutABitmapTheHeatMapGoesWithTheNextBuild) {
   const Image toggled =
       await("the other icon", [&](const Image& p) { return !sameAsAtStart(p, kHeatMapIcon); });
   EXPECT_TRUE(sameAsAtStart(toggled, kMiddle));
+  // Other limits do not build it anew while the heat map is off.
   window().click(kCrop);
+  const Image limited = await("the crop button's other icon",
+                              [&](const Image& p) { return !sameAsAtStart(p, kCropIcon); });
+  EXPECT_TRUE(sameAsAtStart(limited, kMiddle));
+  EXPECT_TRUE(showsKey(limited));
+  window().click(kReset);
   const Image rebuilt = await("mid grey", isGrey);
   EXPECT_FALSE(showsKey(rebuilt));
 }
