@@ -11,7 +11,7 @@ namespace morvane {
 namespace {
 
 std::string folderOfMeasurement(const std::string& path) {
-  const auto separator = path.find_last_of(kPathSeparator == '/' ? "/" : "/\\");
+  const auto separator = path.find_last_of(kPathSeparator);
   if (separator == std::string::npos) return ".";
   return path.substr(0, separator);
 }

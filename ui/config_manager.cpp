@@ -5,9 +5,10 @@
 #include <FL/Fl_Input.H>
 #include <FL/Fl_Table_Row.H>
 
-#include <cstdlib>
+#include <charconv>
 #include <iostream>
 #include <string>
+#include <string_view>
 
 namespace morvane {
 namespace {
@@ -35,11 +36,18 @@ constexpr ButtonEntry kIdleButtons[] = {
     {370, 235, 75, 25, "Delete"},
 };
 
+/// The number a text begins with; 0 when it begins with none or with one beyond an int.
+int leadingInteger(std::string_view text) {
+  int number = 0;
+  std::from_chars(text.data(), text.data() + text.size(), number);
+  return number;
+}
+
 /// Reads the fields of a session. No session is opened, so nothing is done with them.
 void openConnection(Fl_Widget* /*widget*/, void* data) {
   const auto& fields = *static_cast<const ConnectionFields*>(data);
   [[maybe_unused]] const std::string hostname = fields.hostname->value();
-  [[maybe_unused]] const int port = std::atoi(fields.port->value());
+  [[maybe_unused]] const int port = leadingInteger(fields.port->value());
   [[maybe_unused]] const int connection = fields.connection->value();
   std::cout << "Session Launched\n";
 }

@@ -15,7 +15,7 @@ namespace {
 
 /// The folder of a path with the separator behind it; empty for a bare name.
 std::string folderPrefix(const std::string& path) {
-  return path.substr(0, path.size() - fileNameOf(path).size());
+  return path.substr(0, path.find_last_of(kPathSeparator == '/' ? "/" : "/\\") + 1);
 }
 
 }  // namespace
