@@ -1,8 +1,8 @@
 // The toolkit knows, but keeps it with what is its own.
 #define FL_INTERNALS
-#include <FL/x.H>
-
 #include "ui/full_screen.h"
+
+#include <FL/x.H>
 
 namespace morvane {
 

@@ -89,6 +89,8 @@ void GLWindow::dragTo(glm::vec2 point, bool left, bool right) {
   const glm::vec2 motion = point - mousePrevious_;
   if (left && right) {
     zoomByDrag(camera_, motion.y);
+    // Turned too if the left button came last, as it began a turn.
+    dragTurn(camera_, w(), h(), point);
   } else if (toolDrag_ != ToolDrag::kNone && (left || right)) {
     if (right && toolDrag_ == ToolDrag::kProfilePin) profiler_->grabSecond();
     dragTool(point);
