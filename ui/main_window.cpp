@@ -90,10 +90,10 @@ class MainWindow : public Fl_Double_Window {
     switch (event) {
       case FL_DND_ENTER:
       case FL_DND_DRAG:
+      case FL_DND_RELEASE:
         if (Fl::modal() != nullptr) return 0;
         Fl::belowmouse(this);  // to which the rest is sent
         return 1;
-      case FL_DND_RELEASE:
       case FL_DND_LEAVE:
         return 1;
       case FL_PASTE:
