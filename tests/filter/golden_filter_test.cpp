@@ -137,8 +137,10 @@ double kept(const std::vector<double>& heights, std::size_t nx, std::size_t row,
   double sum = 0.0;
   const std::size_t ny = heights.size() / nx;
   for (std::size_t i = 0; i < heights.size(); ++i) {
-    const double turns = static_cast<double>(k * (i % nx)) / static_cast<double>(nx) +
-                         static_cast<double>(row * (i / nx)) / static_cast<double>(ny);
+    const std::size_t x = i % nx;
+    const std::size_t y = i / nx;
+    const double turns = static_cast<double>(k * x) / static_cast<double>(nx) +
+                         static_cast<double>(row * y) / static_cast<double>(ny);
     sum += heights[i] * std::cos(2.0 * std::numbers::pi * turns);
   }
   return sum;

@@ -27,7 +27,7 @@ class OnShow : public testing::Test {
     window().leave();
     return window().awaitPicture(what, predicate);
   }
-  bool sameAsAtStart(const Image& picture, const Area& area) const {
+  [[nodiscard]] bool sameAsAtStart(const Image& picture, const Area& area) const {
     return picture.part(area) == start_.part(area);
   }
   /// Replaces the text of an input by real typing.

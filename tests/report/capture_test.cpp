@@ -10,6 +10,7 @@
 #include <FL/x.H>
 
 #include <chrono>
+#include <cstddef>
 #include <cstdint>
 #include <cstdlib>
 #include <filesystem>
@@ -68,8 +69,8 @@ class SplitWindow : public Fl_Double_Window {
 enum class Shade { kBlack, kWhite, kRed, kOther };
 
 Shade shadeAt(const Fl_Image& image, int x, int y) {
-  const auto* pixel =
-      reinterpret_cast<const unsigned char*>(image.data()[0]) + 3 * (y * image.w() + x);
+  const auto* pixel = reinterpret_cast<const unsigned char*>(image.data()[0]) +
+                      3 * static_cast<std::ptrdiff_t>(y * image.w() + x);
   const auto is = [pixel](int r, int g, int b) {
     return std::abs(pixel[0] - r) + std::abs(pixel[1] - g) + std::abs(pixel[2] - b) < 60;
   };

@@ -41,9 +41,9 @@ TEST(JpegFile, HoldsThePictureRowByRow) {
     for (int x = 0; x + 16 <= image.width; x += 100) {
       int difference[3] = {};
       for (int i = 0; i < 256; ++i) {
-        const int at = 3 * ((y + i / 16) * image.width + x + i % 16);
-        for (int c = 0; c < 3; ++c) {
-          difference[c] += found[at + c] - image.pixels[static_cast<std::size_t>(at + c)];
+        const auto pixel = static_cast<std::size_t>((y + i / 16) * image.width + x + i % 16);
+        for (std::size_t c = 0; c < 3; ++c) {
+          difference[c] += found[3 * pixel + c] - image.pixels[3 * pixel + c];
         }
       }
       for (const int d : difference) EXPECT_LE(std::abs(d), 20 * 256) << x << ' ' << y;

@@ -162,7 +162,7 @@ TEST_F(PdfReportTest, DrawsItsPictureInItsPlace) {
 
 TEST_F(PdfReportTest, KeepsItsTextsWithoutAPicture) {
   const std::string whole = contentOf(jpeg_);
-  std::ofstream(folder_.file("empty.jpg"));
+  std::ofstream(folder_.file("empty.jpg")) << "";
   std::ofstream(folder_.file("text.jpg")) << "this is no picture at all";
   std::ofstream(folder_.file("cut.jpg"), std::ios::binary) << whole.substr(0, 15);
   constexpr std::pair<const char*, const char*> kPictures[] = {

@@ -34,7 +34,7 @@ class HostileFile : public testing::Test {
  protected:
   // There are thousands: not written the builder's way, which waits for the disk.
   std::string write(const std::vector<std::byte>& bytes) {
-    const std::string path = folder_.file("hostile.res");
+    std::string path = folder_.file("hostile.res");
     std::ofstream(path, std::ios::binary)
         .write(reinterpret_cast<const char*>(bytes.data()),
                static_cast<std::streamsize>(bytes.size()));

@@ -19,7 +19,7 @@ TEST_F(HostileFile, CutAnywhereIsInvalidAndItsMissingHeightsAreZero) {
       // A file that ends before its sizes announces no grid and keeps that word, and the length
       // of a grid of 16-bit counts is always accepted.
       const bool announcesNothing = length <= 8;
-      const bool asLongAsCounts = length == kHeaderBytes + 6 * 2;
+      const bool asLongAsCounts = length == kHeaderBytes + std::size_t{6} * 2;
       EXPECT_EQ(valid, announcesNothing || asLongAsCounts)
           << "version " << version << ", " << length;
       EXPECT_EQ(file_.fileSize(), length);

@@ -1,6 +1,7 @@
 // Small height grids for tests.
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <random>
 #include <vector>
@@ -15,6 +16,18 @@ inline std::shared_ptr<HeightGrid> gridOf(std::size_t width, std::size_t height,
       HeightGrid::zeroed(static_cast<std::int64_t>(width), static_cast<std::int64_t>(height));
   std::copy(values.begin(), values.end(), grid->values().begin());
   return grid;
+}
+
+/// The surface whose height at (column, row) is `height`.
+inline std::shared_ptr<HeightGrid> gridFrom(std::size_t columns, std::size_t rows,
+                                            const std::function<double(double, double)>& height) {
+  std::vector<double> values;
+  for (std::size_t row = 0; row < rows; ++row) {
+    for (std::size_t column = 0; column < columns; ++column) {
+      values.push_back(height(static_cast<double>(column), static_cast<double>(row)));
+    }
+  }
+  return gridOf(columns, rows, values);
 }
 
 /// Heights between −5 and 5, the same for the same size.

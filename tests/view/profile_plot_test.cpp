@@ -102,13 +102,13 @@ TEST(ProfilePlot, PutsHeightsAndDistancesWhereTheirNumbersSay) {
                                    [](const PlotText& t) { return t.text == "6"; });
   ASSERT_NE(number, plot.texts.end());
   // Sample 80 has height 6; the number's middle is as high as the curve is there.
-  const float pixelY = (plot.curve[2 * 80].y + 1.0F) * 125.0F;
+  const float pixelY = (plot.curve[std::size_t{2} * 80].y + 1.0F) * 125.0F;
   EXPECT_NEAR(number->place.y + 4.0F, pixelY, 1.0F);
   EXPECT_TRUE(hasText(plot, "Distance: 2.020mm"));
   EXPECT_TRUE(hasText(plot, "Local min | max:  -2.00 | 8.00µm"));
   EXPECT_TRUE(hasText(plot, "1.010"));  // the middle tick
   EXPECT_NEAR(plot.curve[0].x, plot::kLeft, 1e-6);
-  EXPECT_NEAR(plot.curve[2 * 50].x, plot::kLeft + plot::kLength * 50 / 101, 1e-5);
+  EXPECT_NEAR(plot.curve[std::size_t{2} * 50].x, plot::kLeft + plot::kLength * 50 / 101, 1e-5);
 }
 
 TEST(ProfilePlot, LeavesGapsAndMarksWhatIsClipped) {

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <filesystem>
 #include <functional>
 #include <glm/trigonometric.hpp>
 #include <map>
@@ -16,11 +17,14 @@
 namespace morvane {
 namespace {
 
+namespace fs = std::filesystem;
+
 std::vector<std::string> profileCases() {
   std::vector<std::string> all;
   for (int i = 0; i < 10; ++i) {
     const std::string name = "profile_" + std::to_string(i) + ".txt";
-    for (const std::string& folder : golden::casesWith(name)) all.push_back(folder + "/" + name);
+    for (const std::string& folder : golden::casesWith(name))
+      all.push_back(fs::path(folder) / name);
   }
   return all;
 }
@@ -67,13 +71,7 @@ glm::vec3 pinOn(int column, int row) {
 }
 
 std::shared_ptr<HeightGrid> surfaceOf(const std::function<double(double, double)>& height) {
-  constexpr std::size_t kWidth = 300;
-  constexpr std::size_t kHeight = 200;
-  auto grid = gridOf(kWidth, kHeight, {});
-  for (std::size_t i = 0; i < grid->count(); ++i) {
-    grid->values()[i] = height(static_cast<double>(i % kWidth), static_cast<double>(i / kWidth));
-  }
-  return grid;
+  return gridFrom(300, 200, height);
 }
 
 struct LineCase {
@@ -169,10 +167,7 @@ TEST(Profile, PrintsTheRealLengthForEveryPitch) {
 }
 
 TEST(Profile, TowardALowerRowKeepsToItsOwn) {
-  const auto grid = HeightGrid::zeroed(10, 3);
-  for (std::size_t i = 0; i < grid->count(); ++i) {
-    grid->values()[i] = 100.0 * static_cast<double>(i / 10);
-  }
+  const auto grid = gridFrom(10, 3, [](double, double row) { return 100.0 * row; });
   const PinPair down = {{0.0F, 0.001F, 0.05F}, {0.008F, 0.0F, 0.05F}};
   const PinPair up = {down.b, down.a};
   EXPECT_EQ(sampleProfile(*grid, down, {}).localMin, 100.0F);

@@ -105,11 +105,11 @@ const View kViews[] = {
 };
 
 TEST(SurfaceHit, ReturnsThePointThatIsSeenThereInEveryView) {
-  const auto grid = gridOf(300, 200, {});
-  for (std::size_t i = 0; i < grid->count(); ++i) {
-    grid->values()[i] =
-        6.0 * std::sin(0.09 * static_cast<double>(i % 300)) + 0.03 * static_cast<double>(i / 300);
-  }
+  constexpr std::size_t kColumns = 300;
+  constexpr std::size_t kRows = 200;
+  const auto grid = gridFrom(kColumns, kRows, [](double column, double row) {
+    return 6.0 * std::sin(0.09 * column) + 0.03 * row;
+  });
   const DrawnHeights heights = {*grid, {}, 80.0F, 3.0F};
   for (const View& view : kViews) {
     Camera camera;
@@ -121,11 +121,13 @@ TEST(SurfaceHit, ReturnsThePointThatIsSeenThereInEveryView) {
     const auto seen = [&](const glm::vec4& world) {
       return glm::vec2(project(sight, 980, 775, glm::vec3(world)));
     };
-    for (std::size_t i = 301; i < 199 * 300; i += 97) {
+    for (std::size_t i = kColumns + 1; i < (kRows - 1) * kColumns; i += 97) {
+      const std::size_t column = i % kColumns;
+      const std::size_t row = i / kColumns;
       // From afar the rounding of a pixel may miss the very rim.
-      if (i % 300 == 0 || i % 300 == 299) continue;
-      const glm::vec4 point(static_cast<float>(i % 300) / kPointsPerUnit,
-                            static_cast<float>(i / 300) / kPointsPerUnit,
+      if (column == 0 || column == kColumns - 1) continue;
+      const glm::vec4 point(static_cast<float>(column) / kPointsPerUnit,
+                            static_cast<float>(row) / kPointsPerUnit,
                             static_cast<float>(grid->values()[i]), 1.0F);
       const glm::vec4 world = matrices.model * point;
       const glm::vec2 window = seen(world);
