@@ -133,6 +133,7 @@ void addScaleControls(AppState& app) {
   readout->textsize(24);
   readout->scrollbar_width(0);
   readout->hide_cursor();
+  readout->clear_visible_focus();
   addButton(kPlus);
 }
 
