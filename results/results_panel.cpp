@@ -31,9 +31,6 @@ std::string tooltipText(std::string_view text) {
   return tip;
 }
 
-}  // namespace
-
-/// A text display without margins, scroll bars or cursor that only shows its own buffer.
 /// `text` with every byte that is no UTF-8 as the Windows-1252 character it then stands for: the
 /// toolkit's displays read on behind an unfinished sequence.
 std::string wellFormed(const std::string& text) {
@@ -48,6 +45,9 @@ std::string wellFormed(const std::string& text) {
   return formed;
 }
 
+}  // namespace
+
+/// A text display without margins, scroll bars or cursor that only shows its own buffer.
 class ColumnText : public Fl_Text_Display {
  public:
   ColumnText() : Fl_Text_Display(0, 0, 0, 0), text_(kBufferBytes) {
