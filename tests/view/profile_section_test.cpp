@@ -24,7 +24,7 @@ std::vector<std::string> profileCases() {
   for (int i = 0; i < 10; ++i) {
     const std::string name = "profile_" + std::to_string(i) + ".txt";
     for (const std::string& folder : golden::casesWith(name))
-      all.push_back(fs::path(folder) / name);
+      all.push_back((fs::path(folder) / name).string());
   }
   return all;
 }
