@@ -15,8 +15,8 @@ std::string environmentText(const char* name);
 /// The user's profile folder; empty when the system names none.
 std::string userProfileFolder();
 
-/// The path of the first file that `dropped` names: a link such as "file:///a%20b.res", as a desktop
-/// hands files over, or a plain path, alone or at the head of a list with one on each line.
+/// The path of the first file that `dropped` names: a link such as "file:///a%20b.res", as a
+/// desktop hands files over, or a plain path, alone or at the head of a list with one on each line.
 std::string pathOfLink(std::string_view dropped);
 
 /// `path` up to, not including, its last `/` or `\`; the whole text when it has neither.

@@ -7,6 +7,8 @@
 #include <FL/Fl_Text_Buffer.H>
 #include <FL/Fl_Text_Display.H>
 
+#include <utility>
+
 #include "filter/filter_hint.h"
 #include "filter/number_input.h"
 
@@ -92,6 +94,10 @@ bool FilterWindow::updateHint() {
 void FilterWindow::showHint(const std::string& text) {
   hint_->copy_label(text.c_str());
   hint_->parent()->redraw();
+}
+
+void FilterWindow::placeOnce(int x, int y) {
+  if (!std::exchange(placed_, true)) position(x, y);
 }
 
 }  // namespace morvane

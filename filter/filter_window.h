@@ -20,6 +20,7 @@ class FilterWindow : public Fl_Double_Window {
   /// Builds the window, hidden.
   FilterWindow();
 
+  /// What is typed and chosen now.
   [[nodiscard]] FilterSettings settings() const;
 
   /// Says in the quiet line below the inputs what is odd about the present settings, and returns
@@ -27,6 +28,9 @@ class FilterWindow : public Fl_Double_Window {
   bool updateHint();
   /// Says `text` there until something is set.
   void showHint(const std::string& text);
+
+  /// Gives it its first place on the screen; later it stays where the operator has put it.
+  void placeOnce(int x, int y);
 
   std::function<void()> onApply;        ///< "Apply" was pressed
   std::function<double()> fieldLength;  ///< of the surface on show, mm; 0 without one
@@ -41,6 +45,7 @@ class FilterWindow : public Fl_Double_Window {
   Fl_Check_Button* lowPass_;
   Fl_Check_Button* bandPass_;
   Fl_Box* hint_;
+  bool placed_ = false;
 };
 
 }  // namespace morvane

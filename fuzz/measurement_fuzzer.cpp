@@ -60,12 +60,14 @@ void cutThrough(const SurfaceModel& model, const ResHeader& header, const PinPai
       return static_cast<float>(text.size()) * scale;
     };
     const PlotData data{section, clip, step, model.limits().zMax, model.limits().zMin};
-    const ProfilePlot plotted = layOutProfile(data, 640, 480, textWidth);
-    for (const glm::vec2& end : plotted.levels) {
-      demandFinite(std::array{end.x, end.y}, "a level has a place in the plot");
-    }
-    for (const PlotText& text : plotted.texts) {
-      demandFinite(std::array{text.place.x, text.place.y}, "a text has a place in the plot");
+    for (const int width : {1130, 120}) {
+      const ProfilePlot plotted = layOutProfile(data, width, 250, textWidth);
+      for (const glm::vec2& end : plotted.levels) {
+        demandFinite(std::array{end.x, end.y}, "a level has a place in the plot");
+      }
+      for (const PlotText& text : plotted.texts) {
+        demandFinite(std::array{text.place.x, text.place.y}, "a text has a place in the plot");
+      }
     }
   }
 }

@@ -31,9 +31,6 @@ struct ResResults {
   std::array<float, 7> ecWaveScanBands{};   ///< Sa_A … Sa_E, Sa_LW, Sa_SW (µm)
 };
 
-/// Bytes of the result area behind the algorithm code, of which no record uses more than 64.
-inline constexpr std::size_t kResultAreaBytes = 76;
-
 /// Takes the record that `algorithmType` selects from the result area of a version-4 header into
 /// `results` and writes the code's log lines to `log`. An unknown code leaves every record alone.
 void decodeResults(std::uint32_t algorithmType, const std::byte* resultArea, ResResults& results,

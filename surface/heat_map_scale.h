@@ -67,6 +67,7 @@ inline constexpr float kKeyCentreX = 0.75F;
 inline constexpr float kKeyWidth = 0.05F;
 inline constexpr float kKeyHeight = 1.4F;
 
+/// The key as it is uploaded.
 KeyGeometry keyGeometry();
 
 /// Device y of key label `i`, counted from the top.

@@ -46,9 +46,8 @@ class SurfaceModel {
   /// The vertical exaggeration that suits the raw grid; infinite for a flat one.
   [[nodiscard]] float autoScale() const { return autoScale_; }
   [[nodiscard]] const SurfaceLimits& limits() const { return limits_; }
-  /// The colour scale over the displayed limits of the last measure.
-  [[nodiscard]] const HeatMapScale& scale() const { return scale_; }
-  /// The scale the surface is coloured by: over the limits set while the crop is on.
+  /// The scale the surface is coloured by: over the displayed limits of the last measure, or over
+  /// those that are set while the crop is on.
   [[nodiscard]] HeatMapScale colourScale() const {
     return crop.on ? HeatMapScale(crop.min, crop.max) : scale_;
   }

@@ -1,8 +1,9 @@
 #include "ui/choosers.h"
 
-#include <FL/Fl.H>
 #include <FL/Fl_Native_File_Chooser.H>
 #include <FL/fl_ask.H>
+
+#include "ui/call_soon.h"
 
 namespace morvane {
 namespace {
@@ -44,11 +45,7 @@ std::string chooseFileToSave(const SaveRequest& request) {
 
 void showAlert(const std::string& text) { fl_alert("%s", plain(text).c_str()); }
 
-void showAlertSoon(const std::string& text) {
-  static std::string pending;
-  pending = text;
-  Fl::add_timeout(0.0, [](void* /*data*/) { showAlert(pending); });
-}
+void showAlertSoon(const std::string& text) { callSoon(showAlert, text); }
 
 std::string askName(const std::string& question, const std::string& preset) {
   const char* answer = fl_input("%s", preset.c_str(), question.c_str());

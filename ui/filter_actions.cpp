@@ -48,15 +48,10 @@ void toggleFilter() {
 
 void showFilterWindow() {
   constexpr int kMargin = 10;
-  static bool placed = false;  // then it stays where the operator has put it
   FilterWindow& window = *appState().filterWindow;
-  if (!placed) {
-    // Beside the surface: over its lower left, where there is only background.
-    const Fl_Window& main = *appState().mainWindow;
-    window.position(main.x() + kControlsWidth + kMargin,
-                    main.y() + main.h() - window.h() - kMargin);
-    placed = true;
-  }
+  // Beside the surface: over its lower left, where there is only background.
+  const Fl_Window& main = *appState().mainWindow;
+  window.placeOnce(main.x() + kControlsWidth + kMargin, main.y() + main.h() - window.h() - kMargin);
   window.updateHint();
   window.show();
 }

@@ -10,6 +10,7 @@ void applyFilter();
 /// Switches between filtered and raw heights and filters anew.
 void toggleFilter();
 
+/// Shows the window of settings, the first time beside the surface.
 void showFilterWindow();
 
 }  // namespace morvane

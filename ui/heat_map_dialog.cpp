@@ -14,50 +14,52 @@
 namespace morvane {
 namespace {
 
-Fl_Float_Input* globalMax = nullptr;
-Fl_Float_Input* globalMin = nullptr;
+class HeatMapDialog : public Fl_Double_Window {
+ public:
+  HeatMapDialog() : Fl_Double_Window(290, 160, "Edit Heatmap") {
+    color(kBlack);
+    max_ = addInput(20, "Global Max (");
+    min_ = addInput(60, "Global Min (");
+    addButton(15, "Apply", [](Fl_Widget*, void* dialog) {
+      const auto& self = *static_cast<HeatMapDialog*>(dialog);
+      appState().glView->setGlobalLimits(leadingFloat(self.max_->value()),
+                                         leadingFloat(self.min_->value()));
+    });
+    addButton(105, "Reset", [](Fl_Widget*, void*) { appState().glView->clearGlobalLimits(); });
+    addButton(195, "Cancel",
+              [](Fl_Widget*, void* dialog) { static_cast<HeatMapDialog*>(dialog)->hide(); });
+    end();
+    hide();
+  }
 
-Fl_Float_Input* addInput(int y, const char* label) {
-  auto* input = new NumberInput(120, y, 150, 30, label);
-  input->color(kBlack);
-  input->textcolor(kWhite);
-  input->cursor_color(kWhite);
-  input->labelcolor(kWhite);
-  return input;
-}
+ private:
+  static Fl_Float_Input* addInput(int y, const char* label) {
+    auto* input = new NumberInput(120, y, 150, 30, label);
+    input->color(kBlack);
+    input->textcolor(kWhite);
+    input->cursor_color(kWhite);
+    input->labelcolor(kWhite);
+    return input;
+  }
 
-void addButton(int x, const char* label, Fl_Callback* callback) {
-  auto* button = new Fl_Button(x, 110, 80, 35, label);
-  button->box(buttonBox());
-  button->down_box(buttonBox());
-  button->color(kBlack, kBlack);
-  button->labelcolor(kWhite);
-  button->callback(callback);
-}
+  void addButton(int x, const char* label, Fl_Callback* action) {
+    auto* button = new Fl_Button(x, 110, 80, 35, label);
+    button->box(buttonBox());
+    button->down_box(buttonBox());
+    button->color(kBlack, kBlack);
+    button->labelcolor(kWhite);
+    button->callback(action, this);
+  }
 
-void apply(Fl_Widget* /*widget*/, void* /*data*/) {
-  appState().glView->setGlobalLimits(leadingFloat(globalMax->value()),
-                                     leadingFloat(globalMin->value()));
-}
-
-void reset(Fl_Widget* /*widget*/, void* /*data*/) { appState().glView->clearGlobalLimits(); }
-
-void cancel(Fl_Widget* /*widget*/, void* /*data*/) { appState().heatMapDialog->hide(); }
+  Fl_Float_Input* max_;
+  Fl_Float_Input* min_;
+};
 
 }  // namespace
 
 Fl_Window* buildHeatMapDialog() {
   registerButtonBox();
-  auto* window = new Fl_Double_Window(290, 160, "Edit Heatmap");
-  window->color(kBlack);
-  globalMax = addInput(20, "Global Max (");
-  globalMin = addInput(60, "Global Min (");
-  addButton(15, "Apply", apply);
-  addButton(105, "Reset", reset);
-  addButton(195, "Cancel", cancel);
-  window->end();
-  window->hide();
-  return window;
+  return new HeatMapDialog;
 }
 
 void showHeatMapDialog() {

@@ -19,6 +19,7 @@
 #include "results/results_panel.h"
 #include "ui/about_window.h"
 #include "ui/button_box.h"
+#include "ui/call_soon.h"
 #include "ui/choosers.h"
 #include "ui/config_manager.h"
 #include "ui/console.h"
@@ -67,14 +68,10 @@ void useProgramFont() {
   Fl::set_font(FL_HELVETICA_BOLD, "BLiberation Sans");
 }
 
-/// Opens `path` when the program that it was dragged from is no longer waiting. An action that asks
-/// something goes on with the measurement it began with, so meanwhile nothing is opened.
-void openSoon(const std::string& path) {
-  static std::string pending;
-  pending = path;
-  Fl::add_timeout(0.0, [](void* /*data*/) {
-    if (Fl::modal() == nullptr) openFile(pending);
-  });
+/// An action that asks something goes on with the measurement it began with, so meanwhile nothing
+/// is opened.
+void openDropped(const std::string& path) {
+  if (Fl::modal() == nullptr) openFile(path);
 }
 
 /// Keeps what stands in it in its places whatever its size.
@@ -97,7 +94,9 @@ class MainWindow : public Fl_Double_Window {
       case FL_DND_LEAVE:
         return 1;
       case FL_PASTE:
-        openSoon(pathOfLink({Fl::event_text(), static_cast<std::size_t>(Fl::event_length())}));
+        // Later, when the program that it was dragged from is no longer waiting.
+        callSoon(openDropped,
+                 pathOfLink({Fl::event_text(), static_cast<std::size_t>(Fl::event_length())}));
         return 1;
       default:
         return Fl_Double_Window::handle(event);

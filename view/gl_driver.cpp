@@ -8,6 +8,14 @@
 #include "app/paths.h"
 
 namespace morvane {
+namespace {
+
+bool errorsAreWanted() {
+  static const bool wanted = !environmentText("MORVANE_CHECK_GL").empty();
+  return wanted;
+}
+
+}  // namespace
 
 bool isSoftwareGl() {
   const auto* renderer = reinterpret_cast<const char*>(glGetString(GL_RENDERER));
@@ -15,13 +23,17 @@ bool isSoftwareGl() {
 }
 
 void checkGl(const char* frame) {
-  static const bool wanted = !environmentText("MORVANE_CHECK_GL").empty();
-  if (!wanted) return;
+  if (errorsAreWanted()) takeGlErrors(frame);
+}
+
+void takeGlErrors(const char* frame) {
   constexpr int kMost = 8;  // a context that is lost has no last one
   for (int i = 0; i < kMost; ++i) {
     const GLenum error = glGetError();
     if (error == GL_NO_ERROR) return;
-    std::fprintf(stderr, "GL error 0x%04X in a frame of the %s\n", error, frame);
+    if (errorsAreWanted()) {
+      std::fprintf(stderr, "GL error 0x%04X in a frame of the %s\n", error, frame);
+    }
   }
 }
 

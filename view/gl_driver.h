@@ -10,4 +10,7 @@ bool isSoftwareGl();
 /// variable MORVANE_CHECK_GL is set; `frame` says which window's frame has just been drawn.
 void checkGl(const char* frame);
 
+/// Takes the errors recorded so far, so that those of what follows stand alone; told as above.
+void takeGlErrors(const char* frame);
+
 }  // namespace morvane

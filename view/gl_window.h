@@ -84,6 +84,7 @@ class GLWindow : public Fl_Gl_Window {
   /// Puts the camera back to its first place.
   void resetCamera();
 
+  /// Switches the axes with their labels, and the colour key.
   [[nodiscard]] bool axesVisible() const { return axesVisible_; }
   void setAxesVisible(bool visible);
   [[nodiscard]] bool keyVisible() const { return keyVisible_; }
@@ -91,6 +92,7 @@ class GLWindow : public Fl_Gl_Window {
   [[nodiscard]] bool filledPolygons() const { return filledPolygons_; }
   /// Draws the surface as triangles, or as points.
   void setFilledPolygons(bool filled);
+  /// Switches between shaded and raw colours.
   [[nodiscard]] bool lightingOn() const { return lightingOn_; }
   void setLighting(bool on);
 
@@ -101,12 +103,12 @@ class GLWindow : public Fl_Gl_Window {
   void setFiltered(std::shared_ptr<const HeightGrid> grid);
   /// Limits the key's labels run between in place of the surface's own.
   void setGlobalLimits(float max, float min);
+  /// Gives the key the surface's own limits again.
   void clearGlobalLimits();
 
   /// Switches the profile tool: its pins and line, and what a press can grab. Off, the line is
   /// forgotten.
   void setProfileMode(bool on);
-  [[nodiscard]] bool profileMode() const { return profileMode_; }
   /// Exchanges the places of the two profile pins.
   void swapPins();
   /// The window that plots the profile: a neighbour of this one in the main window.

@@ -1,4 +1,5 @@
-// What the mouse and the keyboard do in the 3D view: events become calls on the camera.
+// What the mouse and the keyboard do in the 3D view: events become calls on the camera and on the
+// tools.
 #include <FL/Fl.H>
 
 #include <iostream>

@@ -15,6 +15,7 @@ class GridTool {
   [[nodiscard]] Pins& corners() { return corners_; }
   [[nodiscard]] PinPair places() const { return placesOf(corners_); }
 
+  /// Makes `corner` the one that `move` moves.
   void grab(Pin& corner) { grabbed_ = &corner; }
   [[nodiscard]] const Pin& grabbed() const { return *grabbed_; }
   /// Moves the grabbed corner by a motion in model units.

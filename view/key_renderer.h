@@ -15,6 +15,7 @@ class KeyRenderer {
   void generateBuffers();
   /// Builds the key's geometry anew and uploads it.
   void rebuild();
+  /// Draws the key over whatever is there.
   void draw() const;
 
   [[nodiscard]] bool usable() const { return program_.usable(); }

@@ -12,6 +12,7 @@ namespace morvane {
 /// All of it needs a current GL context.
 class ProfileLine {
  public:
+  /// Makes program and buffers.
   void generate();
   [[nodiscard]] bool generated() const { return program_.name() != 0; }
 

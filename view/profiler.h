@@ -49,10 +49,12 @@ class Profiler : public Fl_Gl_Window {
 
   /// Makes `pin`, one of the two, the one that `movePin` moves.
   void grab(Pin& pin) { grabbedPin_ = &pin; }
+  /// The same for the second pin.
   void grabSecond() { grabbedPin_ = &pins_[1]; }
   [[nodiscard]] const Pin& grabbedPin() const { return *grabbedPin_; }
   /// Moves the grabbed pin, or with `wholeLine` both, by a motion in model units.
   void movePin(glm::vec2 motion, bool wholeLine);
+  /// Exchanges the places of the two.
   void swapPins();
 
   /// The section between the pins, taken anew where something has changed.

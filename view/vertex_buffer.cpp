@@ -7,11 +7,8 @@ namespace {
 
 bool drawsFromOwnPages() { return GLEW_AMD_pinned_memory && isSoftwareGl(); }
 
-void forgetErrors() {
-  while (glGetError() != GL_NO_ERROR) {
-    // Only errors of the requests that follow are of interest.
-  }
-}
+// Only errors of the requests that follow are of interest.
+void forgetErrors() { takeGlErrors("surface"); }
 
 }  // namespace
 

@@ -71,6 +71,34 @@ TEST(CopyOverItself, IsRefused) {
   EXPECT_TRUE(contentOf(path) == contentOf(panel()));
 }
 
+TEST(OpenMeasurement, MayGoWhileItIsShown) {
+  const TemporaryFolder folder;
+  const std::string path = folder.file("gone.res");
+  fs::copy_file(panel(), path);
+  Program program({path});
+  program.awaitLine(kFrameDrawn);
+  fs::remove(path);
+  const Window main = program.mainWindow();
+  main.key({"ctrl+s"});
+  program.answerChooser(folder.file("copy"), "Save Copy as");
+  const Window refusal = program.alert();
+  refusal.key({"Return"});
+  refusal.awaitGone();
+  EXPECT_EQ(folder.entries(), 0) << "nothing was written";
+  // Built anew from what is held.
+  main.resize(1300, 820);
+  main.click({77, 264});
+  program.awaitLine("Model Binding Time: ");
+  // Another file in its place is another measurement only once it is opened.
+  fs::copy_file(flat(), path);
+  main.click({117, 411});
+  main.awaitPicture("the first one's colours", [](const Image& picture) {
+    return picture.part({650, 370, 130, 90}).count([](const Rgb& c) { return chroma(c) > 80; }) >
+           2000;
+  });
+  EXPECT_EQ(program.quit(), 0);
+}
+
 TEST(Quit, ByTheCloseBoxAsksFirst) {
   Program program;
   program.mainWindow().close();

@@ -19,6 +19,7 @@
 
 #include "app/app_state.h"
 #include "app/paths.h"
+#include "resfile/memory_advice.h"
 #include "resfile/res_file.h"
 #include "tests/support/temporary_folder.h"
 #include "ui/file_actions.h"
@@ -62,6 +63,21 @@ void addNumbers(std::vector<Mutation>& all, std::size_t begin, std::size_t end,
   }
 }
 
+/// The same for the height in the middle of a file and for the last one.
+void addHeights(std::vector<Mutation>& all) {
+  using Limits = std::numeric_limits<double>;
+  for (const double value : {Limits::quiet_NaN(), Limits::infinity(), Limits::max()}) {
+    for (const std::size_t part : {1U, 2U}) {
+      all.push_back({"height " + std::to_string(part) + "/2 becomes " + std::to_string(value),
+                     [=](std::string& bytes) {
+                       const std::size_t heights = (bytes.size() - kHeader) / sizeof value;
+                       const std::size_t at = (heights * part / 2 - 1) * sizeof value;
+                       std::memcpy(bytes.data() + kHeader + at, &value, sizeof value);
+                     }});
+    }
+  }
+}
+
 std::vector<Mutation> mutations() {
   std::vector<Mutation> all;
   for (std::size_t length = 0; length <= kLongestCut; ++length) {
@@ -80,12 +96,15 @@ std::vector<Mutation> mutations() {
   }
   addNumbers<float>(all, 0, kHeader, "float");
   addNumbers<double>(all, 0, kHeader + 64, "double");
+  addHeights(all);
   return all;
 }
 
 std::string bytesOf(const std::filesystem::path& path) { return contentOf(path.string()); }
 
+/// Memory held when the program has tidied up, as it does while it is left alone.
 long residentKilobytes() {
+  releaseSpareMemory();
   std::ifstream status("/proc/self/status");
   for (std::string word; status >> word;) {
     if (long kilobytes = 0; word == "VmRSS:" && status >> kilobytes) return kilobytes;
@@ -167,6 +186,8 @@ TEST_F(OpenMutants, AreRefusedOrShownAndTheLastGoodOneStays) {
       const std::string path = folder_.file(opened % 2 == 0 ? "even.res" : "odd.res");
       std::ofstream(path, std::ios::binary) << bytes;
       const bool valid = isValid(path);
+      const SurfaceModel& model = appState().glView->model();
+      const HeightGrid* const before = model.raw().get();
 
       const auto start = std::chrono::steady_clock::now();
       open(path);
@@ -179,6 +200,7 @@ TEST_F(OpenMutants, AreRefusedOrShownAndTheLastGoodOneStays) {
       } else {
         ++refused;
         EXPECT_EQ(messages, std::vector<std::string>{"Invalid file"});
+        EXPECT_EQ(model.raw().get(), before);
       }
       ASSERT_EQ(appState().glView->measurement().path, shown);
       if (number > seeds.size() * mutants.size() / 5 && settled == 0) {

@@ -163,7 +163,7 @@ TEST_F(Soak, EndsAsItBegan) {
     lots.insert(lots.end(), static_cast<std::size_t>(action.weight), &action);
   }
   program_.awaitLine(kFrameDrawn);
-  const auto length = std::chrono::seconds(setting("MORVANE_SOAK_SECONDS", 30));
+  const auto length = std::chrono::seconds(setting("MORVANE_SOAK_SECONDS", 60));
   const auto start = Clock::now();
   constexpr std::size_t kLevels = 6;
   std::vector<long> levels;

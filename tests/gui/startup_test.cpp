@@ -191,6 +191,7 @@ TEST(Open, WhatMemoryCannotHoldIsTold) {
   const Window alert = program.alert();
   alert.key({"Return"});
   alert.awaitGone();
+  EXPECT_THAT(program.lines(), Contains("Binding Model Data...")) << "valid, but too large";
   program.mainWindow().key({"ctrl+o"});
   program.answerChooser(panel());
   program.mainWindow().awaitPicture("the surface", [](const Image& picture) {

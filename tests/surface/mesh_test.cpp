@@ -3,12 +3,15 @@
 
 #include <algorithm>
 #include <array>
+#include <atomic>
 #include <cmath>
 #include <cstring>
+#include <new>
 #include <sstream>
 #include <string>
 
 #include "surface/mesh.h"
+#include "surface/row_bands.h"
 #include "surface/statistics.h"
 #include "surface/surface_model.h"
 #include "tests/support/test_grid.h"
@@ -135,6 +138,16 @@ TEST(Mesh, GridsWithoutCellsAreLeftAlone) {
     EXPECT_EQ(limits.trueMin, first);
     EXPECT_EQ(limits.trueMax, first);
   }
+}
+
+TEST(Mesh, AWorkerThatFailsIsToldWhenAllHaveEnded) {
+  std::atomic<std::size_t> rows = 0;
+  const auto work = [&rows](std::size_t band, std::size_t first, std::size_t end) {
+    if (band == 3) throw std::bad_alloc();
+    rows += end - first;
+  };
+  EXPECT_THROW(forEachRowBand(23, work), std::bad_alloc);
+  EXPECT_EQ(rows, 22U - 23U / kWorkers) << "all but those of the band that failed";
 }
 
 TEST(Mesh, TwoBuildsAreBitEqual) {
