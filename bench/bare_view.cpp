@@ -1,12 +1,16 @@
-// A bare program that uploads and draws the three buffers of a measurement's surface once, says so
-// and ends: what the road from start to picture costs without a program around it.
+// A bare program around the picture: what the way from start to picture costs without any other.
+//   bare_view               shows an empty window, says "shown"
+//   bare_view FILE [FRAMES] uploads and draws the three buffers of the measurement's surface, says
+//                           "drawn", then turns it for so many frames and says what one took
 #include <FL/Fl.H>
 #include <FL/Fl_Gl_Window.H>
 #include <GL/glew.h>
 
+#include <chrono>
 #include <cstdio>
 #include <cstdlib>
-#include <optional>
+#include <glm/gtc/quaternion.hpp>
+#include <glm/trigonometric.hpp>
 #include <ostream>
 #include <vector>
 
@@ -23,7 +27,8 @@ using namespace morvane;
 
 class BareView : public Fl_Gl_Window {
  public:
-  explicit BareView(const char* path) : Fl_Gl_Window(1130, 775), file_(silent_), model_(silent_) {
+  BareView(const char* path, int frames)
+      : Fl_Gl_Window(1130, 775), file_(silent_), model_(silent_), frames_(frames) {
     mode(kGlMode);
     end();
     file_.update(path);
@@ -42,14 +47,8 @@ class BareView : public Fl_Gl_Window {
     model_.build({positions, normals, colours, {}});
     glClearColor(0.65F, 0.86F, 1.0F, 0.0F);
     glEnable(GL_DEPTH_TEST);
-    glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
     const ShaderProgram program(kSurfaceShader);
     glUseProgram(program.name());
-    const ViewMatrices matrices = viewMatrices({}, w(), h(), model_.shown()->width(),
-                                               model_.shown()->height(), model_.autoScale());
-    glUniformMatrix4fv(program.uniform("M"), 1, GL_FALSE, &matrices.model[0][0]);
-    glUniformMatrix4fv(program.uniform("V"), 1, GL_FALSE, &matrices.view[0][0]);
-    glUniformMatrix4fv(program.uniform("P"), 1, GL_FALSE, &matrices.projection[0][0]);
     GLuint attribute = 0;
     for (const std::vector<float>* data : {&positions, &colours, &normals}) {
       GLuint buffer = 0;
@@ -60,23 +59,64 @@ class BareView : public Fl_Gl_Window {
       glEnableVertexAttribArray(attribute);
       glVertexAttribPointer(attribute++, 3, GL_FLOAT, GL_FALSE, 0, nullptr);
     }
-    glDrawArrays(GL_TRIANGLES, 0, static_cast<GLsizei>(floats / 3));
-    glFinish();
+    const auto vertices = static_cast<GLsizei>(floats / 3);
+    drawTurned(program, 0.0F, vertices);
     std::puts("drawn");
+    if (frames_ > 0) timeFrames(program, vertices);
+    std::fflush(stdout);
     std::_Exit(0);
   }
 
  private:
+  void drawTurned(const ShaderProgram& program, float degrees, GLsizei vertices) {
+    Camera camera;
+    camera.rotation = glm::angleAxis(glm::radians(degrees), glm::vec3(0.0F, 1.0F, 0.0F));
+    const HeightGrid& grid = *model_.shown();
+    const ViewMatrices matrices =
+        viewMatrices(camera, w(), h(), grid.width(), grid.height(), model_.autoScale());
+    glUniformMatrix4fv(program.uniform("M"), 1, GL_FALSE, &matrices.model[0][0]);
+    glUniformMatrix4fv(program.uniform("V"), 1, GL_FALSE, &matrices.view[0][0]);
+    glUniformMatrix4fv(program.uniform("P"), 1, GL_FALSE, &matrices.projection[0][0]);
+    glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
+    glDrawArrays(GL_TRIANGLES, 0, vertices);
+    glFinish();
+  }
+
+  void timeFrames(const ShaderProgram& program, GLsizei vertices) {
+    using Clock = std::chrono::steady_clock;
+    const auto start = Clock::now();
+    for (int frame = 1; frame <= frames_; ++frame) {
+      drawTurned(program, static_cast<float>(frame), vertices);
+      swap_buffers();
+    }
+    const std::chrono::duration<double, std::milli> took = Clock::now() - start;
+    std::printf("frame %.1f ms\n", took.count() / frames_);
+  }
+
   std::ostream silent_{nullptr};
   resFile file_;
   SurfaceModel model_;
+  int frames_;
 };
+
+/// An empty window, until it is on the screen.
+void showEmpty() {
+  Fl_Window window(1280, 800);
+  window.end();
+  window.show();
+  window.wait_for_expose();
+  Fl::flush();
+  std::puts("shown");
+}
 
 }  // namespace
 
 int main(int argc, char** argv) {
-  if (argc != 2) return 2;
-  BareView view(argv[1]);
+  if (argc < 2) {
+    showEmpty();
+    return 0;
+  }
+  BareView view(argv[1], argc > 2 ? std::atoi(argv[2]) : 0);
   view.show();
   return Fl::run();
 }
