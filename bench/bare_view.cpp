@@ -99,23 +99,22 @@ class BareView : public Fl_Gl_Window {
   int frames_;
 };
 
-/// An empty window, until it is on the screen.
-void showEmpty() {
+/// Shows an empty window and says when it is on the screen.
+int showEmpty() {
   Fl_Window window(1280, 800);
   window.end();
   window.show();
   window.wait_for_expose();
   Fl::flush();
   std::puts("shown");
+  std::fflush(stdout);
+  return Fl::run();
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
-  if (argc < 2) {
-    showEmpty();
-    return 0;
-  }
+  if (argc < 2) return showEmpty();
   BareView view(argv[1], argc > 2 ? std::atoi(argv[2]) : 0);
   view.show();
   return Fl::run();

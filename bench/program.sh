@@ -66,7 +66,9 @@ apply() {
   awaitLine "$frame"
   sleep 1
   window=$(mainWindow)
-  xdotool mousemove --window "$window" 215 12 click 1 sleep 0.5 key Down sleep 0.1 key Return
+  # Tools, Filter
+  xdotool mousemove --window "$window" 215 12 click 1 sleep 0.5
+  xdotool mousemove --window "$window" 235 37 sleep 0.2 click 1
   filter=$(xdotool search --sync --onlyvisible --name '^Filter Window$' | tail -1)
   sleep 1
   xdotool mousemove --window "$filter" 42 165 click 1 mousemove --window "$filter" 100 245 click 1

@@ -38,7 +38,7 @@ void drawTriangles(GLsizei vertexCount) {
     glDrawArrays(GL_TRIANGLES, 0, vertexCount);
     return;
   }
-  constexpr GLsizei kPiece = 3 << 16;
+  constexpr GLsizei kPiece = 3 << 15;
   constexpr std::size_t kPiecesAhead = 2;
   constexpr GLuint64 kOneSecond = 1'000'000'000;
   std::array<Sync, kPiecesAhead> drawn;
