@@ -72,11 +72,7 @@ void offerBitmaps(const BitmapFolder& bitmaps) {
 
 void showSurface() {
   AppState& app = appState();
-  if (!app.heatMapOn && app.glView->bitmapAvailable()) {
-    app.glView->flatten();
-  } else {
-    app.glView->useAutomaticScale();
-  }
+  if (!app.heatMapOn && app.glView->bitmapAvailable()) app.glView->flatten();
   app.menuBar->redraw();
   if (!app.glView->profileShown) app.profileButton->show();
   app.glView->showMeasurement();

@@ -20,6 +20,13 @@ namespace fs = std::filesystem;
 std::string panel() { return golden::file("panel/measurement.res").string(); }
 std::string flat() { return golden::file("flat/measurement.res").string(); }
 
+/// Asks for a copy of the open measurement under a path.
+void saveAs(Program& program, const std::string& path) {
+  program.mainWindow().key({"ctrl+s"});
+  program.awaitLine("Updated DIRECTORY IS: ");
+  program.answerChooser(path, "Save Copy as");
+}
+
 class Copy : public testing::Test {
  protected:
   Copy() { program_.awaitLine(kFrameDrawn); }
@@ -62,9 +69,7 @@ TEST(CopyOverItself, IsRefused) {
   fs::copy_file(panel(), path);
   Program program({path});
   program.awaitLine(kFrameDrawn);
-  program.mainWindow().key({"ctrl+s"});
-  program.awaitLine("Updated DIRECTORY IS: ");
-  program.answerChooser(folder.file("own"), "Save Copy as");
+  saveAs(program, folder.file("own"));
   const Window refusal = program.alert();
   refusal.key({"Return"});
   refusal.awaitGone();
@@ -78,14 +83,13 @@ TEST(OpenMeasurement, MayGoWhileItIsShown) {
   Program program({path});
   program.awaitLine(kFrameDrawn);
   fs::remove(path);
-  const Window main = program.mainWindow();
-  main.key({"ctrl+s"});
-  program.answerChooser(folder.file("copy"), "Save Copy as");
+  saveAs(program, folder.file("copy"));
   const Window refusal = program.alert();
   refusal.key({"Return"});
   refusal.awaitGone();
   EXPECT_EQ(folder.entries(), 0) << "nothing was written";
   // Built anew from what is held.
+  const Window main = program.mainWindow();
   main.resize(1300, 820);
   main.click({77, 264});
   program.awaitLine("Model Binding Time: ");

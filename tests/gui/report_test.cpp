@@ -18,7 +18,6 @@ using testing::ContainsRegex;
 using testing::HasSubstr;
 using testing::Not;
 
-constexpr int kScreenWidth = 1600;
 constexpr Point kReport{77, 484};
 constexpr Point kProfile{77, 546};
 
@@ -127,18 +126,6 @@ TEST_F(Report, OfNothingSaysSo) {
   EXPECT_THAT(text, HasSubstr("Crop Min: Miniu"));
   EXPECT_THAT(text, HasSubstr("Crop Max: Maxiu"));
   EXPECT_THAT(text, Not(HasSubstr(".res")));
-}
-
-TEST_F(Report, OfAWindowPartlyOffTheScreenIsBlackThere) {
-  open();
-  const Area place = program_->mainWindow().place({700, 100});
-  press(folder_.file("report"));
-  const Image picture = pictureIn(awaitReport());
-  EXPECT_EQ(picture.width(), 1125);
-  const int seen = kScreenWidth - place.x - 155;
-  const auto black = [](const Rgb& c) { return difference(c, kBlack) < 12; };
-  EXPECT_GT(picture.part({seen + 10, 0, 1105 - seen, 700}).count(black), (1105 - seen) * 690);
-  EXPECT_LT(picture.part({0, 0, seen - 10, 700}).count(black), seen * 350);
 }
 
 TEST_F(Report, WhosePictureHasNoPlaceKeepsItsTexts) {

@@ -201,19 +201,6 @@ TEST(Open, WhatMemoryCannotHoldIsTold) {
 }
 #endif
 
-class Golden : public testing::TestWithParam<std::string> {};
-
-TEST_P(Golden, MeasurementIsLoggedAndShown) {
-  const std::filesystem::path folder = golden::file(GetParam());
-  const std::string path = folder / "measurement.res";
-  Program program({path});
-  program.awaitLine(kFrameDrawn);
-  EXPECT_EQ(program.quit(), 0);
-  golden::expectLog(folder / "log.txt", joined(program.lines()), path);
-}
-
-INSTANTIATE_TEST_SUITE_P(Cases, Golden, testing::ValuesIn(golden::casesWith("measurement.res")));
-
 TEST(Open, GoldenFilesInTurnAreEachLogged) {
   Program program;
   const std::filesystem::path folder = golden::file("sequence");

@@ -203,15 +203,6 @@ void Window::type(const std::string& letters) const {
   sendKeys({"type", "--delay", "2", "--", letters});
 }
 
-Area Window::place(Point at) const {
-  screen_.xdotool({"windowmove", std::to_string(id_), text(at.x), text(at.y)});
-  const auto reached = [&] {
-    return std::abs(area().x - at.x) < 20 && std::abs(area().y - at.y) < 60;
-  };
-  if (!eventually(reached)) throw GuiError("the window \"" + title() + "\" does not move");
-  return area();
-}
-
 void Window::resize(int width, int height) const {
   const std::string id = std::to_string(id_);
   screen_.xdotool({"windowmove", id, "0", "0", "windowsize", id, text(width), text(height)});

@@ -59,8 +59,6 @@ class Window {
   /// Presses keys one after the other, each named as xdotool does: "ctrl+o", "Return".
   void key(const std::vector<std::string>& keys) const;
   void type(const std::string& letters) const;
-  /// Moves the window and returns where it lies then; parts of it may leave the screen.
-  Area place(Point at) const;  // NOLINT(modernize-use-nodiscard): moving is the point of it
   /// Puts the window at the screen's top left corner with this size inside.
   void resize(int width, int height) const;
   /// Asks it to close as a window manager does.

@@ -15,7 +15,6 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <future>
 #include <initializer_list>
 #include <string>
 
@@ -151,24 +150,6 @@ TEST_F(CaptureTest, SavesWhatTheWindowShowsUnderTheMomentsName) {
   EXPECT_EQ(shadeAt(image, 164, 94), Shade::kRed);
   EXPECT_EQ(shadeAt(image, 316, 206), Shade::kRed);
   EXPECT_EQ(shadeAt(image, 330, 100), Shade::kWhite);
-}
-
-TEST_F(CaptureTest, LeavesThePictureOnTheClipboard) {
-  ASSERT_EQ(captureScreenRect({140, 90}, {140 + 341, 90 + 253}).reason, "");
-  // The program itself hands the picture out, so it must go on working meanwhile.
-  auto reader = std::async(std::launch::async, [] {
-    return outputOf("timeout 20 xclip -selection clipboard -t image/bmp -o");
-  });
-  while (reader.wait_for(std::chrono::seconds(0)) != std::future_status::ready) Fl::wait(0.02);
-  const std::string bitmap = reader.get();
-  ASSERT_GT(bitmap.size(), 54U);
-  EXPECT_TRUE(bitmap.starts_with("BM"));
-  // Width and height in a bitmap's header, lowest byte first.
-  const auto sizeAt = [&bitmap](std::size_t i) {
-    return static_cast<unsigned char>(bitmap[i]) + 256 * static_cast<unsigned char>(bitmap[i + 1]);
-  };
-  EXPECT_EQ(sizeAt(18), 341);
-  EXPECT_EQ(sizeAt(22), 253);
 }
 
 // The window stands out of the screen, and the rectangle out of the window.

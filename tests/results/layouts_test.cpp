@@ -1,4 +1,4 @@
-// Rows, units, decimals and places of the results column, without a window.
+// Rows, units and decimals of the results column, without a window.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -18,8 +18,6 @@ namespace morvane {
 namespace {
 
 namespace fs = std::filesystem;
-
-// ---- golden rows
 
 /// What the column shows of the reader's measurement, in the words of a rows file.
 std::vector<std::string> shownLines(const resFile& reader) {
@@ -136,47 +134,6 @@ TEST(Layouts, FixedTextRoundsTheFloatItself) {
   EXPECT_EQ(fixedText(std::numeric_limits<float>::quiet_NaN(), 1), "nan");
   EXPECT_EQ(fixedText(-std::numeric_limits<float>::infinity(), 3), "-inf");
   EXPECT_EQ(fixedText(std::numeric_limits<double>::max(), 2).size(), 312U);
-}
-
-// ---- places
-
-bool overlap(const PixelArea& a, const PixelArea& b, int allowedX, int allowedY) {
-  return std::min(a.x + a.w, b.x + b.w) - std::max(a.x, b.x) > allowedX &&
-         std::min(a.y + a.h, b.y + b.h) - std::max(a.y, b.y) > allowedY;
-}
-
-TEST(Layouts, EveryLayoutFitsTheColumnWithoutOverlap) {
-  constexpr int kColumnHeight = 775;
-  // The left pairs of a band begin on the empty end of their labels, and separators stand in the
-  // empty part of the row above them.
-  constexpr int kEmptyLabelEnd = 5;
-  constexpr int kEmptyRowEnd = 10;
-  std::size_t mostRows = 0;
-  std::size_t mostSeparators = 0;
-  for (std::uint32_t code = 1; code <= 13; ++code) {
-    SCOPED_TRACE(code);
-    const ResultLayout layout = resultLayout(headerOf(4, 1, code), {});
-    std::vector<PixelArea> texts;
-    for (const ResultRow& row : layout.rows) {
-      texts.push_back(row.labelArea);
-      if (!row.heading) texts.push_back(row.valueArea);
-    }
-    for (std::size_t i = 0; i < texts.size(); ++i) {
-      EXPECT_GE(texts[i].y, 200);
-      EXPECT_LT(texts[i].x + 60, kResultsColumnWidth);
-      EXPECT_LE(texts[i].y + texts[i].h, kColumnHeight);
-      for (std::size_t k = 0; k < i; ++k) {
-        EXPECT_FALSE(overlap(texts[i], texts[k], kEmptyLabelEnd, 0)) << i << " " << k;
-      }
-      for (const PixelArea& line : layout.separators) {
-        EXPECT_FALSE(overlap(texts[i], line, 0, kEmptyRowEnd)) << i << " separator";
-      }
-    }
-    mostRows = std::max(mostRows, layout.rows.size());
-    mostSeparators = std::max(mostSeparators, layout.separators.size());
-  }
-  EXPECT_EQ(mostRows, kMaxResultRows);
-  EXPECT_EQ(mostSeparators, kMaxResultSeparators);
 }
 
 }  // namespace

@@ -5,7 +5,6 @@
 #include <cmath>
 #include <filesystem>
 #include <functional>
-#include <glm/trigonometric.hpp>
 #include <map>
 #include <sstream>
 
@@ -109,12 +108,6 @@ void expectAnalytic(const std::function<double(double, double)>& height, double 
 
 TEST(Profile, ReadsASlope) {
   expectAnalytic([](double column, double row) { return 0.2 * column - 0.3 * row; }, 0.5);
-}
-
-TEST(Profile, ReadsASine) {
-  const double wave = glm::radians(6.0);  // sixty points a period
-  expectAnalytic([=](double column, double row) { return 5.0 * std::sin(wave * (column + row)); },
-                 2.0 * 5.0 * wave);
 }
 
 TEST(Profile, ReadsTheLastColumnAndRowAtTheEdges) {
