@@ -14,10 +14,10 @@
 #include <ostream>
 #include <vector>
 
+#include "geometry/camera.h"
 #include "resfile/res_file.h"
 #include "surface/surface_model.h"
-#include "view/camera.h"
-#include "view/gl_mode.h"
+#include "ui/gl_mode.h"
 #include "view/shader_program.h"
 #include "view/shader_sources.h"
 

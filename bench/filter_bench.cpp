@@ -8,9 +8,9 @@
 #include <utility>
 #include <vector>
 
+#include "base/memory_advice.h"
 #include "bench/figures.h"
 #include "filter/band_filter.h"
-#include "resfile/memory_advice.h"
 
 namespace {
 

@@ -11,10 +11,10 @@
 #include <string>
 #include <vector>
 
+#include "base/little_endian.h"
+#include "base/safe_file.h"
 #include "bench/figures.h"
-#include "resfile/little_endian.h"
 #include "resfile/res_file.h"
-#include "resfile/safe_file.h"
 
 namespace {
 

@@ -8,8 +8,8 @@
 #include <string>
 #include <thread>
 
+#include "base/memory_advice.h"
 #include "bench/figures.h"
-#include "resfile/memory_advice.h"
 #include "surface/surface_model.h"
 
 namespace {

@@ -10,8 +10,8 @@
 #include <type_traits>
 #include <vector>
 
-#include "resfile/memory_advice.h"
-#include "resfile/number_text.h"
+#include "base/memory_advice.h"
+#include "base/number_text.h"
 
 namespace morvane {
 namespace {

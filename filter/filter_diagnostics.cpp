@@ -6,11 +6,11 @@
 #include <new>
 #include <vector>
 
+#include "base/file_io.h"
+#include "base/little_endian.h"
+#include "base/number_text.h"
+#include "base/safe_file.h"
 #include "filter/gaussian_weights.h"
-#include "resfile/file_io.h"
-#include "resfile/little_endian.h"
-#include "resfile/number_text.h"
-#include "resfile/safe_file.h"
 
 namespace morvane {
 namespace {

@@ -3,7 +3,7 @@
 #include <sstream>
 #include <string_view>
 
-#include "resfile/number_text.h"
+#include "base/number_text.h"
 
 namespace morvane {
 namespace {

@@ -6,14 +6,14 @@
 #include <sstream>
 #include <vector>
 
+#include "base/little_endian.h"
 #include "filter/band_filter.h"
 #include "filter/filter_hint.h"
 #include "fuzz/fuzz_support.h"
-#include "resfile/little_endian.h"
+#include "geometry/profile_plot.h"
 #include "resfile/region_file.h"
 #include "results/layouts.h"
 #include "surface/surface_model.h"
-#include "view/profile_plot.h"
 
 namespace morvane {
 namespace {

@@ -7,8 +7,8 @@
 #include <new>
 #include <ostream>
 
-#include "resfile/file_io.h"
-#include "resfile/little_endian.h"
+#include "base/file_io.h"
+#include "base/little_endian.h"
 
 namespace morvane {
 namespace {

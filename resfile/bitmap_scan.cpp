@@ -5,7 +5,7 @@
 #include <ostream>
 #include <string_view>
 
-#include "app/paths.h"
+#include "base/paths.h"
 
 namespace morvane {
 namespace {

@@ -3,7 +3,7 @@
 #include <limits>
 #include <ostream>
 
-#include "resfile/little_endian.h"
+#include "base/little_endian.h"
 #include "resfile/res_header.h"
 
 namespace morvane {

@@ -3,7 +3,7 @@
 #include <cstdlib>
 #include <limits>
 
-#include "resfile/memory_advice.h"
+#include "base/memory_advice.h"
 
 namespace morvane {
 

@@ -5,7 +5,7 @@
 #include <cstring>
 #include <new>
 
-#include "resfile/little_endian.h"
+#include "base/little_endian.h"
 
 namespace morvane {
 

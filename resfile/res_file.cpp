@@ -9,10 +9,10 @@
 #include <ostream>
 #include <vector>
 
-#include "resfile/file_io.h"
-#include "resfile/little_endian.h"
-#include "resfile/memory_advice.h"
-#include "resfile/safe_file.h"
+#include "base/file_io.h"
+#include "base/little_endian.h"
+#include "base/memory_advice.h"
+#include "base/safe_file.h"
 
 namespace morvane {
 namespace {

@@ -4,7 +4,7 @@
 #include <span>
 #include <string_view>
 
-#include "resfile/little_endian.h"
+#include "base/little_endian.h"
 
 namespace morvane {
 namespace {

@@ -8,7 +8,7 @@
 #include <string_view>
 #include <vector>
 
-#include "resfile/number_text.h"
+#include "base/number_text.h"
 #include "resfile/res_header.h"
 #include "resfile/res_results.h"
 

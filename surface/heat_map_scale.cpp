@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "resfile/number_text.h"
+#include "base/number_text.h"
 
 namespace morvane {
 namespace {

@@ -3,7 +3,7 @@
 #include <cstring>
 #include <stdexcept>
 
-#include "resfile/little_endian.h"
+#include "base/little_endian.h"
 
 namespace morvane {
 

@@ -4,9 +4,9 @@
 #include <cstring>
 #include <stdexcept>
 
-#include "resfile/little_endian.h"
+#include "base/little_endian.h"
+#include "base/safe_file.h"
 #include "resfile/res_header.h"
-#include "resfile/safe_file.h"
 
 namespace morvane {
 namespace {

@@ -8,7 +8,7 @@
 
 #include "ui/about_text.h"
 #include "ui/images.h"
-#include "ui/look.h"
+#include "widgets/look.h"
 
 namespace morvane {
 namespace {

@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "resfile/number_text.h"
+#include "base/number_text.h"
 
 namespace morvane {
 

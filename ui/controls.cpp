@@ -8,15 +8,15 @@
 #include <FL/Fl_Text_Display.H>
 #include <FL/Fl_Toggle_Button.H>
 
-#include "app/app_state.h"
-#include "filter/number_input.h"
-#include "ui/button_box.h"
+#include "ui/app_state.h"
 #include "ui/file_actions.h"
 #include "ui/images.h"
-#include "ui/look.h"
 #include "ui/report_actions.h"
 #include "ui/view_controls.h"
 #include "ui/view_layout.h"
+#include "widgets/button_box.h"
+#include "widgets/look.h"
+#include "widgets/number_input.h"
 
 namespace morvane {
 namespace {

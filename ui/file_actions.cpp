@@ -10,25 +10,25 @@
 #include <iostream>
 #include <string>
 
-#include "app/app_state.h"
-#include "app/folders.h"
-#include "app/paths.h"
-#include "filter/filter_window.h"
+#include "base/file_copy.h"
+#include "base/file_io.h"
+#include "base/folders.h"
+#include "base/paths.h"
+#include "base/safe_file.h"
 #include "resfile/bitmap_scan.h"
-#include "resfile/file_copy.h"
-#include "resfile/file_io.h"
-#include "resfile/safe_file.h"
 #include "results/layouts.h"
-#include "results/results_panel.h"
+#include "ui/app_state.h"
 #include "ui/choosers.h"
 #include "ui/console.h"
 #include "ui/control_rules.h"
 #include "ui/filter_actions.h"
+#include "ui/filter_window.h"
+#include "ui/gl_window.h"
 #include "ui/menu.h"
+#include "ui/results_panel.h"
 #include "ui/view_controls.h"
 #include "ui/view_layout.h"
 #include "ui/wait_cursor.h"
-#include "view/gl_window.h"
 
 namespace morvane {
 namespace {

@@ -2,12 +2,12 @@
 
 #include <iostream>
 
-#include "app/app_state.h"
-#include "filter/filter_window.h"
+#include "ui/app_state.h"
 #include "ui/console.h"
+#include "ui/filter_window.h"
+#include "ui/gl_window.h"
 #include "ui/view_layout.h"
 #include "ui/wait_cursor.h"
-#include "view/gl_window.h"
 
 namespace morvane {
 namespace {

@@ -4,12 +4,12 @@
 #include <FL/Fl_Double_Window.H>
 #include <FL/Fl_Float_Input.H>
 
-#include "app/app_state.h"
-#include "filter/number_input.h"
-#include "ui/button_box.h"
+#include "ui/app_state.h"
 #include "ui/control_rules.h"
-#include "ui/look.h"
-#include "view/gl_window.h"
+#include "ui/gl_window.h"
+#include "widgets/button_box.h"
+#include "widgets/look.h"
+#include "widgets/number_input.h"
 
 namespace morvane {
 namespace {

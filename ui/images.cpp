@@ -4,8 +4,8 @@
 
 #include <string>
 
-#include "app/app_state.h"
-#include "app/paths.h"
+#include "base/paths.h"
+#include "ui/app_state.h"
 
 namespace morvane {
 

@@ -11,14 +11,11 @@
 
 #include <algorithm>
 
-#include "app/app_state.h"
-#include "app/folders.h"
-#include "app/paths.h"
-#include "filter/filter_window.h"
-#include "resfile/safe_file.h"
-#include "results/results_panel.h"
+#include "base/folders.h"
+#include "base/paths.h"
+#include "base/safe_file.h"
 #include "ui/about_window.h"
-#include "ui/button_box.h"
+#include "ui/app_state.h"
 #include "ui/call_soon.h"
 #include "ui/choosers.h"
 #include "ui/config_manager.h"
@@ -26,14 +23,17 @@
 #include "ui/controls.h"
 #include "ui/file_actions.h"
 #include "ui/filter_actions.h"
+#include "ui/filter_window.h"
+#include "ui/gl_window.h"
 #include "ui/heat_map_dialog.h"
 #include "ui/images.h"
-#include "ui/look.h"
 #include "ui/menu.h"
 #include "ui/quit_dialog.h"
+#include "ui/results_panel.h"
 #include "ui/view_controls.h"
 #include "ui/view_layout.h"
-#include "view/gl_window.h"
+#include "widgets/button_box.h"
+#include "widgets/look.h"
 
 namespace morvane {
 namespace {

@@ -8,20 +8,20 @@
 #include <string>
 #include <string_view>
 
-#include "app/app_state.h"
-#include "app/paths.h"
-#include "results/results_panel.h"
+#include "base/paths.h"
+#include "ui/app_state.h"
 #include "ui/config_manager.h"
 #include "ui/console.h"
 #include "ui/file_actions.h"
 #include "ui/filter_actions.h"
 #include "ui/full_screen.h"
+#include "ui/gl_window.h"
 #include "ui/heat_map_dialog.h"
 #include "ui/region_actions.h"
 #include "ui/report_actions.h"
+#include "ui/results_panel.h"
 #include "ui/view_controls.h"
 #include "ui/view_layout.h"
-#include "view/gl_window.h"
 
 namespace morvane {
 namespace {

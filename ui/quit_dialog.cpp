@@ -10,8 +10,8 @@
 #include <iostream>
 #include <memory>
 
-#include "ui/button_box.h"
-#include "ui/look.h"
+#include "widgets/button_box.h"
+#include "widgets/look.h"
 
 namespace morvane {
 namespace {

@@ -2,13 +2,13 @@
 
 #include <string>
 
-#include "app/app_state.h"
-#include "app/paths.h"
-#include "resfile/file_io.h"
+#include "base/file_io.h"
+#include "base/paths.h"
 #include "resfile/region_file.h"
+#include "ui/app_state.h"
 #include "ui/choosers.h"
 #include "ui/file_actions.h"
-#include "view/gl_window.h"
+#include "ui/gl_window.h"
 
 namespace morvane {
 namespace {

@@ -8,19 +8,19 @@
 #include <string>
 #include <string_view>
 
-#include "app/app_state.h"
-#include "app/debug_log.h"
-#include "report/moment_texts.h"
-#include "report/pdf_report.h"
-#include "report/report_page.h"
-#include "report/screen_capture.h"
-#include "resfile/file_io.h"
+#include "base/debug_log.h"
+#include "base/file_io.h"
+#include "export/moment_texts.h"
+#include "export/pdf_report.h"
+#include "export/report_page.h"
+#include "export/screen_capture.h"
+#include "ui/app_state.h"
 #include "ui/choosers.h"
 #include "ui/console.h"
 #include "ui/control_rules.h"
 #include "ui/file_actions.h"
+#include "ui/gl_window.h"
 #include "ui/view_layout.h"
-#include "view/gl_window.h"
 
 namespace morvane {
 namespace {
@@ -40,7 +40,7 @@ Screenshot captureView() {
   Fl::flush();
   const ScreenRect area = reportArea({app.mainWindow->x_root(), app.mainWindow->y_root()}, view.w(),
                                      view.h(), view.profiler().visible() ? kProfileHeight : 0);
-  Screenshot shot = captureScreenRect(area.topLeft, area.bottomRight);
+  Screenshot shot = captureScreenRect(area.topLeft, area.bottomRight, app.mainWindow);
   if (!shot.reason.empty()) tell("The picture could not be saved: " + shot.reason);
   return shot;
 }

@@ -11,13 +11,13 @@
 #include <limits>
 #include <string>
 
-#include "app/app_state.h"
 #include "results/layouts.h"
-#include "results/results_panel.h"
+#include "ui/app_state.h"
 #include "ui/control_rules.h"
+#include "ui/gl_window.h"
 #include "ui/images.h"
+#include "ui/results_panel.h"
 #include "ui/view_layout.h"
-#include "view/gl_window.h"
 
 namespace morvane {
 namespace {

@@ -5,9 +5,9 @@
 
 #include <iostream>
 
-#include "app/app_state.h"
-#include "results/results_panel.h"
-#include "view/gl_window.h"
+#include "ui/app_state.h"
+#include "ui/gl_window.h"
+#include "ui/results_panel.h"
 
 namespace morvane {
 namespace {

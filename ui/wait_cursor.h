@@ -3,7 +3,7 @@
 
 #include <FL/Fl_Double_Window.H>
 
-#include "app/app_state.h"
+#include "ui/app_state.h"
 
 namespace morvane {
 

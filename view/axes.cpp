@@ -8,7 +8,7 @@
 #include <iostream>
 #include <string>
 
-#include "resfile/number_text.h"
+#include "base/number_text.h"
 #include "surface/mesh.h"
 #include "view/shader_sources.h"
 

@@ -1,8 +1,8 @@
 // The axes of the surface with their names and lengths.
 #pragma once
 
+#include "geometry/camera.h"
 #include "resfile/res_header.h"
-#include "view/camera.h"
 #include "view/gl_objects.h"
 #include "view/shader_program.h"
 #include "view/text_renderer.h"

@@ -5,7 +5,7 @@
 #include <cstdio>
 #include <cstring>
 
-#include "app/paths.h"
+#include "base/paths.h"
 
 namespace morvane {
 namespace {

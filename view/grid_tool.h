@@ -1,8 +1,8 @@
 // The grid tool: two corner pins and the translucent box between them, which marks an area.
 #pragma once
 
+#include "geometry/pin_motion.h"
 #include "view/pin.h"
-#include "view/pin_motion.h"
 
 namespace morvane {
 

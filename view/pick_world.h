@@ -5,7 +5,7 @@
 #include <glm/vec3.hpp>
 #include <memory>
 
-#include "view/camera.h"
+#include "geometry/camera.h"
 #include "view/pin.h"
 
 namespace morvane {

@@ -7,9 +7,9 @@
 #include <glm/vec3.hpp>
 #include <glm/vec4.hpp>
 
-#include "view/camera.h"
+#include "geometry/camera.h"
+#include "geometry/pin_motion.h"
 #include "view/gl_objects.h"
-#include "view/pin_motion.h"
 #include "view/shader_program.h"
 
 namespace morvane {

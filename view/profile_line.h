@@ -1,10 +1,10 @@
 // The profile line on the surface: from pin to pin along the heights that the section shows.
 #pragma once
 
-#include "view/camera.h"
+#include "geometry/camera.h"
+#include "geometry/pin_motion.h"
+#include "geometry/profile_section.h"
 #include "view/gl_objects.h"
-#include "view/pin_motion.h"
-#include "view/profile_section.h"
 #include "view/shader_program.h"
 
 namespace morvane {

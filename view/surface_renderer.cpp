@@ -10,7 +10,7 @@
 #include <type_traits>
 #include <utility>
 
-#include "resfile/memory_advice.h"
+#include "base/memory_advice.h"
 #include "view/gl_driver.h"
 #include "view/shader_sources.h"
 

@@ -3,8 +3,8 @@
 
 #include <string>
 
+#include "geometry/camera.h"
 #include "surface/surface_model.h"
-#include "view/camera.h"
 #include "view/gl_objects.h"
 #include "view/shader_program.h"
 #include "view/vertex_buffer.h"

@@ -4,7 +4,7 @@
 #include <cstddef>
 #include <span>
 
-#include "resfile/memory_advice.h"
+#include "base/memory_advice.h"
 #include "view/gl_objects.h"
 
 namespace morvane {

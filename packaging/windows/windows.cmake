@@ -17,7 +17,7 @@ list(PREPEND CMAKE_MODULE_PATH ${CMAKE_CURRENT_LIST_DIR})
 set(CPACK_MODULE_PATH ${CMAKE_CURRENT_LIST_DIR})
 set(CPACK_NSIS_PACKAGE_NAME "${product_name}")
 set(CPACK_NSIS_DISPLAY_NAME "${product_name}")
-set(CPACK_NSIS_MUI_ICON ${PROJECT_SOURCE_DIR}/app/program/windows/reader.ico)
+set(CPACK_NSIS_MUI_ICON ${PROJECT_SOURCE_DIR}/app/windows/reader.ico)
 set(CPACK_NSIS_MUI_UNIICON ${CPACK_NSIS_MUI_ICON})
 # The 64-bit kind runs where the system cannot start 32-bit programs. The compiler that is had for
 # Windows itself makes the 32-bit kind alone, which serves there.

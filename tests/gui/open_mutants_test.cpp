@@ -17,14 +17,14 @@
 #include <string>
 #include <vector>
 
-#include "app/app_state.h"
-#include "app/paths.h"
-#include "resfile/memory_advice.h"
+#include "base/memory_advice.h"
+#include "base/paths.h"
 #include "resfile/res_file.h"
 #include "tests/support/temporary_folder.h"
+#include "ui/app_state.h"
 #include "ui/file_actions.h"
+#include "ui/gl_window.h"
 #include "ui/main_window.h"
-#include "view/gl_window.h"
 
 namespace morvane {
 namespace {

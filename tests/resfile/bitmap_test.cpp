@@ -5,8 +5,8 @@
 #include <numeric>
 #include <sstream>
 
+#include "base/little_endian.h"
 #include "resfile/bitmap_image.h"
-#include "resfile/little_endian.h"
 #include "tests/support/golden.h"
 #include "tests/support/temporary_folder.h"
 #include "tools/bitmap_builder.h"

@@ -1,7 +1,7 @@
 // Files that lie: the reader must judge them, not trust them.
 #include <gtest/gtest.h>
 
-#include "resfile/little_endian.h"
+#include "base/little_endian.h"
 #include "tests/resfile/hostile_file.h"
 
 namespace morvane {

@@ -10,8 +10,8 @@
 #include <random>
 #include <sstream>
 
+#include "base/safe_file.h"
 #include "resfile/res_file.h"
-#include "resfile/safe_file.h"
 #include "tests/support/temporary_folder.h"
 
 namespace morvane {

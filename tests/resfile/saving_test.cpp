@@ -4,10 +4,10 @@
 #include <fstream>
 #include <sstream>
 
-#include "resfile/file_copy.h"
+#include "base/file_copy.h"
+#include "base/safe_file.h"
 #include "resfile/region_file.h"
 #include "resfile/res_file.h"
-#include "resfile/safe_file.h"
 #include "tests/support/temporary_folder.h"
 #include "tools/measurement_builder.h"
 

@@ -8,13 +8,13 @@
 #include <string>
 #include <vector>
 
-#include "app/folders.h"
-#include "app/paths.h"
-#include "app/utf8_win32.h"
+#include "base/file_copy.h"
+#include "base/folders.h"
+#include "base/paths.h"
+#include "base/safe_file.h"
+#include "base/utf8_win32.h"
 #include "resfile/bitmap_image.h"
-#include "resfile/file_copy.h"
 #include "resfile/res_file.h"
-#include "resfile/safe_file.h"
 #include "tests/support/temporary_folder.h"
 #include "tools/bitmap_builder.h"
 #include "tools/measurement_builder.h"

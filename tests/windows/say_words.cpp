@@ -2,7 +2,7 @@
 // standard input, so that a reader sees whether the lines come while it runs.
 #include <iostream>
 
-#include "app/program/process.h"
+#include "base/process.h"
 
 int main(int argc, char** argv) {
   morvane::openStandardOutput();

@@ -7,8 +7,8 @@
 #include <iterator>
 #include <string>
 
-#include "report/gdi_plus.h"
-#include "report/screen_capture.h"
+#include "export/gdi_plus.h"
+#include "export/screen_capture.h"
 #include "tests/support/temporary_folder.h"
 
 namespace morvane {

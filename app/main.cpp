@@ -1,0 +1,67 @@
+// Start-up: records where the program runs from, builds and shows the windows, opens a measurement
+// named on the command line, and hands control to the event loop.
+#include <FL/Fl.H>
+#include <FL/Fl_Double_Window.H>
+
+#include <cstdarg>
+#include <cstdio>
+#include <cstdlib>
+#include <iostream>
+#include <string>
+#include <vector>
+
+#include "base/paths.h"
+#include "base/process.h"
+#include "ui/app_state.h"
+#include "ui/file_actions.h"
+#include "ui/gl_warm_up.h"
+#include "ui/main_window.h"
+
+namespace {
+
+/// What the toolkit cannot go on after: in all of this program that is a display it cannot reach.
+void stop(const char* format, ...) {
+  std::va_list values;
+  va_start(values, format);
+  std::vfprintf(stderr, format, values);
+  va_end(values);
+  std::fputs("\nThe program needs a display: start it from a desktop, or set DISPLAY to one.\n",
+             stderr);
+  std::exit(1);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  using namespace morvane;
+  Fl::fatal = stop;
+  openStandardOutput();
+  const std::vector<std::string> words = commandLine(argc, argv);
+
+  AppState& app = appState();
+  const std::string program = words.empty() ? "" : words[0];
+  std::cout << "Program executed from directory: " << program << '\n';
+  app.exeFolder = folderOf(program);
+
+  std::cout << "Setting-up display variables...\n";
+  buildMainWindow();
+  std::cout << "done!\n";
+
+  Fl::lock();
+
+  std::cout << "Display MRV3 GUI...\n";
+  app.controlsPanel->show();
+  app.mainWindow->show();
+  std::cout << "done!\n";
+
+  if (words.size() > 1) {
+    std::cout << "ARGV0:" << program << '\n' << "ARGV: " << words[1] << '\n';
+    app.startupFile = words[1];
+    openMeasurement(nullptr, kOpenStartupFile);
+  } else {
+    Fl::add_timeout(
+        0.0, [](void* window) { warmUpGl(*static_cast<Fl_Group*>(window)); },
+        static_cast<Fl_Group*>(app.mainWindow));
+  }
+  return Fl::run();
+}

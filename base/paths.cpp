@@ -1,0 +1,59 @@
+#include "base/paths.h"
+
+#include <algorithm>
+#include <charconv>
+
+namespace morvane {
+namespace {
+
+/// `text` with each "%" and two hexadecimal digits turned into the byte they stand for.
+std::string decoded(std::string_view text) {
+  std::string bytes;
+  for (; !text.empty(); text.remove_prefix(1)) {
+    unsigned char byte = 0;
+    const char* digits = text.data() + 1;
+    if (text.front() == '%' && text.size() > 2 &&
+        std::from_chars(digits, digits + 2, byte, 16).ptr == digits + 2) {
+      bytes += static_cast<char>(byte);
+      text.remove_prefix(2);
+    } else {
+      bytes += text.front();
+    }
+  }
+  return bytes;
+}
+
+}  // namespace
+
+std::string pathOfLink(std::string_view dropped) {
+  constexpr std::string_view kScheme = "file://";
+  std::string_view first = dropped.substr(0, dropped.find_first_of("\r\n"));
+  if (!first.starts_with(kScheme)) return std::string(first);
+  // What stands before the path is this machine's name, or nothing.
+  first.remove_prefix(kScheme.size());
+  first.remove_prefix(std::min(first.find('/'), first.size()));
+  // "/C:/a.res" is "C:/a.res".
+  if (kPathSeparator == '\\' && first.size() > 2 && first[2] == ':') first.remove_prefix(1);
+  return decoded(first);
+}
+
+std::string folderOf(std::string_view path) {
+  return std::string(path.substr(0, path.find_last_of("/\\")));
+}
+
+std::string fileNameOf(std::string_view path) {
+  const auto separator = path.find_last_of("/\\");
+  return std::string(separator == std::string_view::npos ? path : path.substr(separator + 1));
+}
+
+std::string resourcePath(std::string_view exeFolder, std::string_view subfolder,
+                         std::string_view name) {
+  std::string path(exeFolder);
+  for (const std::string_view step : {std::string_view("resources"), subfolder, name}) {
+    path += kPathSeparator;
+    path += step;
+  }
+  return path;
+}
+
+}  // namespace morvane

@@ -1,0 +1,27 @@
+#include "base/paths.h"
+
+#include <pwd.h>
+#include <unistd.h>
+
+#include <cstdlib>
+
+namespace morvane {
+
+const char kPathSeparator = '/';
+
+std::string environmentText(const char* name) {
+  const char* value = std::getenv(name);
+  return value != nullptr ? value : "";
+}
+
+std::string userProfileFolder() {
+  std::string profile = environmentText("USERPROFILE");
+  if (!profile.empty()) return profile;
+  std::string home = environmentText("HOME");
+  if (!home.empty()) return home;
+  // A start from a bare environment: what the system itself knows.
+  const passwd* user = getpwuid(getuid());
+  return user != nullptr ? user->pw_dir : "";
+}
+
+}  // namespace morvane

@@ -1,0 +1,61 @@
+#include <windows.h>
+
+// shellapi.h needs what stands above.
+#include <shellapi.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <memory>
+
+#include "base/process.h"
+#include "base/utf8_win32.h"
+
+namespace morvane {
+namespace {
+
+struct LocalMemory {
+  void operator()(wchar_t** words) const { LocalFree(words); }
+};
+
+/// Whether a stream leads to a file, a pipe or a console. A program of the graphical subsystem is
+/// given none of them when it is started from a console or the desktop.
+bool isConnected(DWORD stream) {
+  HANDLE handle = GetStdHandle(stream);
+  return handle != nullptr && handle != INVALID_HANDLE_VALUE &&
+         GetFileType(handle) != FILE_TYPE_UNKNOWN;
+}
+
+UINT codePageBefore = 0;
+
+/// Leads the streams that lead nowhere to the console of whoever started the program, if any.
+void borrowConsole() {
+  const bool hasOutput = isConnected(STD_OUTPUT_HANDLE);
+  const bool hasErrors = isConnected(STD_ERROR_HANDLE);
+  if (hasOutput && hasErrors) return;
+  // Access is denied to who is in the console already.
+  if (AttachConsole(ATTACH_PARENT_PROCESS) == 0 && GetLastError() != ERROR_ACCESS_DENIED) return;
+  if (!hasOutput) (void)std::freopen("CONOUT$", "w", stdout);
+  if (!hasErrors) (void)std::freopen("CONOUT$", "w", stderr);
+  // The console outlives the program and keeps what is set there.
+  codePageBefore = GetConsoleOutputCP();
+  if (SetConsoleOutputCP(CP_UTF8) != 0) std::atexit([] { SetConsoleOutputCP(codePageBefore); });
+}
+
+}  // namespace
+
+std::vector<std::string> commandLine(int argc, char** argv) {
+  int count = 0;
+  const std::unique_ptr<wchar_t*, LocalMemory> words(CommandLineToArgvW(GetCommandLineW(), &count));
+  if (!words) return {argv, argv + argc};
+  std::vector<std::string> texts;
+  for (int i = 0; i < count; ++i) texts.push_back(utf8Text(words.get()[i]));
+  return texts;
+}
+
+void openStandardOutput() {
+  borrowConsole();
+  // The system's C library knows no line buffering: it would keep the lines until there are many.
+  std::setvbuf(stdout, nullptr, _IONBF, 0);
+}
+
+}  // namespace morvane

@@ -1,0 +1,135 @@
+#include "export/pdf_report.h"
+
+#include <array>
+#include <cerrno>
+#include <cstdio>
+#include <iostream>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "base/debug_log.h"
+#include "base/file_io.h"
+#include "base/safe_file.h"
+#include "export/win_ansi.h"
+
+namespace morvane {
+namespace {
+
+constexpr char kFont[] = "Helvetica";
+constexpr std::size_t kPieceBytes = std::size_t{1} << 16;
+
+void log(std::string_view text) { DebugLog::write("pdf_report.log", text); }
+
+/// All bytes of a file; empty, after telling the error handler why, when it cannot be read.
+std::vector<HPDF_BYTE> readJpeg(const std::string& path) {
+  std::vector<HPDF_BYTE> bytes;
+  errno = 0;
+  // libharu's own loader takes the name in the system's code page and would miss some files.
+  const FilePtr file = openForReading(path);
+  if (file) {
+    std::vector<HPDF_BYTE> piece(kPieceBytes);
+    while (const std::size_t got = std::fread(piece.data(), 1, piece.size(), file.get())) {
+      bytes.insert(bytes.end(), piece.begin(), piece.begin() + static_cast<std::ptrdiff_t>(got));
+    }
+  }
+  if (!file || std::ferror(file.get()) != 0) {
+    pdfErrorHandler(HPDF_FILE_OPEN_ERROR, static_cast<HPDF_STATUS>(errno), nullptr);
+    return {};
+  }
+  // libharu takes an empty file for a picture without a size.
+  if (bytes.empty()) pdfErrorHandler(HPDF_INVALID_JPEG_DATA, 0, nullptr);
+  return bytes;
+}
+
+}  // namespace
+
+void pdfErrorHandler(HPDF_STATUS errorNo, HPDF_STATUS detailNo, void* /*userData*/) {
+  std::array<char, 80> line{};
+  std::snprintf(line.data(), line.size(), "ERROR: error_no=%04X, detail_no=%d\n",
+                static_cast<unsigned>(errorNo), static_cast<int>(detailNo));
+  std::cout << line.data();
+}
+
+void PdfReport::DocumentFreer::operator()(HPDF_Doc document) const {
+  // A document with an error standing is not freed whole.
+  HPDF_ResetError(document);
+  HPDF_Free(document);
+}
+
+PdfReport::PdfReport() : document_(HPDF_New(pdfErrorHandler, nullptr)) {
+  if (!document_) log("## - Error cannot create new PDF");
+  HPDF_SetCompressionMode(document_.get(), HPDF_COMP_ALL);
+  HPDF_SetPageMode(document_.get(), HPDF_PAGE_MODE_USE_OUTLINE);
+  log("Creating page_1");
+  page_ = HPDF_AddPage(document_.get());
+  font_ = HPDF_GetFont(document_.get(), kFont, nullptr);
+  HPDF_Page_SetSize(page_, HPDF_PAGE_SIZE_A4, HPDF_PAGE_LANDSCAPE);
+}
+
+PdfReport::~PdfReport() {
+  log("Freeing HPDF memory");
+  document_.reset();
+  log("Memory Free Successfull\nDeconstructing File Chooser");
+}
+
+void PdfReport::writeTexts(const ReportPage& page, std::string_view maximumInput) {
+  log("Beginning text on Page_1");
+  HPDF_Page_BeginText(page_);
+  for (const PageText& text : page.texts) drawText(text);
+  log("cropMaxFormat:" + std::string(maximumInput));
+  HPDF_Page_EndText(page_);
+  log("Finished writing to Page_1");
+}
+
+void PdfReport::drawText(const PageText& text) {
+  const std::string bytes = winAnsiText(text.text);
+  HPDF_Page_SetFontAndSize(page_, fontFor(bytes), text.size);
+  float x = text.x;
+  if (text.align == PageAlign::kCentre) x -= HPDF_Page_TextWidth(page_, bytes.c_str()) / 2;
+  HPDF_Page_TextOut(page_, x, text.y, bytes.c_str());
+}
+
+HPDF_Font PdfReport::fontFor(std::string_view bytes) {
+  // The font's own encoding has no letters beyond ASCII, though the font itself has.
+  if (isStandardText(bytes)) return font_;
+  return HPDF_GetFont(document_.get(), kFont, "WinAnsiEncoding");
+}
+
+void PdfReport::drawPicture(const std::string& path, const PageBox& box) {
+  log("Loading screenshot from JPEG...");
+  const std::vector<HPDF_BYTE> jpeg = readJpeg(path);
+  HPDF_Image image = nullptr;
+  if (!jpeg.empty()) {
+    image = HPDF_LoadJpegImageFromMem(document_.get(), jpeg.data(),
+                                      static_cast<HPDF_UINT>(jpeg.size()));
+    // Data that do not even begin as a JPEG are refused without a word.
+    if (image == nullptr && HPDF_GetError(document_.get()) == HPDF_OK) {
+      pdfErrorHandler(HPDF_INVALID_JPEG_DATA, 0, nullptr);
+    }
+  }
+  log("Screenshot loaded");
+  if (image != nullptr) HPDF_Page_DrawImage(page_, image, box.x, box.y, box.width, box.height);
+  // What went wrong here must not stop the saving.
+  HPDF_ResetError(document_.get());
+}
+
+std::string PdfReport::save(const std::string& path) {
+  if (!document_ || HPDF_SaveToStream(document_.get()) != HPDF_OK) {
+    return "The PDF document could not be made";
+  }
+  SafeFile file(path);
+  HPDF_ResetStream(document_.get());
+  std::vector<HPDF_BYTE> piece(kPieceBytes);
+  HPDF_UINT32 left = HPDF_GetStreamSize(document_.get());
+  while (left > 0) {
+    auto got = static_cast<HPDF_UINT32>(piece.size());
+    HPDF_ReadFromStream(document_.get(), piece.data(), &got);
+    if (got == 0 || got > left) return "The PDF document could not be made";
+    file.write(piece.data(), got);
+    left -= got;
+  }
+  return file.commit();
+}
+
+}  // namespace morvane

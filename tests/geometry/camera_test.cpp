@@ -1,0 +1,102 @@
+// The camera against the reference rows, and what must hold for every view.
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <glm/geometric.hpp>
+
+#include "geometry/camera.h"
+#include "tests/geometry/golden_rows.h"
+
+namespace morvane {
+namespace {
+
+/// q and −q are one rotation.
+void expectRotation(const GoldenRow& row, glm::quat q) {
+  const double* end = row.numbers.data() + row.numbers.size();
+  if (q.w * end[-4] + q.x * end[-3] + q.y * end[-2] + q.z * end[-1] < 0.0) q = -q;
+  expectEnd(row, {q.w, q.x, q.y, q.z});
+}
+
+Camera cameraAt(float distance) {
+  Camera camera;
+  camera.distance = distance;
+  camera.eye = {0.0F, 0.0F, distance};
+  return camera;
+}
+
+TEST(GoldenCamera, FollowsEveryRow) {
+  Camera turned;
+  Camera zoomed;
+  zoomed.zoomAnchor = {0.125F, -0.25F};
+  for (const GoldenRow& row : goldenRows("view/camera.txt")) {
+    if (row.name == "arcball") {
+      const glm::vec3 p = arcballPoint(row.whole(0), row.whole(1), row.at(2), row.at(3));
+      expectEnd(row, {p.x, p.y, p.z});
+    } else if (row.name == "rotation") {
+      const glm::vec3 from(row.at(0), row.at(1), row.at(2));
+      expectRotation(row, rotationBetween(from, {row.at(3), row.at(4), row.at(5)}));
+    } else if (row.name == "drag") {
+      pressTurn(turned, {row.at(2), row.at(3)});
+      dragTurn(turned, row.whole(0), row.whole(1), {11.0F, 700.0F});
+      dragTurn(turned, row.whole(0), row.whole(1), {row.at(4), row.at(5)});
+      releaseTurn(turned);
+      expectRotation(row, turned.rotation);
+    } else if (row.name == "zoom") {
+      zoom(zoomed, row.line.find("out") != std::string::npos ? Zoom::kOut : Zoom::kIn);
+      expectEnd(row, {zoomed.eye.z, zoomed.zoomStep, zoomed.pan.x, zoomed.pan.y});
+    } else if (row.name == "ray") {
+      const ViewMatrices matrices =
+          viewMatrices(cameraAt(row.at(4)), row.whole(0), row.whole(1), 400, 300, 1.0F);
+      const auto [origin, way, end] =
+          pickRay(matrices, row.whole(0), row.whole(1), row.at(2), row.at(3));
+      expectEnd(row, {origin.x, origin.y, origin.z, way.x, way.y, way.z, end.x, end.y, end.z});
+    } else if (row.name == "model") {
+      turned.pan = {row.at(3), row.at(4)};
+      const auto m = viewMatrices(turned, 980, 775, row.size(0), row.size(1), row.at(2)).model;
+      expectEnd(row, {m[0][0], m[1][0], m[2][0], m[3][0], m[0][1], m[1][1], m[2][1], m[3][1],
+                      m[0][2], m[1][2], m[2][2], m[3][2], m[0][3], m[1][3], m[2][3], m[3][3]});
+    } else {
+      ADD_FAILURE() << row.line;
+    }
+  }
+}
+
+TEST(Camera, TurnsOnlyBetweenPressAndRelease) {
+  Camera camera;
+  dragTurn(camera, 980, 775, {300.0F, 300.0F});
+  pressTurn(camera, {100.0F, 100.0F});
+  EXPECT_EQ(camera.rotation, Camera().rotation) << "neither a move nor a press turns anything";
+  dragTurn(camera, 980, 775, {300.0F, 300.0F});
+  releaseTurn(camera);
+  const glm::quat kept = camera.rotation;
+  EXPECT_NE(kept, Camera().rotation);
+  dragTurn(camera, 980, 775, {500.0F, 100.0F});
+  EXPECT_EQ(camera.rotation, kept);
+}
+
+TEST(Camera, ZoomsAndPansTheRightWay) {
+  Camera camera;
+  zoomByDrag(camera, 0.0F);
+  EXPECT_EQ(camera.distance, 3.0F);
+  zoomByDrag(camera, 4.0F);
+  zoomByWheel(camera, 1);
+  EXPECT_GT(camera.distance, 3.2F);
+  zoomByDrag(camera, -4.0F);
+  zoomByWheel(camera, 0);
+  zoomByWheel(camera, -1);
+  EXPECT_LT(camera.distance, 3.0F);
+  panByPixels(camera, {50.0F, 20.0F});
+  EXPECT_EQ(camera.pan, glm::vec2(0.05F, -0.02F));
+}
+
+TEST(Camera, SeesFromBehindAndFromTheOriginItself) {
+  for (const float distance : {0.0F, -0.3F, 1e-30F}) {
+    const ViewMatrices matrices = viewMatrices(cameraAt(distance), 980, 775, 400, 300, INFINITY);
+    const Ray ray = pickRay(matrices, 980, 775, 10.0F, 700.0F);
+    EXPECT_NEAR(glm::length(ray.direction), 1.0F, 1e-5F) << distance;
+    EXPECT_EQ(ray.direction.z > 0.0F, distance < 0.0F) << distance;
+  }
+}
+
+}  // namespace
+}  // namespace morvane

@@ -1,0 +1,188 @@
+// The section under the profile line against the reference rows and against known surfaces.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <filesystem>
+#include <functional>
+#include <map>
+#include <sstream>
+
+#include "geometry/profile_section.h"
+#include "resfile/res_file.h"
+#include "tests/geometry/golden_rows.h"
+#include "tests/support/test_grid.h"
+
+namespace morvane {
+namespace {
+
+namespace fs = std::filesystem;
+
+std::vector<std::string> profileCases() {
+  std::vector<std::string> all;
+  for (int i = 0; i < 10; ++i) {
+    const std::string name = "profile_" + std::to_string(i) + ".txt";
+    for (const std::string& folder : golden::casesWith(name))
+      all.push_back((fs::path(folder) / name).string());
+  }
+  return all;
+}
+
+class GoldenProfile : public testing::TestWithParam<std::string> {};
+
+TEST_P(GoldenProfile, IsSampledAlike) {
+  std::ostringstream log;
+  resFile file(log);
+  file.update((golden::file(GetParam()).parent_path() / "measurement.res").string());
+  std::map<std::string, GoldenRow> rows;
+  for (const GoldenRow& row : goldenRows(GetParam())) rows[row.name] = row;
+
+  const auto pin = [&](const char* name) {
+    return glm::vec3(rows.at(name).at(0), rows.at(name).at(1), 0.05F);
+  };
+  const GoldenRow& clamp = rows.at("clamp");
+  const ProfileClip clip =
+      clamp.numbers.size() < 2 ? ProfileClip{} : ProfileClip{true, clamp.at(0), clamp.at(1)};
+  const ProfileSection section = sampleProfile(*file.grid(), {pin("pinA"), pin("pinB")}, clip);
+
+  expectEnd(rows.at("length"), {section.lineLength});
+  ASSERT_EQ(section.samples.size(), rows.at("count").size(0));
+  EXPECT_EQ(section.drawn, section.samples.size());
+  const double tolerance = rows.at("strict").at(0) != 0.0F ? 1e-5 : 0.2;
+  EXPECT_NEAR(section.sampleMin, rows.at("extremes").numbers[0], tolerance);
+  EXPECT_NEAR(section.sampleMax, rows.at("extremes").numbers[1], tolerance);
+  for (std::size_t i = 0; i < section.samples.size(); ++i) {
+    const GoldenRow& row = rows.at(std::to_string(i));
+    const glm::vec3& sample = section.samples[i];
+    EXPECT_TRUE(golden::isClose(sample.x, row.numbers[0])) << row.line;
+    const auto found = std::find_if(row.numbers.begin() + 1, row.numbers.end(),
+                                    [&](double h) { return golden::isClose(sample.y, h); });
+    EXPECT_NE(found, row.numbers.end()) << row.line << "\n" << sample.y << " found";
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Cases, GoldenProfile, testing::ValuesIn(profileCases()));
+
+/// A pin on grid point (column, row), safe from rounding to another.
+glm::vec3 pinOn(int column, int row) {
+  return {(static_cast<float>(column) + 0.3F) / 1000.0F, (static_cast<float>(row) + 0.3F) / 1000.0F,
+          0.05F};
+}
+
+std::shared_ptr<HeightGrid> surfaceOf(const std::function<double(double, double)>& height) {
+  return gridFrom(300, 200, height);
+}
+
+struct LineCase {
+  int fromColumn, fromRow, toColumn, toRow;
+  double stepsOff;  // how far from the true point the mean of two interpolations may read
+};
+
+// Along rows and columns every sample stands on a grid point. Askew, each interpolation sees one
+// axis only; toward lower rows that of the rows is left out.
+constexpr LineCase kLines[] = {
+    {10, 20, 290, 20, 0.0},  {290, 20, 10, 20, 0.0},   {30, 5, 30, 195, 0.0},
+    {30, 195, 30, 5, 0.0},   {10, 10, 250, 170, 0.5},  {250, 10, 10, 170, 0.5},
+    {10, 170, 250, 10, 1.0}, {250, 170, 130, 10, 1.0},
+};
+
+/// Expects each sample of the lines to be the height of the surface there, within the height that
+/// the surface gains on `stepsOff` steps in both axes at gradient `steepest`.
+void expectAnalytic(const std::function<double(double, double)>& height, double steepest) {
+  const auto grid = surfaceOf(height);
+  for (const LineCase& line : kLines) {
+    const ProfileSection section = sampleProfile(
+        *grid, {pinOn(line.fromColumn, line.fromRow), pinOn(line.toColumn, line.toRow)}, {});
+    const auto count = static_cast<double>(section.samples.size());
+    const double columns = line.toColumn - line.fromColumn;
+    const double rows = line.toRow - line.fromRow;
+    EXPECT_EQ(count, std::round(std::hypot(columns, rows)));
+    for (std::size_t i = 0; i < section.samples.size(); ++i) {
+      const double part = static_cast<double>(i) / count;
+      const double expected = height(line.fromColumn + columns * part, line.fromRow + rows * part);
+      ASSERT_NEAR(section.samples[i].y, expected, line.stepsOff * steepest + 1e-4)
+          << "sample " << i << " toward " << line.toColumn << ", " << line.toRow;
+    }
+  }
+}
+
+TEST(Profile, ReadsASlope) {
+  expectAnalytic([](double column, double row) { return 0.2 * column - 0.3 * row; }, 0.5);
+}
+
+TEST(Profile, ReadsTheLastColumnAndRowAtTheEdges) {
+  const auto grid = surfaceOf([](double column, double) { return column; });
+  const PinPair right = {{0.3F, 0.0F, 0.05F}, {0.3F, 0.199F, 0.05F}};
+  const ProfileSection edge = sampleProfile(*grid, right, {});
+  EXPECT_EQ(edge.samples.size(), 199U);
+  EXPECT_EQ(edge.localMin, 299.0F);
+  EXPECT_EQ(edge.localMax, 299.0F);
+  // 0.299 is less than 299 steps, but not in single precision.
+  EXPECT_EQ(sampleProfile(*grid, {{0.299F, 0.0F, 0.05F}, {0.299F, 0.1F, 0.05F}}, {}).localMin,
+            299.0F);
+  // Pins of a larger measurement, and pins that never were anywhere.
+  EXPECT_EQ(sampleProfile(*grid, {{7.0F, 9.0F, 0.0F}, {0.0F, NAN, 0.0F}}, {}).drawn, 360U);
+}
+
+TEST(Profile, LeavesAGapWherePointsAreMissing) {
+  const auto grid = surfaceOf([](double column, double) { return column; });
+  grid->values()[0] = NAN;
+  grid->values()[20 * 300 + 100] = INFINITY;
+  const auto along = sampleProfile(*grid, {pinOn(90, 20), pinOn(110, 20)}, {});
+  EXPECT_EQ(along.drawn, 19U);
+  EXPECT_TRUE(std::isnan(along.samples[10].y));
+  EXPECT_EQ(along.samples[9].y, 99.0F);
+  EXPECT_EQ(along.samples[11].y, 101.0F);
+  EXPECT_EQ(along.localMin, 90.0F);
+  EXPECT_EQ(along.sampleMin, 1.0F) << "from the first height that is there";
+  const auto clipped = sampleProfile(*grid, {pinOn(90, 20), pinOn(110, 20)}, {true, 95.0F, 105.0F});
+  EXPECT_EQ(clipped.localMin, 95.0F);
+  EXPECT_EQ(clipped.localMax, 105.0F);
+  EXPECT_EQ(clipped.drawn, 19U);
+
+  const auto nothing = surfaceOf([](double, double) { return NAN; });
+  const auto empty = sampleProfile(*nothing, {pinOn(90, 20), pinOn(110, 20)}, {});
+  EXPECT_EQ(empty.samples.size(), 20U);
+  EXPECT_EQ(empty.drawn, 0U);
+  EXPECT_EQ(empty.sampleMax, 0.0F);
+}
+
+TEST(Profile, PrintsTheRealLengthForEveryPitch) {
+  const auto grid = surfaceOf([](double, double) { return 1.0; });
+  const auto distance = [&](const PinPair& pins, double pitchX, double pitchY) {
+    return profileDistance(sampleProfile(*grid, pins, {}), pixelSizeAlong(pins, pitchX, pitchY));
+  };
+  EXPECT_EQ(distance({pinOn(0, 0), pinOn(30, 40)}, 0.02, 0.02), 50.0F * 0.02F);
+  EXPECT_NEAR(distance({pinOn(0, 0), pinOn(30, 0)}, 0.02, 0.05), 0.6F, 1e-5F);
+  EXPECT_NEAR(distance({pinOn(0, 0), pinOn(0, 40)}, 0.02, 0.05), 2.0F, 1e-5F);
+  EXPECT_NEAR(distance({pinOn(30, 0), pinOn(0, 40)}, 0.02, 0.05), std::hypot(0.6, 2.0), 1e-5);
+  EXPECT_EQ(distance({pinOn(7, 7), pinOn(7, 7)}, 0.02, 0.05), 0.0F);
+}
+
+TEST(Profile, TowardALowerRowKeepsToItsOwn) {
+  const auto grid = gridFrom(10, 3, [](double, double row) { return 100.0 * row; });
+  const PinPair down = {{0.0F, 0.001F, 0.05F}, {0.008F, 0.0F, 0.05F}};
+  const PinPair up = {down.b, down.a};
+  EXPECT_EQ(sampleProfile(*grid, down, {}).localMin, 100.0F);
+  EXPECT_GT(sampleProfile(*grid, up, {}).localMax, 40.0F);
+}
+
+TEST(Profile, OfMoreSamplesThanPixelsKeepsExtremesAndGaps) {
+  ProfileSection section;
+  for (int i = 0; i < 1000; ++i)
+    section.samples.emplace_back(0.0F, static_cast<float>(i % 7), 0.0F);
+  EXPECT_EQ(drawnSamples(section).size(), 1000U);
+  section.samples.assign(500'001, {0.0F, 1.0F, 0.0F});
+  section.samples[123'456].y = 9.0F;
+  section.samples[234'567].y = -9.0F;
+  section.samples[345'678].y = NAN;
+  const std::vector<std::size_t> drawn = drawnSamples(section);
+  EXPECT_LT(drawn.size(), 200'000U);
+  EXPECT_TRUE(std::is_sorted(drawn.begin(), drawn.end()));
+  for (const std::size_t kept : {123'456U, 234'567U, 345'678U}) {
+    EXPECT_TRUE(std::binary_search(drawn.begin(), drawn.end(), kept)) << kept;
+  }
+}
+
+}  // namespace
+}  // namespace morvane

@@ -1,0 +1,218 @@
+#include "ui/results_panel.h"
+
+#include <FL/Fl_Shared_Image.H>
+#include <FL/Fl_Text_Buffer.H>
+#include <FL/Fl_Text_Display.H>
+#include <FL/Fl_Tooltip.H>
+#include <FL/fl_draw.H>
+
+#include <algorithm>
+
+#include "base/paths.h"
+
+namespace morvane {
+namespace {
+
+constexpr PixelArea kPlaceInWindow = {1060, 25, kResultsColumnWidth, 775};
+constexpr PixelArea kTitleArea = {5, 5, 195, 60};
+constexpr Fl_Color kBackground = 56;
+constexpr Fl_Color kTextColour = 255;
+constexpr Fl_Color kHeaderSeparatorColour = 216;
+constexpr Fl_Color kResultSeparatorColour = 95;
+constexpr Fl_Fontsize kTextSize = 16;
+constexpr Fl_Fontsize kTitleSize = 20;
+constexpr int kBufferBytes = 1024;
+constexpr const char* kSeparatorText = "-----------------------------------------";
+
+/// The toolkit reads "@" in a tooltip as the start of a symbol unless it is doubled.
+std::string tooltipText(std::string_view text) {
+  std::string tip;
+  for (const char letter : text) tip.append(letter == '@' ? 2 : 1, letter);
+  return tip;
+}
+
+/// `text` with every byte that is no UTF-8 as the Windows-1252 character it then stands for: the
+/// toolkit's displays read on behind an unfinished sequence.
+std::string wellFormed(const std::string& text) {
+  std::string formed;
+  const char* end = text.data() + text.size();
+  int length = 0;
+  for (const char* at = text.data(); at < end; at += length) {
+    const unsigned character = fl_utf8decode(at, end, &length);
+    std::array<char, 4> bytes;
+    formed.append(bytes.data(), static_cast<std::size_t>(fl_utf8encode(character, bytes.data())));
+  }
+  return formed;
+}
+
+}  // namespace
+
+/// A text display without margins, scroll bars or cursor that only shows its own buffer.
+class ColumnText : public Fl_Text_Display {
+ public:
+  ColumnText() : Fl_Text_Display(0, 0, 0, 0), text_(kBufferBytes) {
+    box(FL_NO_BOX);
+    color(kBackground);
+    textcolor(kTextColour);
+    textsize(kTextSize);
+    wrap_mode(WRAP_NONE, 0);
+    scrollbar_align(0);
+    hide_cursor();
+    buffer(text_);
+  }
+  ColumnText(const ColumnText&) = delete;
+  ColumnText& operator=(const ColumnText&) = delete;
+  ~ColumnText() override { buffer(nullptr); }
+
+  /// Stands at `area` of the column whose top-left corner is (`columnX`, `columnY`), the text
+  /// `indent` pixels to the right of its left edge.
+  void place(const PixelArea& area, int columnX, int columnY, int indent = 0) {
+    resize(columnX + area.x, columnY + area.y, area.w, area.h);
+    indent_ = indent;
+    visibleWidth_ = std::min(area.w, kResultsColumnWidth - area.x) - indent;
+  }
+
+  void write(const std::string& text) {
+    text_.text(wellFormed(text).c_str());
+    redraw();
+  }
+
+  /// Writes `text`; where the place is too small for it, a tooltip holds it whole.
+  void writeWithTooltip(const std::string& text) {
+    write(text);
+    // A tooltip on show still points to the text that is about to be freed.
+    if (Fl_Tooltip::current() == this) Fl_Tooltip::exit(this);
+    fl_font(textfont(), textsize());
+    if (text.find('\n') != std::string::npos || fl_width(text.c_str()) > visibleWidth_) {
+      copy_tooltip(tooltipText(text).c_str());
+    } else {
+      tooltip(nullptr);
+    }
+  }
+
+  /// Answers the pointer only so far that tooltips work: no focus, no selection, no scrolling.
+  int handle(int event) override { return event == FL_ENTER || event == FL_LEAVE ? 1 : 0; }
+
+ protected:
+  void draw() override {
+    // The toolkit's own margins would cut values that just fit.
+    text_area.x = x() + indent_;
+    text_area.w = w() - indent_;
+    Fl_Text_Display::draw();
+  }
+
+ private:
+  Fl_Text_Buffer text_;
+  int indent_ = 0;
+  int visibleWidth_ = 0;
+};
+
+namespace {
+
+ColumnText* makeSeparator(Fl_Color colour) {
+  auto* separator = new ColumnText;
+  separator->textcolor(colour);
+  separator->write(kSeparatorText);
+  return separator;
+}
+
+}  // namespace
+
+ResultsPanel::ResultsPanel(const std::string& exeFolder)
+    : Fl_Group(kPlaceInWindow.x, kPlaceInWindow.y, kPlaceInWindow.w, kPlaceInWindow.h),
+      icon_(Fl_Shared_Image::get(resourcePath(exeFolder, "Icons", "wsa.png").c_str(), 60, 30)) {
+  box(FL_FLAT_BOX);
+  color(kBackground);
+  auto* title = new ColumnText;
+  title->textsize(kTitleSize);
+  title->write("RESULTS");
+  title->place(kTitleArea, x(), y());
+  const auto makeRow = [](RowDisplays& row) {
+    row.label = new ColumnText;
+    row.value = new ColumnText;
+  };
+  std::ranges::for_each(headerDisplays_, makeRow);
+  std::ranges::for_each(resultDisplays_, makeRow);
+  for (ColumnText*& line : headerSeparators_) line = makeSeparator(kHeaderSeparatorColour);
+  for (ColumnText*& line : resultSeparators_) line = makeSeparator(kResultSeparatorColour);
+  end();
+  resizable(nullptr);
+  reset();
+  hideResultRows();
+  hide();
+}
+
+ResultsPanel::~ResultsPanel() = default;
+
+void ResultsPanel::ReleaseImage::operator()(Fl_Shared_Image* image) const { image->release(); }
+
+void ResultsPanel::take(const Measurement& measurement) {
+  header_ = measurement.header;
+  results_ = measurement.results;
+}
+
+void ResultsPanel::showResults() {
+  drawLayout(resultLayout(header_, results_));
+  fillHeader(surfaceTypeText(header_.surfaceType));
+}
+
+void ResultsPanel::reset() {
+  const auto placeRow = [this](const RowDisplays& displays, const ResultRow& row) {
+    displays.label->place(row.labelArea, x(), y());
+    displays.value->place(row.valueArea, x(), y());
+    displays.label->write(row.label);
+  };
+  const auto headings = headerRows({}, {});
+  for (std::size_t i = 0; i < kHeaderRows; ++i) placeRow(headerDisplays_[i], headings[i]);
+  for (std::size_t i = 0; i < kMaxResultRows; ++i) {
+    placeRow(resultDisplays_[i], defaultResultRow(i));
+  }
+  for (std::size_t i = 0; i < kHeaderSeparators.size(); ++i) {
+    headerSeparators_[i]->place(kHeaderSeparators[i], x(), y());
+  }
+}
+
+void ResultsPanel::hideResultRows() {
+  for (const RowDisplays& row : resultDisplays_) {
+    row.label->hide();
+    row.value->hide();
+  }
+  for (ColumnText* separator : resultSeparators_) separator->hide();
+}
+
+void ResultsPanel::fillHeader(std::string_view surfaceText) {
+  const auto rows = headerRows(header_, surfaceText);
+  for (std::size_t i = 0; i < kHeaderRows; ++i) {
+    headerDisplays_[i].value->writeWithTooltip(rows[i].value);
+  }
+}
+
+void ResultsPanel::drawLayout(const ResultLayout& layout) {
+  reset();
+  hideResultRows();
+  for (std::size_t i = 0; i < layout.rows.size(); ++i) {
+    const ResultRow& row = layout.rows[i];
+    const RowDisplays& displays = resultDisplays_[i];
+    displays.label->place(row.labelArea, x(), y(), row.labelIndent);
+    displays.label->writeWithTooltip(row.label);
+    displays.label->show();
+    if (row.heading) continue;
+    displays.value->place(row.valueArea, x(), y());
+    displays.value->writeWithTooltip(row.value);
+    displays.value->show();
+  }
+  for (std::size_t i = 0; i < layout.separators.size(); ++i) {
+    resultSeparators_[i]->place(layout.separators[i], x(), y());
+    resultSeparators_[i]->show();
+  }
+}
+
+void ResultsPanel::draw() {
+  // Displays may share a few empty pixels with their neighbours, so that one cannot be drawn alone.
+  clear_damage(FL_DAMAGE_ALL);
+  fl_push_clip(x(), y(), w(), h());
+  Fl_Group::draw();
+  fl_pop_clip();
+}
+
+}  // namespace morvane
