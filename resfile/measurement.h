@@ -16,7 +16,6 @@ struct Measurement {
   std::string path;
   ResHeader header;
   ResResults results;
-  HeaderBytes rawHeader{};  ///< of the last file of version 4 or above
   HeaderBytes ownHeader{};  ///< of this file
   std::shared_ptr<const HeightGrid> grid;
 };

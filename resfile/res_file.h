@@ -39,7 +39,7 @@ class resFile {
 
   /// A share of what the last read brought; worth having only when that read `isValid`.
   [[nodiscard]] Measurement measurement() const {
-    return {path_, header_, results_, rawHeader_, ownHeader_, grid_};
+    return {path_, header_, results_, ownHeader_, grid_};
   }
 
   [[nodiscard]] const ResHeader& header() const { return header_; }

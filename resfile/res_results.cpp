@@ -1,5 +1,7 @@
 #include "resfile/res_results.h"
 
+#include <algorithm>
+#include <iterator>
 #include <ostream>
 #include <span>
 #include <string_view>
@@ -95,32 +97,37 @@ void takeOrangePeel(ResResults& results, Area area) {
 }
 
 struct AlgorithmRecord {
+  Algorithm algorithm;
   void (*take)(ResResults&, Area);
   std::span<const LogLine> log;
 };
 
-// clang-format off
-// Indexed by algorithm code. Kept: the numbers in the case lines are not the codes.
+// Kept: the numbers in the case lines are not the codes.
 constexpr AlgorithmRecord kRecords[] = {
-    {takeNothing, {}},                         // 0
-    {takeStandard, kStandardLog},              // 1
-    {takeCopr, kCoprLog},                      // 2
-    {takeWaveScan, kWaveScanLog},              // 3
-    {takeOrangePeel, kOrangePeelLog},          // 4
-    {takeTexture, {}},                         // 5
-    {takeTexture, {}},                         // 6
-    {takeStandardEcRm, kStandardEcRmLog},      // 7
-    {takeVwEcRm, kVwEcRmLog},                  // 8
-    {takeGmEcRm, kGmEcRmLog},                  // 9
-    {takeOrangePeel, kOrangePeelLog},          // 10
-    {takeEcWaveScan, kEcWaveScanLog},          // 11
-    {takeTexture, {}},                         // 12
-    {takeTexture, {}},                         // 13
-    {takeNothing, kInspectionLog},             // 14
-    {takeNothing, kCode15Log},                 // 15
+    {Algorithm::kNone, takeNothing, {}},
+    {Algorithm::kVexaStd, takeStandard, kStandardLog},
+    {Algorithm::kCopr, takeCopr, kCoprLog},
+    {Algorithm::kWaveScanBands, takeWaveScan, kWaveScanLog},
+    {Algorithm::kOrangePeel, takeOrangePeel, kOrangePeelLog},
+    {Algorithm::kCurvature, takeTexture, {}},
+    {Algorithm::kTexture, takeTexture, {}},
+    {Algorithm::kEcRmVexaStd, takeStandardEcRm, kStandardEcRmLog},
+    {Algorithm::kEcRmVwStd, takeVwEcRm, kVwEcRmLog},
+    {Algorithm::kEcRmGmStd, takeGmEcRm, kGmEcRmLog},
+    {Algorithm::kEcRmOrangePeel, takeOrangePeel, kOrangePeelLog},
+    {Algorithm::kEcWaveScanBands, takeEcWaveScan, kEcWaveScanLog},
+    {Algorithm::kEcCurvature, takeTexture, {}},
+    {Algorithm::kEcTexture, takeTexture, {}},
+    {Algorithm::kInspectionVexaStd, takeNothing, kInspectionLog},
+    {Algorithm::kCode15, takeNothing, kCode15Log},
 };
-// clang-format on
-constexpr AlgorithmRecord kUnknownRecord = {takeNothing, kUnknownLog};
+constexpr AlgorithmRecord kUnknownRecord = {Algorithm::kNone, takeNothing, kUnknownLog};
+
+const AlgorithmRecord& recordOf(std::uint32_t algorithmType) {
+  const auto* const found = std::ranges::find(kRecords, static_cast<Algorithm>(algorithmType),
+                                              &AlgorithmRecord::algorithm);
+  return found != std::end(kRecords) ? *found : kUnknownRecord;
+}
 
 struct Version3Value {
   std::size_t offset;
@@ -158,8 +165,7 @@ void writeLine(const LogLine& line, Area area, std::ostream& log) {
 
 void decodeResults(std::uint32_t algorithmType, const std::byte* resultArea, ResResults& results,
                    std::ostream& log) {
-  const AlgorithmRecord& record =
-      algorithmType < std::size(kRecords) ? kRecords[algorithmType] : kUnknownRecord;
+  const AlgorithmRecord& record = recordOf(algorithmType);
   record.take(results, resultArea);
   for (const LogLine& line : record.log) writeLine(line, resultArea, log);
 }

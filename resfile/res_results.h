@@ -8,6 +8,26 @@
 
 namespace morvane {
 
+/// The assessment algorithms, by the code a measurement file carries.
+enum class Algorithm : std::uint32_t {
+  kNone = 0,
+  kVexaStd = 1,
+  kCopr = 2,
+  kWaveScanBands = 3,
+  kOrangePeel = 4,
+  kCurvature = 5,
+  kTexture = 6,
+  kEcRmVexaStd = 7,
+  kEcRmVwStd = 8,
+  kEcRmGmStd = 9,
+  kEcRmOrangePeel = 10,
+  kEcWaveScanBands = 11,
+  kEcCurvature = 12,
+  kEcTexture = 13,
+  kInspectionVexaStd = 14,
+  kCode15 = 15,
+};
+
 /// Two roughness bands, each behind its own filter. Limits and RsM in mm, Sa, RaX and RaY in µm.
 struct OrangePeelBands {
   /// Filter of band 1 and band 2: 0 high pass, 1 low pass, 2 band pass.

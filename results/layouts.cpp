@@ -1,9 +1,8 @@
 #include "results/layouts.h"
 
-#include <charconv>
+#include <algorithm>
 #include <iterator>
 #include <span>
-#include <system_error>
 #include <utility>
 
 namespace morvane {
@@ -236,14 +235,31 @@ ResultLayout oRough(const ResResults& results) {
 
 using LayoutRoutine = ResultLayout (*)(const ResResults&);
 
-// Indexed by algorithm code.
-constexpr LayoutRoutine kAlgorithmLayouts[] = {
-    nullptr,     vexaStd,   copr,      altitude, oRough,     curvature, texture,
-    ecRmVexaStd, ecRmVwStd, ecRmGmStd, oRough,   ecAltitude, curvature, texture,
+struct AlgorithmLayout {
+  Algorithm algorithm;
+  LayoutRoutine layOut;
+};
+
+constexpr AlgorithmLayout kAlgorithmLayouts[] = {
+    {Algorithm::kVexaStd, vexaStd},
+    {Algorithm::kCopr, copr},
+    {Algorithm::kWaveScanBands, altitude},
+    {Algorithm::kOrangePeel, oRough},
+    {Algorithm::kCurvature, curvature},
+    {Algorithm::kTexture, texture},
+    {Algorithm::kEcRmVexaStd, ecRmVexaStd},
+    {Algorithm::kEcRmVwStd, ecRmVwStd},
+    {Algorithm::kEcRmGmStd, ecRmGmStd},
+    {Algorithm::kEcRmOrangePeel, oRough},
+    {Algorithm::kEcWaveScanBands, ecAltitude},
+    {Algorithm::kEcCurvature, curvature},
+    {Algorithm::kEcTexture, texture},
 };
 
 LayoutRoutine algorithmLayout(std::uint32_t algorithmType) {
-  return algorithmType < std::size(kAlgorithmLayouts) ? kAlgorithmLayouts[algorithmType] : nullptr;
+  const auto* const found = std::ranges::find(
+      kAlgorithmLayouts, static_cast<Algorithm>(algorithmType), &AlgorithmLayout::algorithm);
+  return found != std::end(kAlgorithmLayouts) ? found->layOut : nullptr;
 }
 
 LayoutRoutine version3Layout(const ResHeader& header) {

@@ -72,7 +72,9 @@ ResultRow defaultResultRow(std::size_t index);
 /// that has none, those of the fixed results that belong to the surface type.
 ResultLayout resultLayout(const ResHeader& header, const ResResults& results);
 
-/// True when opening a measurement of this algorithm offers the results column.
-constexpr bool offersResultsColumn(std::uint32_t algorithmType) { return algorithmType >= 3; }
+/// True when opening a measurement of this algorithm, known or not, offers the results column.
+constexpr bool offersResultsColumn(std::uint32_t algorithmType) {
+  return algorithmType >= static_cast<std::uint32_t>(Algorithm::kWaveScanBands);
+}
 
 }  // namespace morvane
