@@ -82,27 +82,27 @@ class MainWindow : public Fl_Double_Window {
     Fl_Double_Window::resize(x, y, w, h);
     layoutViews();
   }
-  /// Takes files that are dropped, wherever: the parts of the window never see them.
+  /// A file was dropped: opens it later, when the program that it came from no longer waits.
   int handle(int event) override {
-    switch (event) {
-      case FL_DND_ENTER:
-      case FL_DND_DRAG:
-      case FL_DND_RELEASE:
-        if (Fl::modal() != nullptr) return 0;
-        Fl::belowmouse(this);  // to which the rest is sent
-        return 1;
-      case FL_DND_LEAVE:
-        return 1;
-      case FL_PASTE:
-        // Later, when the program that it was dragged from is no longer waiting.
-        callSoon(openDropped,
-                 pathOfLink({Fl::event_text(), static_cast<std::size_t>(Fl::event_length())}));
-        return 1;
-      default:
-        return Fl_Double_Window::handle(event);
-    }
+    if (event != FL_PASTE) return Fl_Double_Window::handle(event);
+    callSoon(openDropped,
+             pathOfLink({Fl::event_text(), static_cast<std::size_t>(Fl::event_length())}));
+    return 1;
   }
 };
+
+/// Lets a file be dropped anywhere on the main window. By itself the toolkit offers a drop to the
+/// part that the pointer entered last, whatever took the drag before, and no part takes it.
+int dispatchDrag(int event, Fl_Window* window) {
+  const bool drag = event == FL_DND_ENTER || event == FL_DND_DRAG || event == FL_DND_RELEASE;
+  Fl_Window* main = appState().mainWindow;
+  if (!drag || window == nullptr || window->top_window() != main) {
+    return Fl::handle_(event, window);
+  }
+  if (Fl::modal() != nullptr) return 0;
+  Fl::belowmouse(main);  // to which the rest is sent
+  return 1;
+}
 
 /// Its check boxes are true whenever they are looked at.
 class MenuBar : public Fl_Menu_Bar {
@@ -185,6 +185,7 @@ void buildMainWindow() {
   setIcon();
   loadSparePictures();
   app.mainWindow = makeWindow();
+  Fl::event_dispatch(dispatchDrag);
   app.menuBar = makeMenuBar();
   app.glView = makeView(app);
   app.logoBox = makeLogoBox();

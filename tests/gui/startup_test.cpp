@@ -107,6 +107,22 @@ TEST(Open, TakesALinkAsADesktopHandsItOver) {
   EXPECT_EQ(program.quit(), 0);
 }
 
+TEST(Open, TakesWhatIsDroppedOnAnyPartOfTheWindow) {
+  Program program({panel()});
+  program.awaitLine(kFrameDrawn);
+  const Window main = program.mainWindow();
+  const std::string flat = golden::file("flat/measurement.res");
+  for (const Point part : {Point{700, 400}, Point{77, 700}, Point{700, 12}}) {
+    EXPECT_TRUE(main.drop("file://" + flat + "\r\nfile://" + panel() + "\r\n", part));
+    program.awaitLine(">>(resFile) -- File updated: " + flat);
+    program.awaitLine(kFrameDrawn);
+  }
+  main.close();
+  const Window question = program.window("Quit application?");
+  EXPECT_FALSE(main.drop("file://" + panel(), {700, 400}));
+  EXPECT_TRUE(question.shown());
+}
+
 TEST(Open, AMissingFileIsNoReasonToStop) {
   Program program({"nowhere.res"});
   program.awaitLine("(ChooseFile) - Filename to open: nowhere.res");

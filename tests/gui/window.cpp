@@ -3,6 +3,8 @@
 #include <X11/Xlib.h>
 #include <X11/Xutil.h>
 
+#include <algorithm>
+#include <array>
 #include <cstdlib>
 #include <cstring>
 
@@ -56,6 +58,19 @@ bool onScreen(Display* display, ::Window window) {
   XWindowAttributes attributes{};
   return XGetWindowAttributes(display, window, &attributes) != 0 &&
          attributes.map_state == IsViewable;
+}
+
+/// Sends a client message of the standard format; `data` as its protocol says.
+void tell(Display* display, ::Window window, const char* message,
+          const std::array<unsigned long, 5>& data) {
+  XEvent event{};
+  event.xclient.type = ClientMessage;
+  event.xclient.window = window;
+  event.xclient.message_type = XInternAtom(display, message, False);
+  event.xclient.format = 32;
+  std::copy(data.begin(), data.end(), event.xclient.data.l);
+  XSendEvent(display, window, False, NoEventMask, &event);
+  XFlush(display);
 }
 
 std::string text(int number) { return std::to_string(number); }
@@ -184,6 +199,48 @@ void Window::wheel(Point at, int steps) const {
   screen_.xdotool(words);
 }
 
+bool Window::drop(const std::string& link, Point at) const {
+  Display* display = xlib(screen_.display_);
+  const ::Window source =
+      XCreateSimpleWindow(display, DefaultRootWindow(display), 0, 0, 1, 1, 0, 0, 0);
+  XSetSelectionOwner(display, XInternAtom(display, "XdndSelection", False), source, CurrentTime);
+  const Atom list = XInternAtom(display, "text/uri-list", False);
+  const Area place = area();
+  const auto where = static_cast<unsigned long>((place.x + at.x) << 16 | (place.y + at.y));
+  tell(display, id_, "XdndEnter", {source, 5UL << 24, list});
+  tell(display, id_, "XdndPosition", {source, 0, where, CurrentTime, list});
+  screen_.xdotool(moveTo(at));  // a drag keeps the pointer's events; letting go brings them
+  tell(display, id_, "XdndDrop", {source, 0, CurrentTime});
+  bool taken = false;
+  const auto finished = [&] {
+    XEvent event{};
+    while (XPending(display) > 0) {
+      XNextEvent(display, &event);
+      if (event.type == ClientMessage &&
+          event.xclient.message_type == XInternAtom(display, "XdndFinished", False)) {
+        return true;
+      }
+      if (event.type != SelectionRequest) continue;
+      taken = true;
+      const XSelectionRequestEvent& asked = event.xselectionrequest;
+      XChangeProperty(display, asked.requestor, asked.property, list, 8, PropModeReplace,
+                      reinterpret_cast<const unsigned char*>(link.data()),
+                      static_cast<int>(link.size()));
+      XEvent answer{};
+      answer.xselection = {
+          SelectionNotify, 0,         True, display, asked.requestor, asked.selection, asked.target,
+          asked.property,  asked.time};
+      XSendEvent(display, asked.requestor, False, NoEventMask, &answer);
+      XFlush(display);
+    }
+    return false;
+  };
+  const bool answered = eventually(finished);
+  XDestroyWindow(display, source);
+  if (!answered) throw GuiError("the window \"" + title() + "\" does not answer a drop");
+  return taken;
+}
+
 void Window::leave() const { screen_.xdotool({"mousemove", "0", "0"}); }
 
 void Window::sendKeys(std::vector<std::string> words) const {
@@ -215,15 +272,7 @@ void Window::resize(int width, int height) const {
 
 void Window::close() const {
   Display* display = xlib(screen_.display_);
-  XEvent event{};
-  event.xclient.type = ClientMessage;
-  event.xclient.window = id_;
-  event.xclient.message_type = XInternAtom(display, "WM_PROTOCOLS", False);
-  event.xclient.format = 32;
-  event.xclient.data.l[0] = static_cast<long>(XInternAtom(display, "WM_DELETE_WINDOW", False));
-  event.xclient.data.l[1] = CurrentTime;
-  XSendEvent(display, id_, False, NoEventMask, &event);
-  XFlush(display);
+  tell(display, id_, "WM_PROTOCOLS", {XInternAtom(display, "WM_DELETE_WINDOW", False)});
 }
 
 Image Window::awaitPicture(const std::string& what,

@@ -54,6 +54,9 @@ class Window {
   void release(const std::vector<int>& buttons = {1}) const;
   /// Turns the wheel at a point: positive steps away from the user.
   void wheel(Point at, int steps) const;
+  /// Drops a file at a point as a file manager does: the link is asked for only once it is let go.
+  /// Returns whether it was taken.
+  [[nodiscard]] bool drop(const std::string& link, Point at) const;
   /// Moves the pointer to where it is over nothing of the program.
   void leave() const;
   /// Presses keys one after the other, each named as xdotool does: "ctrl+o", "Return".
