@@ -18,6 +18,17 @@ std::string fixedText(double value, int decimals) {
   return error == std::errc{} ? std::string(text.data(), end) : std::string();
 }
 
+std::string shownText(double value, int decimals) {
+  return unsignedZero(fixedText(value, decimals));
+}
+
+std::string unsignedZero(std::string number) {
+  if (number.starts_with('-') && number.find_first_not_of("0.e+", 1) == std::string::npos) {
+    number.erase(0, 1);
+  }
+  return number;
+}
+
 namespace {
 
 struct Leading {

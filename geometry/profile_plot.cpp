@@ -27,15 +27,15 @@ constexpr double kPlainMost = 1e6;   // larger numbers are written with a power 
 std::string numberText(double value, double step, double most) {
   const auto digits = [](double x) { return static_cast<int>(std::floor(std::log10(x) + 1e-9)); };
   // A file may announce any pitch, and what is endless has no digits to count.
-  if (!(step > 0.0) || !std::isfinite(most / step)) return fixedText(value, 2);
+  if (!(step > 0.0) || !std::isfinite(most / step)) return shownText(value, 2);
   if (most < kPlainMost && most > 1.0 / kPlainMost) {
-    return fixedText(value, std::clamp(-digits(step), 0, 9));
+    return shownText(value, std::clamp(-digits(step), 0, 9));
   }
   std::array<char, 32> text;
   const auto [end, error] =
       std::to_chars(text.data(), text.data() + text.size(), value, std::chars_format::scientific,
                     std::clamp(digits(most / step), 1, 9));
-  return {text.data(), end};
+  return unsignedZero({text.data(), end});
 }
 
 /// The largest of 1, 2, 5, 10, 20 … that `span` holds at least four times.
@@ -183,10 +183,10 @@ class Layout {
 
   void addLines() {
     const ProfileSection& section = data_.section;
-    const std::string extremes = "Local min | max:  " + fixedText(section.localMin, 2) + " | " +
-                                 fixedText(section.localMax, 2) + "µm";
+    const std::string extremes = "Local min | max:  " + shownText(section.localMin, 2) + " | " +
+                                 shownText(section.localMax, 2) + "µm";
     const std::string distance =
-        "Distance: " + fixedText(profileDistance(section, data_.pixelSize), 3) + "mm";
+        "Distance: " + shownText(profileDistance(section, data_.pixelSize), 3) + "mm";
     const float left = 0.15F * width_;
     const float right = 0.8F * width_;
     const float extremesWidth = textWidth_(extremes, kLineScale);

@@ -92,7 +92,7 @@ ResultLayout valueLayout(const ValueTable& table, std::span<const float> values)
   for (std::size_t i = 0; i < table.rows.size(); ++i) {
     const ValueRow& row = table.rows[i];
     layout.rows.push_back(rowAt(y, table.columns, std::string(row.label),
-                                fixedText(values[i], table.decimals).append(row.unit), row.height));
+                                shownText(values[i], table.decimals).append(row.unit), row.height));
     y += row.height;
   }
   return layout;
@@ -106,7 +106,7 @@ ResultLayout ecRmVwStd(const ResResults& r) { return valueLayout(kEcRmVwStd, r.v
 
 /// The only layout without the algorithm's name: its value stands in that row.
 ResultLayout copr(const ResResults& results) {
-  return {{rowAt(kTagY, kLongLabels, "COPR:", fixedText(results.copr[0], 1))}};
+  return {{rowAt(kTagY, kLongLabels, "COPR:", shownText(results.copr[0], 1))}};
 }
 
 ResultLayout textureLayout(std::string_view tag, char symbol, std::string_view unit,
@@ -116,7 +116,7 @@ ResultLayout textureLayout(std::string_view tag, char symbol, std::string_view u
   for (std::size_t i = 0; i < std::size(kSuffixes); ++i) {
     layout.rows.push_back(rowAt(kFirstResultY + static_cast<int>(i) * kRowHeight, kLongLabels,
                                 std::string(1, symbol).append(kSuffixes[i]),
-                                fixedText(results.textureCurvature[i], 1).append(unit)));
+                                shownText(results.textureCurvature[i], 1).append(unit)));
   }
   return layout;
 }
@@ -164,7 +164,7 @@ ResultLayout ecRmGmStd(const ResResults& results) {
     for (std::size_t i = 0; i < kPairs.size(); ++i) {
       const Pair& pair = kPairs[i];
       layout.rows.push_back(rowAt(y + pair.line * kRowHeight, pair.columns, std::string(pair.label),
-                                  fixedText(values[pair.stored], 3).append(band.units[i])));
+                                  shownText(values[pair.stored], 3).append(band.units[i])));
     }
     values = values.subspan(kPairs.size());
     y += kBandHeight;
@@ -190,9 +190,9 @@ constexpr FilterKind kFilterKinds[] = {
 
 std::string limitText(const FilterKind& kind, float low, float high) {
   std::string text;
-  if (kind.showsLow) text = fixedText(low, 2);
+  if (kind.showsLow) text = shownText(low, 2);
   if (kind.showsLow && kind.showsHigh) text += " - ";
-  if (kind.showsHigh) text += fixedText(high, 2);
+  if (kind.showsHigh) text += shownText(high, 2);
   return text.empty() ? text : text.append(kMillimetres);
 }
 
@@ -210,10 +210,10 @@ void addBand(std::vector<ResultRow>& rows, int y, std::string_view heading,
   };
   add("Type:", std::string(kind.name));
   add(kind.limitLabel, limitText(kind, limits[0], limits[1]));
-  add("Sa:", fixedText(values[0], 3).append(kMicrometres));
-  add("Rax:", fixedText(values[1], 3).append(kMicrometres));
-  add("Rsm:", fixedText(values[3], 3).append(kMillimetres));
-  add("Ray:", fixedText(values[2], 3).append(kMicrometres));
+  add("Sa:", shownText(values[0], 3).append(kMicrometres));
+  add("Rax:", shownText(values[1], 3).append(kMicrometres));
+  add("Rsm:", shownText(values[3], 3).append(kMillimetres));
+  add("Ray:", shownText(values[2], 3).append(kMicrometres));
 }
 
 ResultLayout oRough(const ResResults& results) {

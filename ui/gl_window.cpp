@@ -10,6 +10,7 @@
 
 #include "base/debug_log.h"
 #include "base/memory_advice.h"
+#include "base/number_text.h"
 #include "base/paths.h"
 #include "ui/gl_mode.h"
 #include "view/gl_driver.h"
@@ -306,8 +307,8 @@ void GLWindow::drawKeyLabels() {
   const HeatMapScale scale = globalLimits_ ? *globalLimits_ : model_.colourScale();
   const auto labels = keyLabels(scale.upper(), scale.lower());
   for (std::size_t step = 0; step < labels.size(); ++step) {
-    text_.draw("  " + labels[step] + "µm", x, 387.0F + 387.5F * keyLabelY(step), kScale,
-               kTextColour);
+    text_.draw("  " + unsignedZero(labels[step]) + "µm", x, 387.0F + 387.5F * keyLabelY(step),
+               kScale, kTextColour);
   }
   text_.draw(fileNameOf(measurement_.path), 20.0F, 750.0F, 0.3F, kTextColour);
 }

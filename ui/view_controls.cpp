@@ -41,8 +41,8 @@ void setLimitText(Fl_Float_Input* input, const std::string& stripped) {
 void showAutomaticLimits() {
   const AppState& app = appState();
   const SurfaceLimits& limits = app.glView->model().limits();
-  setLimitText(app.maximumInput, fixedText(limits.trueMax, 1));
-  setLimitText(app.minimumInput, fixedText(limits.trueMin, 1));
+  setLimitText(app.maximumInput, shownText(limits.trueMax, 1));
+  setLimitText(app.minimumInput, shownText(limits.trueMin, 1));
 }
 
 void showScale() {

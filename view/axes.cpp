@@ -84,8 +84,8 @@ void Axes::drawLabels(const ViewMatrices& matrices, const AxesRange& range,
 
   const float bottom = range.bottom * range.heightToModel;
   const float top = range.top * range.heightToModel;
-  const std::string topText = fixedText(range.top, 2) + "µm";
-  const std::string bottomText = fixedText(range.bottom, 2) + "µm";
+  const std::string topText = shownText(range.top, 2) + "µm";
+  const std::string bottomText = shownText(range.bottom, 2) + "µm";
   // Long ones stand further out, so that they end before the lines.
   const auto besideLines = [&text](const std::string& label) {
     const float labelWidth = text.width(label, kTextScale) * kTextToModel;
@@ -95,8 +95,8 @@ void Axes::drawLabels(const ViewMatrices& matrices, const AxesRange& range,
       {{width / 2, -kLabelGap, 0}, "X"},
       {{-kLabelGap, height / 2, 0}, "Y"},
       {{-kHeightGap, height, 0}, "Z"},
-      {{width, -kLabelGap, 0}, fixedText(lengthX, 2) + "mm"},
-      {{-kLabelGap, height, 0}, fixedText(lengthY, 2) + "mm"},
+      {{width, -kLabelGap, 0}, shownText(lengthX, 2) + "mm"},
+      {{-kLabelGap, height, 0}, shownText(lengthY, 2) + "mm"},
       // A line of text higher than the one below it, so that both are readable from above too.
       {{besideLines(topText), kLabelGap, top}, topText},
       {{besideLines(bottomText), 0, bottom}, bottomText},

@@ -127,13 +127,15 @@ TEST(Layouts, ShortTimeStampGivesEmptyPieces) {
   EXPECT_EQ(dateAndTime(""), "// ::");
 }
 
-TEST(Layouts, FixedTextRoundsTheFloatItself) {
+TEST(Layouts, NumbersAreRoundedAsFloatsAndAZeroHasNoSign) {
   EXPECT_EQ(fixedText(0.05F, 1), "0.1");
   EXPECT_EQ(fixedText(0.25F, 1), "0.2");
   EXPECT_EQ(fixedText(-12345.678F, 3), "-12345.678");
   EXPECT_EQ(fixedText(std::numeric_limits<float>::quiet_NaN(), 1), "nan");
   EXPECT_EQ(fixedText(-std::numeric_limits<float>::infinity(), 3), "-inf");
   EXPECT_EQ(fixedText(std::numeric_limits<double>::max(), 2).size(), 312U);
+  EXPECT_EQ(shownText(-0.004F, 2) + shownText(-0.0, 0) + shownText(-0.006F, 2), "0.000-0.01");
+  EXPECT_EQ(shownText(-std::numeric_limits<double>::infinity(), 1), "-inf");
 }
 
 }  // namespace
