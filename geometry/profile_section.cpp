@@ -69,14 +69,12 @@ class Sampler {
   [[nodiscard]] float height(std::size_t i) const {
     const Advance rows(rowStep_, i);
     const Advance columns(columnStep_, i);
-    // A pin may stand one step beyond the last column.
-    const GridPoint own = {std::clamp<std::int64_t>(start_.column + columns.whole, 0, width_ - 1),
-                           std::clamp<std::int64_t>(start_.row + rows.whole, 0, height_ - 1)};
-    const float here = at(own, own);
+    const GridPoint own = {start_.column + columns.whole, start_.row + rows.whole};
+    const float here = at(own);
     // Kept: this drops the next row's height on lines that run toward lower rows.
     const bool rowCounts = columns.whole + (rows.whole + rowSign_) * width_ - startMinusEnd_ >= 0;
-    const float nextRow = rowCounts ? at({own.column, own.row + rowSign_}, own) : here;
-    const float nextColumn = at({own.column + columnSign_, own.row}, own);
+    const float nextRow = rowCounts ? at({own.column, own.row + rowSign_}) : here;
+    const float nextColumn = at({own.column + columnSign_, own.row});
     const float a = interpolated(here, nextRow, rows.fraction);
     const float b = interpolated(here, nextColumn, columns.fraction);
     const float mean = a / 2.0F + b / 2.0F;
@@ -84,12 +82,11 @@ class Sampler {
   }
 
  private:
-  [[nodiscard]] float at(GridPoint point, GridPoint own) const {
-    const bool there =
-        point.column >= 0 && point.column < width_ && point.row >= 0 && point.row < height_;
-    const GridPoint taken = there ? point : own;
-    return static_cast<float>(
-        grid_.values()[static_cast<std::size_t>(taken.row * width_ + taken.column)]);
+  /// A line may start one step beyond the last column: what lies outside is the edge's.
+  [[nodiscard]] float at(GridPoint point) const {
+    const std::int64_t column = std::clamp<std::int64_t>(point.column, 0, width_ - 1);
+    const std::int64_t row = std::clamp<std::int64_t>(point.row, 0, height_ - 1);
+    return static_cast<float>(grid_.values()[static_cast<std::size_t>(row * width_ + column)]);
   }
 
   const HeightGrid& grid_;

@@ -117,6 +117,10 @@ TEST(Profile, ReadsTheLastColumnAndRowAtTheEdges) {
   EXPECT_EQ(edge.samples.size(), 199U);
   EXPECT_EQ(edge.localMin, 299.0F);
   EXPECT_EQ(edge.localMax, 299.0F);
+  // The first of three columns on this way is the step from beyond the last one.
+  const ProfileSection inward = sampleProfile(*grid, {{0.3F, 0, 0}, {0.297F, 0.1F, 0}}, {});
+  EXPECT_EQ(inward.samples[33].y, 299.0F);
+  EXPECT_NEAR(inward.samples[34].y, 298.99F, 1e-3F);
   // 0.299 is less than 299 steps, but not in single precision.
   EXPECT_EQ(sampleProfile(*grid, {{0.299F, 0.0F, 0.05F}, {0.299F, 0.1F, 0.05F}}, {}).localMin,
             299.0F);
