@@ -4,10 +4,12 @@
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <glm/common.hpp>
 #include <limits>
 #include <utility>
 
 #include "base/number_text.h"
+#include "geometry/surface_line.h"
 
 namespace morvane {
 namespace {
@@ -114,21 +116,38 @@ class Layout {
       return glm::vec2(plot::kLeft + static_cast<float>(drawn[i]) * step,
                        range_.deviceY(double{height(i)}));
     };
-    const auto onLimit = [&](std::size_t i) {
-      return data_.clip.on && (height(i) == data_.clip.high || height(i) == data_.clip.low);
+    // Whether the piece behind a sample lies on a limit.
+    const auto flat = [&](std::size_t i) {
+      return data_.clip.on && (height(i) == data_.clip.high || height(i) == data_.clip.low) &&
+             (!there(i + 1) || height(i) == height(i + 1));
     };
     for (std::size_t i = 0; i < drawn.size(); ++i) {
       if (!there(i)) continue;
+      const bool clipped = flat(i);
+      std::vector<glm::vec2> run = {point(i)};
+      std::size_t last = i;
+      while (there(last + 1) && flat(last) == clipped) run.push_back(point(++last));
       // A sample alone between two gaps still has its step of the line.
-      const bool alone = !there(i + 1) && (i == 0 || !there(i - 1));
-      if (!there(i + 1) && !alone) continue;
-      const glm::vec2 from = point(i);
-      const glm::vec2 to = alone ? glm::vec2(from.x + step, from.y) : point(i + 1);
-      const bool flat = onLimit(i) && from.y == to.y;
-      auto& line = flat ? plot_.clipped : plot_.curve;
-      line.push_back(from);
-      line.push_back(to);
+      if (last == i) run.emplace_back(run[0].x + step, run[0].y);
+      addRun(run, clipped ? plot_.clipped : plot_.curve);
+      // Where the kind changes, the next run begins with the sample that ends this one.
+      i = there(last + 1) ? last - 1 : last;
     }
+  }
+
+  /// Adds the pieces of a line without gaps, at least a pixel of it, within the curve's room.
+  void addRun(const std::vector<glm::vec2>& run, std::vector<glm::vec2>& line) const {
+    std::vector<glm::vec2> pixels;
+    for (const glm::vec2& point : run) pixels.emplace_back(pixelX(point.x), pixelY(point.y));
+    const std::size_t before = line.size();
+    constexpr glm::vec2 kLow{plot::kLeft, plot::kMiddle - plot::kHalfCurve};
+    constexpr glm::vec2 kHigh{plot::kLeft + plot::kLength, plot::kMiddle + plot::kHalfCurve};
+    if (!addPieces(std::span(run), std::span<const glm::vec2>(pixels), line)) {
+      const float pixel = 2.0F / width_;
+      const float left = std::min(run[0].x, kHigh.x - pixel);
+      line.insert(line.end(), {{left, run[0].y}, {left + pixel, run[0].y}});
+    }
+    for (std::size_t i = before; i < line.size(); ++i) line[i] = glm::clamp(line[i], kLow, kHigh);
   }
 
   void addLevels() {

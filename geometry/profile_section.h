@@ -38,10 +38,10 @@ float lineLength(const PinPair& pins);
 
 /// Samples `grid` along the line from `pins.a` to `pins.b`, which are first clamped to the grid.
 /// A sample is the mean of two interpolations, one toward the next row and one toward the next
-/// column in the direction of travel. A point outside the grid, such as those of the step beyond the
-/// last column, has the height of the nearest column or row. Pins less than half a step apart have
-/// no samples. Throws std::bad_alloc where memory does not hold the samples, or would be filled by
-/// them.
+/// column in the direction of travel. A point outside the grid, such as those of the step beyond
+/// the last column, has the height of the nearest column or row. Pins less than half a step apart
+/// have no samples. Throws std::bad_alloc where memory does not hold the samples, or would be
+/// filled by them.
 ProfileSection sampleProfile(const HeightGrid& grid, const PinPair& pins, const ProfileClip& clip);
 
 /// Which samples a curve through the section needs, in order: all of them, or, of more than any

@@ -19,7 +19,7 @@
 #include "view/key_renderer.h"
 #include "view/pick_world.h"
 #include "view/pin.h"
-#include "view/profile_line.h"
+#include "view/surface_line.h"
 #include "view/surface_renderer.h"
 #include "view/text_renderer.h"
 
@@ -200,7 +200,7 @@ class GLWindow : public Fl_Gl_Window {
   Profiler* profiler_;  // the toolkit's
   GridTool gridTool_;
   PinRenderer pinRenderer_;
-  ProfileLine profileLine_;
+  SurfaceLineRenderer lineRenderer_;
   std::unique_ptr<PickWorld> pickWorld_;  // from the first frame on
   ToolDrag toolDrag_ = ToolDrag::kNone;   // what the press grabbed
   bool profileMode_ = false;

@@ -2,6 +2,7 @@
 #include <iostream>
 
 #include "geometry/surface_hit.h"
+#include "geometry/surface_line.h"
 #include "ui/gl_window.h"
 
 namespace morvane {
@@ -61,10 +62,10 @@ void GLWindow::loadProfile() {
 void GLWindow::drawProfileTool() {
   if (!profileLoaded_) loadProfile();
   if (!pinRenderer_.generated()) pinRenderer_.generate();
-  if (!profileLine_.generated()) profileLine_.generate();
+  if (!lineRenderer_.generated()) lineRenderer_.generate();
   for (const Pin& pin : profiler_->pins()) pinRenderer_.drawPin(matrices_, pin);
-  profileLine_.draw(matrices_, profiler_->section(), placesOf(profiler_->pins()),
-                    heightToModel(zScale_));
+  lineRenderer_.draw(matrices_, sectionLine(profiler_->section(), placesOf(profiler_->pins()),
+                                            heightToModel(zScale_)));
   pickWorld_->refresh(ToolKind::kProfile);
 }
 

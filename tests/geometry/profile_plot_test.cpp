@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <glm/geometric.hpp>
 
 #include "geometry/profile_plot.h"
 #include "tests/support/test_grid.h"
@@ -102,13 +103,34 @@ TEST(ProfilePlot, PutsHeightsAndDistancesWhereTheirNumbersSay) {
                                    [](const PlotText& t) { return t.text == "6"; });
   ASSERT_NE(number, plot.texts.end());
   // Sample 80 has height 6; the number's middle is as high as the curve is there.
-  const float pixelY = (plot.curve[std::size_t{2} * 80].y + 1.0F) * 125.0F;
+  const float pixelY = (plot.curve[std::size_t{2} * 80 - 1].y + 1.0F) * 125.0F;
   EXPECT_NEAR(number->place.y + 4.0F, pixelY, 1.0F);
   EXPECT_TRUE(hasText(plot, "Distance: 2.020mm"));
   EXPECT_TRUE(hasText(plot, "Local min | max:  -2.00 | 8.00µm"));
   EXPECT_TRUE(hasText(plot, "1.010"));  // the middle tick
   EXPECT_NEAR(plot.curve[0].x, plot::kLeft, 1e-6);
-  EXPECT_NEAR(plot.curve[std::size_t{2} * 50].x, plot::kLeft + plot::kLength * 50 / 101, 1e-5);
+  EXPECT_NEAR(plot.curve[std::size_t{2} * 50 - 1].x, plot::kLeft + plot::kLength * 50 / 101, 1e-5);
+}
+
+// What some drivers need to draw a line without holes.
+TEST(ProfilePlot, IsMadeOfPiecesOfAPixelThatOverlap) {
+  constexpr float kPixel = 2.0F / 1130.0F;
+  std::vector<float> steps(3000, 0.0F);
+  std::fill(steps.begin() + 1000, steps.begin() + 1500, 4.0F);
+  std::fill(steps.begin() + 2000, steps.begin() + 2010, NAN);
+  steps[2005] = 4.0F;
+  const std::vector<glm::vec2> curve = plotted(sectionOf(steps)).curve;
+  std::vector<float> begins;
+  for (std::size_t i = 0; i < curve.size(); i += 2) {
+    if (i == 0 || curve[i].x > curve[i - 1].x) begins.push_back(curve[i].x);
+    const bool last = i + 2 == curve.size() || curve[i + 2].x > curve[i + 1].x;
+    EXPECT_TRUE(last || glm::distance(curve[i], curve[i + 1]) > 0.99F * kPixel) << i;
+  }
+  // The whole, the lone sample, the rest.
+  ASSERT_EQ(begins.size(), 3U);
+  EXPECT_NEAR(begins[1], plot::kLeft + plot::kLength * 2005 / 3000, 1e-5);
+  EXPECT_NEAR(begins[2], plot::kLeft + plot::kLength * 2010 / 3000, 1e-5);
+  EXPECT_NEAR(curve.back().x, plot::kLeft + plot::kLength * 2999 / 3000, 1e-5);
 }
 
 TEST(ProfilePlot, LeavesGapsAndMarksWhatIsClipped) {
