@@ -1,8 +1,10 @@
 #include "geometry/surface_line.h"
 
 #include <cmath>
+#include <limits>
 
 #include "geometry/camera.h"
+#include "surface/mesh.h"
 
 namespace morvane {
 
@@ -16,6 +18,28 @@ std::vector<glm::vec3> sectionLine(const ProfileSection& section, const PinPair&
     line.emplace_back(glm::vec2(pins.a) + way * part, samples[i].y * heightToModel);
   }
   return line;
+}
+
+std::vector<glm::vec3> regionOutline(const DrawnHeights& heights, const GridRegion& region) {
+  std::vector<glm::vec3> outline;
+  std::size_t column = region.column;
+  std::size_t row = region.row;
+  const auto add = [&] {
+    const double height = heights.grid.row(row)[column];
+    const float z = isMissing(height) ? std::numeric_limits<float>::quiet_NaN()
+                                      : heights.crop.clamp(static_cast<float>(height));
+    outline.emplace_back(static_cast<float>(column) / kPointsPerUnit,
+                         static_cast<float>(row) / kPointsPerUnit,
+                         z * heightToModel(heights.zScale));
+  };
+  const std::size_t lastColumn = region.column + region.width - 1;
+  const std::size_t lastRow = region.row + region.height - 1;
+  for (; column < lastColumn; ++column) add();
+  for (; row < lastRow; ++row) add();
+  for (; column > region.column; --column) add();
+  for (; row > region.row; --row) add();
+  add();
+  return outline;
 }
 
 LinePieces linePieces(std::span<const glm::vec3> line, const glm::mat4& matrix, int width,

@@ -12,6 +12,7 @@
 
 #include "geometry/pin_motion.h"
 #include "geometry/profile_section.h"
+#include "geometry/surface_hit.h"
 
 namespace morvane {
 
@@ -19,6 +20,10 @@ namespace morvane {
 /// gap is a point whose z is NaN.
 std::vector<glm::vec3> sectionLine(const ProfileSection& section, const PinPair& pins,
                                    float heightToModel);
+
+/// Once round the edge of `region`, which lies inside the grid, along the heights as drawn; in the
+/// space of the pins, missing points as gaps.
+std::vector<glm::vec3> regionOutline(const DrawnHeights& heights, const GridRegion& region);
 
 /// Adds to `pieces`, pairs of points, what is drawn of a line without gaps whose points stand at
 /// `pixels` in the window. With some drivers pieces shorter than a pixel vanish and neighbours

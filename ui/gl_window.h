@@ -9,6 +9,7 @@
 #include <string>
 
 #include "geometry/camera.h"
+#include "geometry/surface_hit.h"
 #include "resfile/bitmap_image.h"
 #include "resfile/measurement.h"
 #include "resfile/res_file.h"
@@ -149,6 +150,7 @@ class GLWindow : public Fl_Gl_Window {
   void loadProfile();
   void drawProfileTool();
   void drawGridTool();
+  [[nodiscard]] DrawnHeights drawnHeights() const;
   void grabTool(Pin* hit);
   void dragTool(glm::vec2 point);
   void releaseTool();

@@ -75,6 +75,12 @@ void GLWindow::drawGridTool() {
   }
   if (!pinRenderer_.generated()) pinRenderer_.generate();
   gridTool_.draw(matrices_, pinRenderer_);
+  const GridSize grid = {model_.shown()->width(), model_.shown()->height()};
+  if (grid.width >= 2 && grid.height >= 2) {
+    if (!lineRenderer_.generated()) lineRenderer_.generate();
+    lineRenderer_.draw(matrices_,
+                       regionOutline(drawnHeights(), regionBetween(gridTool_.places(), grid)));
+  }
   pickWorld_->refresh(ToolKind::kGrid);
 }
 
@@ -93,12 +99,15 @@ void GLWindow::grabTool(Pin* hit) {
   }
 }
 
+DrawnHeights GLWindow::drawnHeights() const {
+  return {*model_.shown(), model_.crop, zScale_, model_.shownMean()};
+}
+
 void GLWindow::dragTool(glm::vec2 point) {
   if (!modelLoaded_) return;
   const ViewMatrices matrices = presentMatrices();
-  const DrawnHeights heights{*model_.shown(), model_.crop, zScale_, model_.shownMean()};
   const auto hit =
-      surfaceHit(heights, pickRay(matrices, w(), h(), point.x, point.y), matrices.overlay);
+      surfaceHit(drawnHeights(), pickRay(matrices, w(), h(), point.x, point.y), matrices.overlay);
   if (!hit) return;
   const glm::vec2 target(hit->point);
   if (toolDrag_ == ToolDrag::kProfilePin) {

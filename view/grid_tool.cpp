@@ -8,6 +8,8 @@ namespace {
 
 constexpr glm::vec4 kCornerColour{1.0F, 0.0F, 1.0F, 1.0F};
 constexpr glm::vec4 kBoxColour{1.0F, 1.0F, 1.0F, 0.5F};
+// Low: the eye sees a high top face over more of the surface than the box marks.
+constexpr float kBoxHalfHeight = 0.01F;
 
 }  // namespace
 
@@ -35,7 +37,7 @@ void GridTool::draw(const ViewMatrices& matrices, const PinRenderer& renderer) c
   const auto& [a, b] = placesOf(corners_);
   const Pin box{
       .position = {(a.x + b.x) / 2.0F, (a.y + b.y) / 2.0F, a.z},
-      .halfExtents = {glm::abs(b.x - a.x) / 2.0F, glm::abs(b.y - a.y) / 2.0F, kCornerHalfExtents.z},
+      .halfExtents = {glm::abs(b.x - a.x) / 2.0F, glm::abs(b.y - a.y) / 2.0F, kBoxHalfHeight},
       .colour = kBoxColour};
   renderer.drawTranslucent(matrices, box);
 }
