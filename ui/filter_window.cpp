@@ -1,5 +1,6 @@
 #include "ui/filter_window.h"
 
+#include <FL/Fl.H>
 #include <FL/Fl_Box.H>
 #include <FL/Fl_Button.H>
 #include <FL/Fl_Check_Button.H>
@@ -21,7 +22,15 @@ FilterWindow& windowOf(const Fl_Widget* widget) {
   return *static_cast<FilterWindow*>(widget->window());
 }
 
-void onSetting(Fl_Widget* widget, void* /*data*/) { windowOf(widget).updateHint(); }
+void onSetting(Fl_Widget* widget, void* /*data*/) { windowOf(widget).takeSettings(); }
+
+/// Whether the pointer is on the words of a type, which stand right of its box.
+bool onWordsOf(const Fl_Check_Button& type) {
+  int width = 0;
+  int height = 0;
+  type.measure_label(width, height);
+  return Fl::event_inside(type.x() + type.w(), type.y(), width, type.h()) != 0;
+}
 
 void addTitle(Fl_Color background) {
   auto* title = new Fl_Text_Display(100, 40, 200, 80);
@@ -60,6 +69,19 @@ FilterWindow::FilterWindow() : Fl_Double_Window(0, 0, 400, 400, "Filter Window")
   addButton(240, "Cancel", [](Fl_Widget* widget, void*) { windowOf(widget).hide(); });
   end();
   hide();
+  takeSettings();
+}
+
+int FilterWindow::handle(int event) {
+  if (event == FL_PUSH) {
+    for (Fl_Check_Button* type : {highPass_, lowPass_, bandPass_}) {
+      if (!onWordsOf(*type)) continue;
+      type->setonly();
+      takeSettings();
+      return 1;
+    }
+  }
+  return Fl_Double_Window::handle(event);
 }
 
 Fl_Check_Button* FilterWindow::addType(int y, const char* label) {
@@ -83,6 +105,11 @@ FilterSettings FilterWindow::settings() const {
           .highPass = highPass_->value() != 0,
           .lowPass = lowPass_->value() != 0,
           .bandPass = bandPass_->value() != 0};
+}
+
+void FilterWindow::takeSettings() {
+  bandPass_->value() != 0 ? l2_->activate() : l2_->deactivate();
+  updateHint();
 }
 
 bool FilterWindow::updateHint() {

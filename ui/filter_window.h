@@ -20,9 +20,15 @@ class FilterWindow : public Fl_Double_Window {
   /// Builds the window, hidden.
   FilterWindow();
 
+  /// A press on the words of a type chooses it as one on its box does.
+  int handle(int event) override;
+
   /// What is typed and chosen now.
   [[nodiscard]] FilterSettings settings() const;
 
+  /// Acts on a setting that has changed: L2 can be typed for a band pass only, and the hint is of
+  /// the present settings.
+  void takeSettings();
   /// Says in the quiet line below the inputs what is odd about the present settings, and returns
   /// whether anything is.
   bool updateHint();
