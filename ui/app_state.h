@@ -54,7 +54,6 @@ struct AppState {
   bool heatMapOn = true;     ///< the surface wears the heat map, not a bitmap
   bool cropMode = false;     ///< the next press of the crop button returns to automatic limits
   bool detailsShown = true;  ///< the next press of the details button shows the results column
-  bool fullScreen = false;
   bool fileLoaded = false;
 };
 

@@ -44,6 +44,9 @@ constexpr MenuEntry kMenu[] = {
     {"&Help/About", 0, 0, nullptr},
 };
 
+/// Asked of the window: its manager may have left full screen by itself.
+bool fillsScreen() { return appState().mainWindow->fullscreen_active() != 0; }
+
 // What the standard menu leaves out.
 constexpr MenuEntry kFullMenu[] = {
     {"&Tools/&Filter", 0, FL_MENU_TOGGLE, [] { return appState().glView->filterEnabled(); }},
@@ -61,7 +64,7 @@ constexpr MenuEntry kFullMenu[] = {
     {"&Tools/Results Column", 0, FL_MENU_TOGGLE,
      [] { return appState().resultsPanel->visible() != 0; }},
     {"&Tools/Console", 0, FL_MENU_TOGGLE, [] { return appState().consolePanel->visible() != 0; }},
-    {"&Tools/&FullScreen", 0, FL_MENU_TOGGLE, [] { return appState().fullScreen; }},
+    {"&Tools/&FullScreen", 0, FL_MENU_TOGGLE, fillsScreen},
     {"&Tools/&Connections", 0, 0, nullptr},
 };
 
@@ -74,10 +77,7 @@ void toggleFullScreen() {
     appendConsole("The window manager offers no full screen.");
     return;
   }
-  // Asked of the window: its manager may have left full screen by itself.
-  const bool full = app.mainWindow->fullscreen_active() != 0;
-  full ? app.mainWindow->fullscreen_off() : app.mainWindow->fullscreen();
-  app.fullScreen = !full;
+  fillsScreen() ? app.mainWindow->fullscreen_off() : app.mainWindow->fullscreen();
 }
 
 void toggleConsole() {
