@@ -6,6 +6,7 @@
 #include "ui/console.h"
 #include "ui/filter_window.h"
 #include "ui/gl_window.h"
+#include "ui/owned_window.h"
 #include "ui/view_layout.h"
 #include "ui/wait_cursor.h"
 
@@ -53,7 +54,7 @@ void showFilterWindow() {
   const Fl_Window& main = *appState().mainWindow;
   window.placeOnce(main.x() + kControlsWidth + kMargin, main.y() + main.h() - window.h() - kMargin);
   window.updateHint();
-  window.show();
+  showOwned(window);
 }
 
 }  // namespace morvane

@@ -7,6 +7,7 @@
 #include "ui/app_state.h"
 #include "ui/control_rules.h"
 #include "ui/gl_window.h"
+#include "ui/owned_window.h"
 #include "widgets/button_box.h"
 #include "widgets/look.h"
 #include "widgets/number_input.h"
@@ -65,7 +66,7 @@ Fl_Window* buildHeatMapDialog() {
 void showHeatMapDialog() {
   const AppState& app = appState();
   const Fl_Window& window = *app.mainWindow;
-  app.heatMapDialog->show();
+  showOwned(*app.heatMapDialog);
   app.heatMapDialog->position(window.x() + window.w() / 2 - 290, window.y() + window.h() / 2 - 160);
 }
 

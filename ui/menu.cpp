@@ -17,6 +17,7 @@
 #include "ui/full_screen.h"
 #include "ui/gl_window.h"
 #include "ui/heat_map_dialog.h"
+#include "ui/owned_window.h"
 #include "ui/region_actions.h"
 #include "ui/report_actions.h"
 #include "ui/results_panel.h"
@@ -103,9 +104,9 @@ struct MenuAction {
 constexpr MenuAction kActions[] = {
     {"&Open", [] { openMeasurement(nullptr, kOpenFromMenu); }},
     {"&Save Copy as...", saveCopy},
-    {"About", [] { appState().aboutWindow->show(); }},
+    {"About", [] { showOwned(*appState().aboutWindow); }},
     {"&FullScreen", toggleFullScreen},
-    {"&Connections", [] { appState().configManager->show(); }},
+    {"&Connections", [] { showOwned(*appState().configManager); }},
     {"&Filter", toggleFilter},
     {"&Filter Settings", showFilterWindow},
     {"Scale", showHeatMapDialog},
