@@ -1,13 +1,12 @@
 // The plot of a profile section as lines and texts: no window, no GL.
 #pragma once
 
-#include <functional>
 #include <glm/vec2.hpp>
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "geometry/profile_section.h"
+#include "geometry/text_width.h"
 
 namespace morvane {
 
@@ -51,11 +50,8 @@ struct ProfilePlot {
   std::vector<PlotText> texts;
 };
 
-/// How many pixels wide a text is at a scale.
-using TextWidth = std::function<float(std::string_view text, float scale)>;
-
-/// Lays out the plot for a window of `width` × `height` pixels. Without samples there are only the
-/// texts below it.
+/// Lays out the plot for a window of `width` × `height` pixels, a unit of text each. Without
+/// samples there are only the texts below it.
 ProfilePlot layOutProfile(const PlotData& data, int width, int height, const TextWidth& textWidth);
 
 }  // namespace morvane

@@ -224,7 +224,7 @@ void GLWindow::draw() {
   frame.print("Drawing Time for HM Key: ");
   drawTools();
   // Last, so that no pin stands before a number.
-  if (axesVisible_) Axes::drawLabels(matrices_, axesRange(), text_);
+  if (axesVisible_) Axes::drawLabels(matrices_, axesRange(), w(), h(), text_);
   if (keyShown) drawKeyLabels();
   checkGl("surface");
 }

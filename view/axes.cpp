@@ -1,15 +1,12 @@
 #include "view/axes.h"
 
-#include <algorithm>
 #include <array>
 #include <cstdio>
 #include <glm/gtc/matrix_transform.hpp>
 #include <glm/gtc/type_ptr.hpp>
 #include <iostream>
-#include <string>
+#include <string_view>
 
-#include "base/number_text.h"
-#include "surface/mesh.h"
 #include "view/shader_sources.h"
 
 namespace morvane {
@@ -19,18 +16,6 @@ namespace {
 constexpr std::array<float, 18> kLines = {0, 0, 0, 1, 0, 0, 0, 0, 0, 0, 1, 0, 0, 0, 0, 0, 0, 1};
 constexpr glm::vec4 kLineColour{0.1F, 0.1F, 0.1F, 1.0F};
 constexpr glm::vec3 kLabelColour{0.0F, 0.0F, 0.0F};
-
-constexpr float kLineGap = 0.02F;    // between the surface and the lines beside it
-constexpr float kLabelGap = 0.05F;   // between the surface and the labels beside it
-constexpr float kHeightGap = 0.2F;   // between the surface and the labels of its heights
-constexpr float kLetterGap = 0.01F;  // between a label and a line
-constexpr float kTextScale = 0.8F;
-constexpr float kTextToModel = 0.001F;
-
-struct Label {
-  glm::vec3 place;
-  std::string text;
-};
 
 }  // namespace
 
@@ -48,24 +33,23 @@ void Axes::generate() {
 }
 
 void Axes::draw(const ViewMatrices& matrices, const AxesRange& range) const {
-  const float width = static_cast<float>(range.header->width) / kPointsPerUnit;
-  const float height = static_cast<float>(range.header->height) / kPointsPerUnit;
-  const float bottom = range.bottom * range.heightToModel;
-  const float top = range.top * range.heightToModel;
+  const AxisLines lines = axisLines(range);
   glUseProgram(program_.name());
   glUniformMatrix4fv(program_.uniform("M"), 1, GL_FALSE, glm::value_ptr(matrices.overlay));
   glUniform4fv(program_.uniform("colorOvrr"), 1, glm::value_ptr(kLineColour));
   glPolygonMode(GL_FRONT_AND_BACK, GL_FILL);
   glBindVertexArray(vertexArray_.name());
-  const auto drawPart = [&](float z, const glm::vec3& size, GLint first, GLsizei count) {
-    const glm::mat4 start = glm::translate(glm::mat4(1.0F), glm::vec3(-kLineGap, -kLineGap, z));
-    const glm::mat4 matrix =
-        matrices.projection * matrices.view * matrices.overlay * glm::scale(start, size);
+  const auto drawPart = [&](const glm::vec3& start, const glm::vec3& size, GLint first,
+                            GLsizei count) {
+    const glm::mat4 matrix = matrices.projection * matrices.view *
+                             glm::scale(glm::translate(matrices.overlay, start), size);
     glUniformMatrix4fv(program_.uniform("MVP"), 1, GL_FALSE, glm::value_ptr(matrix));
     glDrawArrays(GL_LINES, first, count);
   };
-  drawPart(0.0F, {width + kLineGap, height + kLineGap - kLetterGap, 1.0F}, 0, 4);
-  drawPart(bottom, {1.0F, 1.0F, top - bottom}, 4, 2);
+  const float right = lines.endX.x - lines.corner.x;
+  const float up = lines.endY.y - lines.corner.y;
+  drawPart(lines.corner, {right, up, 1.0F}, 0, 4);
+  drawPart(lines.bottom, {1.0F, 1.0F, lines.top.z - lines.bottom.z}, 4, 2);
   const ResHeader& header = *range.header;
   std::cout << "DIST: " << header.width * header.pixelSizeX << '\n'
             << "RES W: " << header.width << '\n'
@@ -74,38 +58,16 @@ void Axes::draw(const ViewMatrices& matrices, const AxesRange& range) const {
             << "Pixelsize Y: " << header.pixelSizeY << '\n';
 }
 
-void Axes::drawLabels(const ViewMatrices& matrices, const AxesRange& range,
+void Axes::drawLabels(const ViewMatrices& matrices, const AxesRange& range, int width, int height,
                       const TextRenderer& text) {
-  const ResHeader& header = *range.header;
-  const float width = static_cast<float>(header.width) / kPointsPerUnit;
-  const float height = static_cast<float>(header.height) / kPointsPerUnit;
-  const double lengthX = header.width * header.pixelSizeX;
-  const double lengthY = header.height * header.pixelSizeY;
-
-  const float bottom = range.bottom * range.heightToModel;
-  const float top = range.top * range.heightToModel;
-  const std::string topText = shownText(range.top, 2) + "µm";
-  const std::string bottomText = shownText(range.bottom, 2) + "µm";
-  // Long ones stand further out, so that they end before the lines.
-  const auto besideLines = [&text](const std::string& label) {
-    const float labelWidth = text.width(label, kTextScale) * kTextToModel;
-    return std::min(-kHeightGap, -kLineGap - kLetterGap - labelWidth);
+  const glm::mat4 toClip = matrices.projection * matrices.view * matrices.overlay;
+  const TextWidth textWidth = [&text](std::string_view label, float scale) {
+    return text.width(label, scale);
   };
-  const std::array<Label, 7> labels = {{
-      {{width / 2, -kLabelGap, 0}, "X"},
-      {{-kLabelGap, height / 2, 0}, "Y"},
-      {{-kHeightGap, height, 0}, "Z"},
-      {{width, -kLabelGap, 0}, shownText(lengthX, 2) + "mm"},
-      {{-kLabelGap, height, 0}, shownText(lengthY, 2) + "mm"},
-      // A line of text higher than the one below it, so that both are readable from above too.
-      {{besideLines(topText), kLabelGap, top}, topText},
-      {{besideLines(bottomText), 0, bottom}, bottomText},
-  }};
-  for (const Label& label : labels) {
+  for (const AxisLabel& label : axisLabels(range, toClip, width, height, textWidth)) {
     const glm::mat4 plane =
-        glm::scale(glm::translate(glm::mat4(1.0F), label.place), glm::vec3(kTextToModel));
-    text.drawInSpace(label.text, matrices.projection * matrices.view * matrices.overlay * plane,
-                     kTextScale, kLabelColour);
+        glm::scale(glm::translate(toClip, label.place), glm::vec3(kTextToModel));
+    text.drawInSpace(label.text, plane, kAxisTextScale, kLabelColour);
   }
 }
 

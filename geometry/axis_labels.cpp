@@ -1,0 +1,220 @@
+#include "geometry/axis_labels.h"
+
+#include <algorithm>
+#include <cmath>
+#include <glm/geometric.hpp>
+#include <glm/vec2.hpp>
+#include <optional>
+#include <utility>
+#include <vector>
+
+#include "base/number_text.h"
+#include "geometry/camera.h"
+#include "surface/mesh.h"
+
+namespace morvane {
+namespace {
+
+constexpr float kLineGap = 0.02F;    // between the surface and the lines beside it
+constexpr float kLabelGap = 0.05F;   // between the surface and the labels beside it
+constexpr float kHeightGap = 0.2F;   // between the surface and the labels of its heights
+constexpr float kLetterGap = 0.01F;  // between a label and a line
+
+constexpr float kTextUnit = kAxisTextScale * kTextToModel;  // model units per unit of text
+constexpr float kRim = 5.0F * kTextUnit;                    // around a label
+constexpr float kDescent = 11.0F * kTextUnit + kRim;        // below the baseline
+constexpr float kAscent = 36.0F * kTextUnit + kRim;         // above it
+constexpr float kLine = kAscent + kDescent;
+
+// How far the search for a free place goes from a label's own.
+constexpr float kStepOut = 0.01F;
+constexpr int kStepsOut = 25;
+constexpr std::array kLines = {0.0F, -1.0F, 1.0F, -2.0F, 2.0F, -3.0F, 3.0F};
+
+constexpr std::size_t kBottomLabel = 5;
+constexpr std::size_t kTopLabel = 6;
+using Labels = std::array<AxisLabel, 7>;
+
+/// Four corners in pixels; two of them twice for a line.
+using Quad = std::array<glm::vec2, 4>;
+
+/// Whether a side of `a` has all of `b` beyond it.
+bool sideParts(const Quad& a, const Quad& b) {
+  for (std::size_t i = 0; i < a.size(); ++i) {
+    const glm::vec2 side = a[(i + 1) % a.size()] - a[i];
+    const glm::vec2 normal(side.y, -side.x);
+    const auto along = [&](const glm::vec2& point) { return glm::dot(point, normal); };
+    const auto [aLow, aHigh] = std::ranges::minmax(a, {}, along);
+    const auto [bLow, bHigh] = std::ranges::minmax(b, {}, along);
+    if (along(aHigh) < along(bLow) || along(bHigh) < along(aLow)) return true;
+  }
+  return false;
+}
+
+bool overlap(const Quad& a, const Quad& b) { return !sideParts(a, b) && !sideParts(b, a); }
+
+/// Finds places for the labels of the heights.
+class HeightLabels {
+ public:
+  HeightLabels(const glm::mat4& toClip, int width, int height, const TextWidth& textWidth)
+      : toClip_(toClip), width_(width), height_(height), textWidth_(textWidth) {}
+
+  void place(Labels& labels, const AxisLines& lines) {
+    for (std::size_t i = 0; i < kBottomLabel; ++i) addObstacle(quadOf(labels[i]));
+    for (const auto& [from, to] : {std::pair{lines.corner, lines.endX},
+                                   {lines.corner, lines.endY},
+                                   {lines.bottom, lines.top}}) {
+      const auto a = onScreen(from);
+      const auto b = onScreen(to);
+      if (a && b) addObstacle(Quad{*a, *a, *b, *b});
+    }
+    AxisLabel& bottom = labels[kBottomLabel];
+    AxisLabel& top = labels[kTopLabel];
+    if (standOneOnTheOther(bottom, lines)) {
+      move(bottom,
+           [&](const AxisLabel& moved) { return free(moved) && free(onTopOf(moved, top)); });
+      top = onTopOf(bottom, top);
+    } else {
+      for (AxisLabel* label : {&bottom, &top}) {
+        move(*label, [this](const AxisLabel& moved) { return free(moved); });
+        addObstacle(quadOf(*label));
+      }
+    }
+  }
+
+ private:
+  /// Where a point is seen, in pixels; nowhere when it is beside or behind the eye.
+  [[nodiscard]] std::optional<glm::vec2> onScreen(const glm::vec3& point) const {
+    const glm::vec3 seen = project(toClip_, width_, height_, point);
+    if (!(std::abs(seen.z) <= 1.0F)) return {};
+    return glm::vec2(seen);
+  }
+
+  [[nodiscard]] std::optional<Quad> quadOf(const AxisLabel& label) const {
+    Quad quad;
+    const auto corners = cornersOf(label, textWidth_);
+    for (std::size_t i = 0; i < quad.size(); ++i) {
+      const auto seen = onScreen(corners[i]);
+      if (!seen) return {};
+      quad[i] = *seen;
+    }
+    return quad;
+  }
+
+  void addObstacle(const std::optional<Quad>& quad) {
+    if (quad) obstacles_.push_back(*quad);
+  }
+
+  [[nodiscard]] bool free(const AxisLabel& label) const {
+    const auto quad = quadOf(label);
+    return !quad || std::ranges::none_of(
+                        obstacles_, [&](const Quad& obstacle) { return overlap(*quad, obstacle); });
+  }
+
+  /// Whether the ends of the Z axis give the heights no order that reads from the top down.
+  [[nodiscard]] bool standOneOnTheOther(const AxisLabel& bottom, const AxisLines& lines) const {
+    constexpr float kFromAbove = 0.9F;  // cosine of how far the sheet is tilted
+    constexpr float kOnePlace = 1.5F;   // lines
+    const auto tip = onScreen(lines.top);
+    const auto foot = onScreen(lines.bottom);
+    const auto start = onScreen(bottom.place);
+    const auto lineUp = onScreen(bottom.place + glm::vec3(0.0F, kLine, 0.0F));
+    const auto lineRight = onScreen(bottom.place + glm::vec3(kLine, 0.0F, 0.0F));
+    if (!tip || !foot || !start || !lineUp || !lineRight) return false;
+    const glm::vec2 up = *lineUp - *start;
+    const glm::vec2 right = *lineRight - *start;
+    const glm::vec2 axis = *tip - *foot;
+    const float line = std::max(glm::length(up), glm::length(right));
+    const float rise = glm::dot(axis, up) / glm::dot(up, up);
+    const float facing = (right.y * up.x - right.x * up.y) / (line * line);
+    return rise < 1.0F && (facing > kFromAbove || glm::length(axis) < kOnePlace * line);
+  }
+
+  /// `label` in its own plane, seen right above `base` and with it ending at one edge.
+  [[nodiscard]] AxisLabel onTopOf(const AxisLabel& base, AxisLabel label) const {
+    const auto target = onScreen(cornersOf(base, textWidth_)[2]);
+    if (!target) return label;
+    const glm::vec3 corner = cornersOf(label, textWidth_)[1];
+    const auto at = pointSeenAt(*target, label.place.z);
+    if (at) label.place += glm::vec3(*at - glm::vec2(corner), 0.0F);
+    return label;
+  }
+
+  /// The point of the plane of height `z` that is seen at `pixel`; none when it is seen edge-on.
+  [[nodiscard]] std::optional<glm::vec2> pointSeenAt(const glm::vec2& pixel, float z) const {
+    const glm::vec3 near = unproject(toClip_, width_, height_, {pixel, -1.0F});
+    const glm::vec3 far = unproject(toClip_, width_, height_, {pixel, 0.9F});
+    const float part = (z - near.z) / (far.z - near.z);
+    if (!std::isfinite(part)) return {};
+    return glm::vec2(near + part * (far - near));
+  }
+
+  /// Moves `label` outwards and by whole lines to the first place that `fits`; where none does it
+  /// stays.
+  template <typename Fits>
+  static void move(AxisLabel& label, const Fits& fits) {
+    for (const float lines : kLines) {
+      for (int step = 0; step < kStepsOut; ++step) {
+        AxisLabel moved = label;
+        moved.place += glm::vec3(-kStepOut * static_cast<float>(step), lines * kLine, 0.0F);
+        if (!fits(moved)) continue;
+        label = moved;
+        return;
+      }
+    }
+  }
+
+  glm::mat4 toClip_;
+  int width_;
+  int height_;
+  const TextWidth& textWidth_;
+  std::vector<Quad> obstacles_;
+};
+
+}  // namespace
+
+AxisLines axisLines(const AxesRange& range) {
+  const float width = static_cast<float>(range.header->width) / kPointsPerUnit;
+  const float height = static_cast<float>(range.header->height) / kPointsPerUnit;
+  const auto beside = [](float z) { return glm::vec3(-kLineGap, -kLineGap, z); };
+  return {.corner = beside(0.0F),
+          .endX = {width, -kLineGap, 0.0F},
+          .endY = {-kLineGap, height - kLetterGap, 0.0F},
+          .bottom = beside(range.bottom * range.heightToModel),
+          .top = beside(range.top * range.heightToModel)};
+}
+
+std::array<glm::vec3, 4> cornersOf(const AxisLabel& label, const TextWidth& textWidth) {
+  const float right = textWidth(label.text, kAxisTextScale) * kTextToModel + kRim;
+  const auto corner = [&](float x, float y) { return label.place + glm::vec3(x, y, 0.0F); };
+  return {corner(-kRim, -kDescent), corner(right, -kDescent), corner(right, kAscent),
+          corner(-kRim, kAscent)};
+}
+
+std::array<AxisLabel, 7> axisLabels(const AxesRange& range, const glm::mat4& toClip, int width,
+                                    int height, const TextWidth& textWidth) {
+  const ResHeader& header = *range.header;
+  const float x = static_cast<float>(header.width) / kPointsPerUnit;
+  const float y = static_cast<float>(header.height) / kPointsPerUnit;
+  const auto length = [](double millimetres) { return shownText(millimetres, 2) + "mm"; };
+  const AxisLines lines = axisLines(range);
+  // Long ones stand further out, so that they end before the lines.
+  const auto heightLabel = [&](float micrometres, float z) -> AxisLabel {
+    std::string text = shownText(micrometres, 2) + "µm";
+    const float textEnd = textWidth(text, kAxisTextScale) * kTextToModel;
+    return {std::move(text), {std::min(-kHeightGap, -kLineGap - kLetterGap - textEnd), 0.0F, z}};
+  };
+  Labels labels = {{
+      {"X", {x / 2, -kLabelGap, 0}},
+      {"Y", {-kLabelGap, y / 2, 0}},
+      {"Z", {-kHeightGap, y, 0}},
+      {length(header.width * header.pixelSizeX), {x, -kLabelGap, 0}},
+      {length(header.height * header.pixelSizeY), {-kLabelGap, y, 0}},
+      heightLabel(range.bottom, lines.bottom.z),
+      heightLabel(range.top, lines.top.z),
+  }};
+  HeightLabels(toClip, width, height, textWidth).place(labels, lines);
+  return labels;
+}
+
+}  // namespace morvane

@@ -1,0 +1,128 @@
+// The labels of the axes as they are read on the screen.
+#include <gtest/gtest.h>
+
+#include <glm/geometric.hpp>
+#include <string>
+#include <vector>
+
+#include "geometry/axis_labels.h"
+#include "geometry/camera.h"
+
+namespace morvane {
+namespace {
+
+constexpr std::size_t kBottom = 5;
+constexpr std::size_t kTop = 6;
+
+float monospaced(std::string_view text, float scale) {
+  return 24.0F * scale * static_cast<float>(text.size());
+}
+
+/// Corners on the screen in pixels, y down; two for a line.
+using Shape = std::vector<glm::vec2>;
+
+/// Whether `point` lies in `shape`, clearly.
+bool contains(const Shape& shape, const glm::vec2& point) {
+  if (shape.size() < 3) return false;
+  for (std::size_t i = 0; i < shape.size(); ++i) {
+    const glm::vec2 side = shape[(i + 1) % shape.size()] - shape[i];
+    const glm::vec2 way = point - shape[i];
+    constexpr float kTouch = 0.1F;  // pixels
+    if (side.y * way.x - side.x * way.y < kTouch * glm::length(side)) return false;
+  }
+  return true;
+}
+
+/// Whether the outline of one comes into the other.
+bool meet(const Shape& a, const Shape& b) {
+  for (const auto& [outline, shape] : {std::pair{&a, &b}, {&b, &a}}) {
+    for (std::size_t i = 0; i < outline->size(); ++i) {
+      for (float part = 0.0F; part <= 1.0F; part += 0.005F) {
+        const glm::vec2 point =
+            glm::mix((*outline)[i], (*outline)[(i + 1) % outline->size()], part);
+        if (contains(*shape, point)) return true;
+      }
+    }
+  }
+  return false;
+}
+
+class AxisLabels : public testing::Test {
+ protected:
+  /// Lays out a surface of ±5 µm that stands `relief` model units high, turned by `degrees` about
+  /// the screen's x axis.
+  void show(int columns, int rows, float relief, float degrees, int width = 1130) {
+    ResHeader header;
+    header.width = columns;
+    header.height = rows;
+    header.pixelSizeX = header.pixelSizeY = 0.02;
+    const float zScale = relief / 10.0F / kHeightToModel;
+    Camera camera;
+    camera.rotation = glm::angleAxis(glm::radians(degrees), glm::vec3(1.0F, 0.0F, 0.0F));
+    constexpr int kHeight = 775;
+    const ViewMatrices matrices =
+        viewMatrices(camera, width, kHeight, header.width, header.height, zScale);
+    const glm::mat4 all = matrices.projection * matrices.view * matrices.overlay;
+    const AxesRange range{&header, -5.0F, 5.0F, heightToModel(zScale)};
+    labels = axisLabels(range, all, width, kHeight, monospaced);
+    const auto shapeOf = [&](const auto& corners) {
+      Shape shape;
+      for (const glm::vec3& corner : corners) {
+        shape.emplace_back(project(all, width, kHeight, corner));
+      }
+      return shape;
+    };
+    shapes.clear();
+    for (const AxisLabel& label : labels) shapes.push_back(shapeOf(cornersOf(label, monospaced)));
+    const AxisLines lines = axisLines(range);
+    shapes.push_back(shapeOf(std::array{lines.corner, lines.endX}));
+    shapes.push_back(shapeOf(std::array{lines.corner, lines.endY}));
+  }
+
+  void expectHeightsReadable() const {
+    for (const std::size_t height : {kBottom, kTop}) {
+      for (std::size_t i = 0; i < shapes.size(); ++i) {
+        EXPECT_FALSE(i != height && meet(shapes[height], shapes[i]))
+            << labels[height].text << " over text or line " << i;
+      }
+    }
+  }
+
+  std::array<AxisLabel, 7> labels;
+  std::vector<Shape> shapes;  // of the labels, then of the lines along x and y
+};
+
+TEST_F(AxisLabels, HeightsOverlapNothingAndReadFromTheTopDown) {
+  for (const auto& [columns, rows] : {std::pair{200, 200},
+                                      {400, 400},
+                                      {1000, 900},
+                                      {2000, 2000},
+                                      {4000, 4000},
+                                      {3000, 1000},
+                                      {1000, 3000},
+                                      {600, 20}}) {
+    for (const float steepness : {0.0F, 0.1F, 0.3F}) {
+      const float relief = steepness * static_cast<float>(columns) / 1000.0F;
+      for (const float degrees : {0.0F, -15.0F, -35.0F, -60.0F, 15.0F}) {
+        for (const int width : {320, 1130}) {
+          SCOPED_TRACE(std::to_string(columns) + " x " + std::to_string(rows) + " points, relief " +
+                       std::to_string(relief) + ", tilt " + std::to_string(degrees));
+          show(columns, rows, relief, degrees, width);
+          expectHeightsReadable();
+          const bool onTop = shapes[kTop][0].y <= shapes[kBottom][3].y + 0.1F;
+          EXPECT_TRUE(onTop || degrees != 0.0F) << "the top height is not above";
+        }
+      }
+    }
+  }
+}
+
+TEST_F(AxisLabels, HeightsStandAtTheEndsOfAnAxisThatIsSeenFromTheSide) {
+  show(1000, 1000, 0.3F, -45.0F);
+  EXPECT_EQ(labels[kBottom].place.y, 0.0F);
+  EXPECT_EQ(labels[kTop].place.y, 0.0F);
+  EXPECT_EQ(labels[kTop].place.x, -0.2F);
+}
+
+}  // namespace
+}  // namespace morvane
