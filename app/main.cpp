@@ -34,8 +34,8 @@ void stop(const char* format, ...) {
 
 int main(int argc, char** argv) {
   using namespace morvane;
+  openStandardStreams();
   Fl::fatal = stop;
-  openStandardOutput();
   const std::vector<std::string> words = commandLine(argc, argv);
 
   AppState& app = appState();

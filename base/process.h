@@ -10,8 +10,9 @@ namespace morvane {
 /// own arguments are taken where the system has no better ones.
 std::vector<std::string> commandLine(int argc, char** argv);
 
-/// Lets whoever started the program read what it writes to standard output when it is written: in
-/// the console, through a pipe or in a file. Call before anything is written.
-void openStandardOutput();
+/// Makes the standard streams safe to use. One that the starter closed leads to the null device, so
+/// that nothing opened later gets its number. Lines written to standard output can be read at once:
+/// in the console, through a pipe or in a file. Call first of all.
+void openStandardStreams();
 
 }  // namespace morvane

@@ -52,7 +52,7 @@ std::vector<std::string> commandLine(int argc, char** argv) {
   return texts;
 }
 
-void openStandardOutput() {
+void openStandardStreams() {
   borrowConsole();
   // The system's C library knows no line buffering: it would keep the lines until there are many.
   std::setvbuf(stdout, nullptr, _IONBF, 0);

@@ -41,6 +41,10 @@ std::string joined(std::span<const std::string> lines) {
   return text;
 }
 
+bool surfaceShown(const Image& picture) {
+  return chroma(picture.at({picture.width() / 2 + 75, picture.height() / 2 + 12})) > 60;
+}
+
 TEST(StartUp, WithoutAFileSaysItsStepsAndWaits) {
   Program program;
   expectInOrder(program,
@@ -94,6 +98,17 @@ TEST(StartUp, NeedsADisplayAndNothingElse) {
   Program withoutResources({}, Start{.program = folder.file("alone")});
   withoutResources.awaitLine("Display MRV3 GUI...");
   EXPECT_EQ(withoutResources.quit(), 0);
+}
+
+TEST(StartUp, WithClosedStandardStreamsOpensAndWorks) {
+  Program program({"-c", "exec \"$@\" <&- >&- 2>&-", "sh", MORVANE_PROGRAM, panel()},
+                  Start{.program = "sh"});
+  program.mainWindow().awaitPicture("the surface", surfaceShown);
+  for (const char* stream : {"0", "1", "2"}) {
+    const std::string link = "/proc/" + std::to_string(program.id()) + "/fd/" + stream;
+    EXPECT_EQ(std::filesystem::read_symlink(link), "/dev/null");
+  }
+  EXPECT_EQ(program.quit(), 0);
 }
 
 TEST(Open, TakesALinkAsADesktopHandsItOver) {
@@ -157,9 +172,6 @@ TEST(Open, WhatCannotBeOpenedLeavesThePictureAsItWas) {
   Program program({panel()});
   program.awaitLine(kFrameDrawn);
   const Window main = program.mainWindow();
-  const auto surfaceShown = [](const Image& picture) {
-    return chroma(picture.at({picture.width() / 2 + 75, picture.height() / 2 + 12})) > 60;
-  };
   const auto viewOf = [](const Image& picture) {
     return picture.part({150, 25, picture.width() - 150, picture.height() - 25});
   };
@@ -210,9 +222,7 @@ TEST(Open, WhatMemoryCannotHoldIsTold) {
   EXPECT_THAT(program.lines(), Contains("Binding Model Data...")) << "valid, but too large";
   program.mainWindow().key({"ctrl+o"});
   program.answerChooser(panel());
-  program.mainWindow().awaitPicture("the surface", [](const Image& picture) {
-    return chroma(picture.at({picture.width() / 2 + 75, picture.height() / 2 + 12})) > 60;
-  });
+  program.mainWindow().awaitPicture("the surface", surfaceShown);
   EXPECT_EQ(program.quit(), 0);
 }
 #endif

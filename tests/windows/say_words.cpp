@@ -5,7 +5,7 @@
 #include "base/process.h"
 
 int main(int argc, char** argv) {
-  morvane::openStandardOutput();
+  morvane::openStandardStreams();
   for (const std::string& word : morvane::commandLine(argc, argv)) std::cout << word << '\n';
   return std::cin.get() == EOF ? 0 : 1;
 }
