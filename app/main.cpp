@@ -10,6 +10,7 @@
 #include <string>
 #include <vector>
 
+#include "base/debug_log.h"
 #include "base/paths.h"
 #include "base/process.h"
 #include "ui/app_state.h"
@@ -35,6 +36,9 @@ void stop(const char* format, ...) {
 int main(int argc, char** argv) {
   using namespace morvane;
   openStandardStreams();
+  std::cout.rdbuf(logStream().rdbuf());
+  // The library's stream outlives the log's buffer.
+  std::atexit([] { std::cout.rdbuf(nullptr); });
   Fl::fatal = stop;
   const std::vector<std::string> words = commandLine(argc, argv);
 

@@ -1,8 +1,73 @@
 #include "base/debug_log.h"
 
+#include <cstddef>
 #include <iostream>
+#include <streambuf>
+#include <string>
+
+#include "base/process.h"
 
 namespace morvane {
+namespace {
+
+/// Writes as much of `text` as there is room for; returns the number of bytes.
+std::size_t writePieces(std::string_view text) {
+  std::size_t written = 0;
+  while (written < text.size()) {
+    const std::size_t piece = writeOutput(text.substr(written));
+    if (piece == 0) break;
+    written += piece;
+  }
+  return written;
+}
+
+class LogBuffer : public std::streambuf {
+ public:
+  LogBuffer() = default;
+  ~LogBuffer() override {
+    if (!line_.empty()) endLine();
+  }
+  LogBuffer(const LogBuffer&) = delete;
+  LogBuffer& operator=(const LogBuffer&) = delete;
+
+ protected:
+  int_type overflow(int_type character) override {
+    if (traits_type::eq_int_type(character, traits_type::eof())) return 0;
+    line_ += traits_type::to_char_type(character);
+    if (line_.back() == '\n') endLine();
+    return character;
+  }
+
+ private:
+  void endLine() {
+    if (dropped_ > 0 && take("(log) -- lines dropped: " + std::to_string(dropped_) + '\n')) {
+      dropped_ = 0;
+    }
+    if (dropped_ > 0 || !take(line_)) ++dropped_;
+    line_.clear();
+  }
+
+  /// Whether `text` is written, if only in part: its rest is then written before anything else.
+  bool take(std::string_view text) {
+    rest_.erase(0, writePieces(rest_));
+    if (!rest_.empty()) return false;
+    const std::size_t written = writePieces(text);
+    if (written == 0) return false;
+    rest_ = text.substr(written);
+    return true;
+  }
+
+  std::string line_, rest_;
+  std::size_t dropped_ = 0;
+};
+
+}  // namespace
+
+std::ostream& logStream() {
+  static LogBuffer buffer;
+  static std::ostream stream(&buffer);
+  return stream;
+}
 
 void DebugLog::write(std::string_view /*file*/, std::string_view text) {
   std::cout << text;

@@ -1,7 +1,9 @@
-// What the system hands to the program: its command line, and someone who reads its log.
+// What the system hands to the program: its command line and its standard streams.
 #pragma once
 
+#include <cstddef>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace morvane {
@@ -11,8 +13,12 @@ namespace morvane {
 std::vector<std::string> commandLine(int argc, char** argv);
 
 /// Makes the standard streams safe to use. One that the starter closed leads to the null device, so
-/// that nothing opened later gets its number. Lines written to standard output can be read at once:
-/// in the console, through a pipe or in a file. Call first of all.
+/// that nothing opened later gets its number. A reader that reads no further can neither end the
+/// program nor, except on Windows, make it wait. Call first of all.
 void openStandardStreams();
+
+/// Writes the first bytes of `text` to standard output and returns how many. 0 when there is no
+/// room now (a full pipe, a stopped terminal) or on any error.
+std::size_t writeOutput(std::string_view text);
 
 }  // namespace morvane

@@ -1,8 +1,13 @@
 #include "base/process.h"
 
 #include <fcntl.h>
+#include <poll.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
+#include <climits>
+#include <csignal>
 #include <cstdio>
 
 namespace morvane {
@@ -15,13 +20,39 @@ void fillClosedStreams() {
   }
 }
 
+/// Opens a pipe or terminal anew, so that writing to it never waits. The flag for that on what the
+/// starter handed over would be set for every process that shares it.
+void neverWaitFor(int stream) {
+  struct stat status {};
+  const bool isPipe = ::fstat(stream, &status) == 0 && S_ISFIFO(status.st_mode);
+  if (!isPipe && ::isatty(stream) == 0) return;
+  const std::string path = "/dev/fd/" + std::to_string(stream);
+  const int own = ::open(path.c_str(), O_WRONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);
+  if (own < 0) return;
+  ::dup2(own, stream);
+  ::close(own);
+}
+
 }  // namespace
 
 std::vector<std::string> commandLine(int argc, char** argv) { return {argv, argv + argc}; }
 
 void openStandardStreams() {
   fillClosedStreams();
+  for (const int stream : {STDOUT_FILENO, STDERR_FILENO}) neverWaitFor(stream);
+  // A reader that has gone, a file that may not grow, a terminal that stops what runs in the
+  // background: each is an error of one write then.
+  for (const int signal : {SIGPIPE, SIGXFSZ, SIGTTOU}) std::signal(signal, SIG_IGN);
   std::setvbuf(stdout, nullptr, _IOLBF, BUFSIZ);
+}
+
+std::size_t writeOutput(std::string_view text) {
+  // What could not be opened anew, as a socket, takes this much without waiting when it is ready.
+  pollfd output{STDOUT_FILENO, POLLOUT, 0};
+  if (::poll(&output, 1, 0) != 1) return 0;
+  const ssize_t written =
+      ::write(STDOUT_FILENO, text.data(), std::min<std::size_t>(text.size(), PIPE_BUF));
+  return written > 0 ? static_cast<std::size_t>(written) : 0;
 }
 
 }  // namespace morvane

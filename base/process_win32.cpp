@@ -58,4 +58,8 @@ void openStandardStreams() {
   std::setvbuf(stdout, nullptr, _IONBF, 0);
 }
 
+std::size_t writeOutput(std::string_view text) {
+  return std::fwrite(text.data(), 1, text.size(), stdout);
+}
+
 }  // namespace morvane

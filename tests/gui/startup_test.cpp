@@ -1,7 +1,12 @@
 // The road from the command line, the menu and the Open button to a measurement on show.
+#include <fcntl.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
+#include <array>
+#include <climits>
 #include <filesystem>
 #include <fstream>
 #include <initializer_list>
@@ -108,6 +113,37 @@ TEST(StartUp, WithClosedStandardStreamsOpensAndWorks) {
     const std::string link = "/proc/" + std::to_string(program.id()) + "/fd/" + stream;
     EXPECT_EQ(std::filesystem::read_symlink(link), "/dev/null");
   }
+  EXPECT_EQ(program.quit(), 0);
+}
+
+TEST(StartUp, WhoReadsTheLogNeitherHoldsNorEndsTheProgram) {
+  const TemporaryFolder folder;
+  const std::string path = folder.file("log");
+  ASSERT_EQ(mkfifo(path.c_str(), 0600), 0);
+  const int reader = open(path.c_str(), O_RDWR | O_NONBLOCK | O_CLOEXEC);
+  std::array<char, PIPE_BUF> piece{};
+  while (write(reader, piece.data(), piece.size()) > 0) continue;
+  Program program({"-c", "exec \"$@\" >" + path, "sh", MORVANE_PROGRAM, panel()},
+                  Start{.program = "sh"});
+  const Window window = program.mainWindow();
+  const Image picture = window.awaitPicture("the surface", surfaceShown);
+  const Point centre{picture.width() / 2 + 75, picture.height() / 2 + 12};
+
+  std::string log;
+  const auto readOn = [&] {
+    ssize_t got = 0;
+    while ((got = read(reader, piece.data(), piece.size())) > 0) {
+      log.append(piece.data(), static_cast<std::size_t>(got));
+    }
+    return log.find("SCALE: ") != std::string::npos;
+  };
+  EXPECT_FALSE(readOn());
+  window.wheel(centre, 1);
+  EXPECT_TRUE(eventually(readOn));
+  EXPECT_LT(log.find("(log) -- lines dropped: "), log.find("SCALE: "));
+
+  close(reader);
+  window.wheel(centre, 1);
   EXPECT_EQ(program.quit(), 0);
 }
 
