@@ -7,9 +7,11 @@
 #include <cstdio>
 #include <cstdlib>
 #include <iostream>
+#include <optional>
 #include <string>
 #include <vector>
 
+#include "app/command_line.h"
 #include "base/debug_log.h"
 #include "base/paths.h"
 #include "base/process.h"
@@ -41,6 +43,7 @@ int main(int argc, char** argv) {
   std::atexit([] { std::cout.rdbuf(nullptr); });
   Fl::fatal = stop;
   const std::vector<std::string> words = commandLine(argc, argv);
+  if (const std::optional<int> status = answerOption(words)) return *status;
 
   AppState& app = appState();
   const std::string program = words.empty() ? "" : words[0];
