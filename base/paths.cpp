@@ -46,6 +46,14 @@ std::string fileNameOf(std::string_view path) {
   return std::string(separator == std::string_view::npos ? path : path.substr(separator + 1));
 }
 
+std::string pathIn(std::string_view folder, std::string_view name) {
+  std::string path(folder);
+  path += kPathSeparator;
+  path += name;
+  if (kPathSeparator == '\\') std::replace(path.begin(), path.end(), '/', kPathSeparator);
+  return path;
+}
+
 std::string resourcePath(std::string_view exeFolder, std::string_view subfolder,
                          std::string_view name) {
   std::string path(exeFolder);

@@ -25,6 +25,9 @@ std::string folderOf(std::string_view path);
 /// What stands behind the last `/` or `\`; the whole text when it has neither.
 std::string fileNameOf(std::string_view path);
 
+/// `name` in `folder`. On Windows every separator becomes its own, which choosers insist on.
+std::string pathIn(std::string_view folder, std::string_view name);
+
 /// A file of the `resources` folder beside the executable, e.g. ("Icons", "open.png").
 std::string resourcePath(std::string_view exeFolder, std::string_view subfolder,
                          std::string_view name);

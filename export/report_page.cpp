@@ -42,6 +42,12 @@ ScreenRect reportArea(ScreenPoint mainWindow, int viewWidth, int viewHeight, int
   return {corner, {corner.x + viewWidth - kCoveredWidth, corner.y + viewHeight + profileHeight}};
 }
 
+std::string suggestedName(const std::string& measurementPath) {
+  std::string name = fileNameOf(measurementPath);
+  if (name.ends_with(".res")) name.resize(name.size() - 4);
+  return name;
+}
+
 std::string reportPath(const std::string& chosen) { return chosen + ".pdf"; }
 
 }  // namespace morvane

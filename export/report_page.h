@@ -50,6 +50,9 @@ ReportPage describePage(const ReportValues& values);
 /// corner on the screen.
 ScreenRect reportArea(ScreenPoint mainWindow, int viewWidth, int viewHeight, int profileHeight);
 
+/// The name a report is offered: the measurement's own without its ".res".
+std::string suggestedName(const std::string& measurementPath);
+
 /// Where a report goes that was given the name `chosen`: ".pdf" is added whatever was typed.
 std::string reportPath(const std::string& chosen);
 

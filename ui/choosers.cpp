@@ -1,18 +1,22 @@
 #include "ui/choosers.h"
 
 #include <FL/Fl_Native_File_Chooser.H>
+#include <FL/Fl_Window.H>
 #include <FL/fl_ask.H>
+#include <FL/fl_draw.H>
 
+#include <algorithm>
+
+#include "base/paths.h"
+#include "ui/app_state.h"
 #include "ui/call_soon.h"
+#include "ui/wrapped_text.h"
 
 namespace morvane {
 namespace {
 
-std::string answerOf(Fl_Native_File_Chooser& chooser) {
-  if (chooser.show() != 0) return {};
-  const char* name = chooser.filename();
-  return name != nullptr ? name : "";
-}
+// Not the main window's own, so that a list of windows tells them apart.
+constexpr const char* kBoxTitle = "Morvane Reader";
 
 /// `text` as the toolkit's boxes show it unchanged: their sign for a symbol is doubled.
 std::string plain(const std::string& text) {
@@ -24,42 +28,76 @@ std::string plain(const std::string& text) {
   return masked;
 }
 
-}  // namespace
-
-std::string chooseFileToOpen(const char* filter, const std::string& folder) {
-  Fl_Native_File_Chooser chooser(Fl_Native_File_Chooser::BROWSE_FILE);
-  chooser.filter(filter);
-  if (!folder.empty()) chooser.directory(folder.c_str());
-  return answerOf(chooser);
+/// Makes the toolkit's message box ready for `text`, as a box of the main window over the middle of
+/// that, and returns the text in lines that keep it there.
+std::string prepareBox(const std::string& text) {
+  constexpr int kBesideText = 80;  // icon and margins
+  constexpr int kBelowText = 70;   // buttons and margins
+  constexpr int kLeastWidth = 410;
+  Fl_Window& main = *appState().mainWindow;
+  // The toolkit lets a modal window belong to the one that was in front last.
+  Fl::first_window(&main);
+  fl_message_hotspot(0);
+  fl_message_title_default(kBoxTitle);
+  fl_font(FL_HELVETICA, FL_NORMAL_SIZE);
+  const std::string lines = wrappedText(text, main.w() - 2 * kBesideText);
+  int width = 0;
+  int height = 0;
+  fl_measure(lines.c_str(), width, height, 0);
+  width = std::max(width + kBesideText, kLeastWidth);
+  fl_message_icon()->window()->position(
+      main.x() + (main.w() - width) / 2,
+      std::max(main.y(), main.y() + (main.h() - height - kBelowText) / 2));
+  return plain(lines);
 }
 
-std::string chooseFileToSave(const SaveRequest& request) {
-  Fl_Native_File_Chooser chooser(Fl_Native_File_Chooser::BROWSE_SAVE_FILE);
+/// Lets the operator choose. The chooser's own questions come up as all others do.
+std::string answerOf(Fl_Native_File_Chooser& chooser, const FileRequest& request) {
   chooser.title(request.title);
   chooser.filter(request.filter);
-  if (!request.folder.empty()) chooser.directory(request.folder.c_str());
-  if (request.presetName != nullptr) chooser.preset_file(request.presetName);
-  if (request.confirmOverwrite) chooser.options(Fl_Native_File_Chooser::SAVEAS_CONFIRM);
-  return answerOf(chooser);
+  chooser.directory(request.folder.c_str());
+  prepareBox(Fl_Native_File_Chooser::file_exists_message);
+  if (chooser.show() != 0) return {};
+  const char* name = chooser.filename();
+  return name != nullptr ? name : "";
 }
 
-void showAlert(const std::string& text) { fl_alert("%s", plain(text).c_str()); }
+int choose(const std::string& question, const char* no, const char* yes) {
+  return fl_choice("%s", no, yes, nullptr, prepareBox(question).c_str());
+}
+
+}  // namespace
+
+std::string chooseFileToOpen(const FileRequest& request) {
+  Fl_Native_File_Chooser chooser(Fl_Native_File_Chooser::BROWSE_FILE);
+  return answerOf(chooser, request);
+}
+
+std::string chooseFileToSave(const FileRequest& request) {
+  Fl_Native_File_Chooser chooser(Fl_Native_File_Chooser::BROWSE_SAVE_FILE);
+  if (!request.presetName.empty()) {
+    // A whole path: the toolkit's own chooser takes a bare name for one in the current folder.
+    chooser.preset_file(pathIn(request.folder, request.presetName).c_str());
+  }
+  if (request.confirmOverwrite) chooser.options(Fl_Native_File_Chooser::SAVEAS_CONFIRM);
+  return answerOf(chooser, request);
+}
+
+void showAlert(const std::string& text) { fl_alert("%s", prepareBox(text).c_str()); }
 
 void showAlertSoon(const std::string& text) { callSoon(showAlert, text); }
 
 std::string askName(const std::string& question, const std::string& preset) {
-  const char* answer = fl_input("%s", preset.c_str(), question.c_str());
+  const char* answer = fl_input("%s", preset.c_str(), prepareBox(question).c_str());
   return answer != nullptr ? answer : "";
 }
 
 bool confirmOpen(const std::string& path) {
-  return fl_choice("%s\n\nThe file is saved. Open it now?", "No", "Open", nullptr,
-                   plain(path).c_str()) == 1;
+  return choose(path + "\n\nThe file is saved. Open it now?", "No", "Open") == 1;
 }
 
 bool confirmReplace(const std::string& path) {
-  return fl_choice("%s\n\nThis file exists already.", "Cancel", "Replace", nullptr,
-                   plain(path).c_str()) == 1;
+  return choose(path + "\n\nThis file exists already.", "Cancel", "Replace") == 1;
 }
 
 }  // namespace morvane

@@ -5,21 +5,20 @@
 
 namespace morvane {
 
-/// Asks for one existing file that fits `filter`, e.g. "*.res", starting in `folder` where that is
-/// not empty. Empty when cancelled.
-std::string chooseFileToOpen(const char* filter, const std::string& folder);
-
-/// What a save chooser starts with.
-struct SaveRequest {
+/// What a chooser says and starts with.
+struct FileRequest {
   const char* title;
-  const char* filter;
+  const char* filter;  ///< e.g. "*.res"
   std::string folder;
-  const char* presetName;
-  bool confirmOverwrite;
+  std::string presetName = {};    ///< to save under
+  bool confirmOverwrite = false;  ///< asks again before the name of a file that is there
 };
 
+/// Asks for one existing file. Empty when cancelled.
+std::string chooseFileToOpen(const FileRequest& request);
+
 /// Asks for a name to save under. Empty when cancelled.
-std::string chooseFileToSave(const SaveRequest& request);
+std::string chooseFileToSave(const FileRequest& request);
 
 /// Shows `text` until it is confirmed.
 void showAlert(const std::string& text);

@@ -41,7 +41,7 @@ std::string pathToOpen(long mode) {
     path = appState().startupFile;
     if (!fileExists(path)) path = pathOfLink(path);
   } else {
-    path = chooseFileToOpen("*.res", lastFolder());
+    path = chooseFileToOpen({"Open measurement", "*.res", startFolder()});
   }
   std::cout << "(ChooseFile) - Filename to open: " << path << '\n';
   return path;
@@ -132,9 +132,9 @@ void showOpened() {
 
 }  // namespace
 
-std::string lastFolder() {
+std::string startFolder() {
   const std::string& path = appState().glView->measurement().path;
-  return path.find_first_of("/\\") == std::string::npos ? std::string() : folderOf(path);
+  return path.empty() ? documentsFolder() : absoluteFolderOf(path);
 }
 
 void openMeasurement(Fl_Widget* /*widget*/, long mode) { openFile(pathToOpen(mode)); }

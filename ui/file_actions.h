@@ -17,8 +17,8 @@ inline constexpr long kOpenFromButton = 4;
 /// both cases what is on show stays as it is and usable.
 void openMeasurement(Fl_Widget* widget, long mode);
 
-/// The folder of the measurement on show; empty before the first.
-std::string lastFolder();
+/// Where choosers start: the folder of the measurement on show; before the first, the documents.
+std::string startFolder();
 
 /// Opens `path` as `openMeasurement` does with the file that was chosen.
 void openFile(const std::string& path);

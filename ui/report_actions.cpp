@@ -59,7 +59,9 @@ std::string chooseReportPath() {
   log("Creating File Chooser");
   log("Adding File Filter");
   log("Displaying File Chooser");
-  const std::string chosen = chooseFileToSave({nullptr, "*.pdf", lastFolder(), nullptr, false});
+  const std::string chosen =
+      chooseFileToSave({"Save report", "*.pdf", startFolder(),
+                        suggestedName(appState().glView->measurement().path)});
   log("Copying Filename to Char*");
   log("Filename is : " + chosen);
   if (chosen.empty()) {

@@ -50,6 +50,12 @@ TEST_F(Copy, IsByteForByteAndAlwaysGetsItsExtension) {
   EXPECT_THAT(program_.lines(), Contains("CANNOT ACCESS: " + folder()));
 }
 
+TEST_F(Copy, IsOfferedANameInTheFolderForSavedFiles) {
+  program_.mainWindow().key({"ctrl+s"});
+  program_.window("Save Copy as").key({"Return"});
+  program_.awaitLine("destination: " + folder() + "/Untitled.res");
+}
+
 TEST_F(Copy, CancelledOrRefusedWritesNothing) {
   save("");
   program_.awaitLine("Cancelled save");

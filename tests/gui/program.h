@@ -55,11 +55,11 @@ class Program {
   [[nodiscard]] Window window(const std::string& title) const;
   [[nodiscard]] Window mainWindow() const { return window("Morvane Reader Software"); }
   /// Waits for a message box.
-  [[nodiscard]] Window alert() const { return window(""); }
+  [[nodiscard]] Window alert() const { return window("Morvane Reader"); }
 
   /// Waits for the file chooser, types `path` into it and confirms, or leaves it with Escape when
   /// `path` is empty. Returns when it has gone.
-  void answerChooser(const std::string& path, const std::string& title = "Choose File") const;
+  void answerChooser(const std::string& path, const std::string& title = "Open measurement") const;
 
   /// Memory the program holds now.
   [[nodiscard]] long residentKilobytes() const;

@@ -62,9 +62,10 @@ void expectAlike(const Image& picture, const Image& screen) {
 class Report : public testing::Test {
  protected:
   /// Starts the program on a measurement through `launcher`, words that run what follows them.
-  void open(const std::vector<std::string>& launcher = {"env"}) {
+  void open(const std::vector<std::string>& launcher = {"env"},
+            const std::string& measurement = golden::file("panel/measurement.res").string()) {
     std::vector<std::string> words(launcher.begin() + 1, launcher.end());
-    words.insert(words.end(), {MORVANE_PROGRAM, golden::file("panel/measurement.res").string()});
+    words.insert(words.end(), {MORVANE_PROGRAM, measurement});
     program_ = std::make_unique<Program>(words, Start{.program = launcher.front()});
     program_->mainWindow().awaitPicture("the surface", [](const Image& p) {
       return p.part({650, 370, 130, 90}).count([](const Rgb& c) { return chroma(c) > 80; }) > 2000;
@@ -72,7 +73,7 @@ class Report : public testing::Test {
   }
   void press(const std::string& name) {
     program_->mainWindow().click(kReport);
-    program_->answerChooser(name, "");
+    program_->answerChooser(name, "Save report");
   }
   /// Waits until the report stands in the folder, and returns its path.
   std::string awaitReport(const std::string& name = "report.pdf") {
@@ -86,11 +87,15 @@ class Report : public testing::Test {
 };
 
 TEST_F(Report, IsAPageWithThePictureAndItsNumbers) {
-  open();
-  press(folder_.file("report"));
-  const std::string path = awaitReport();
+  std::filesystem::copy_file(golden::file("panel/measurement.res"), folder_.file("plate.res"));
+  open({"env"}, folder_.file("plate.res"));
+  program_->mainWindow().click(kReport);
+  const Window chooser = program_->window("Save report");
+  chooser.key({"Return"});
+  chooser.awaitGone();
+  const std::string path = awaitReport("plate.pdf");
   const std::string text = outputOf("pdftotext -layout '" + path + "' -");
-  for (const char* words : {"Morvane Reader Report:", "Date: ", "Time: ", "measurement.res",
+  for (const char* words : {"Morvane Reader Report:", "Date: ", "Time: ", "plate.res",
                             "Scaling: 498.8x", "Crop Min: -6.1", "Crop Max: 6.2"}) {
     EXPECT_THAT(text, HasSubstr(words));
   }

@@ -101,7 +101,7 @@ class Soak : public testing::Test {
   }
   void report() {
     window().click(kReport);
-    program_.answerChooser(folder_.file("report"), "");
+    program_.answerChooser(folder_.file("report"), "Save report");
   }
   void resize() { window().resize(700 + upTo(880), 720 + upTo(200)); }
 
