@@ -45,8 +45,16 @@ class FilterWeights {
   FilterWeights(FilterType type, std::size_t columns, const GaussianWeights& low,
                 const GaussianWeights& high)
       : type_(type), low_(low), high_(high), row_(columns), highRow_(columns) {
-    if (type_ == FilterType::kBandPass) divisor_ = weightDivisor(largestProduct());
+    if (type_ != FilterType::kBandPass) return;
+    // Below this a product may be the rounding of weights near 0 and 1 alone.
+    constexpr double kLeastProduct = 1e-6;
+    const double largest = largestProduct();
+    passesNothing_ = largest <= kLeastProduct;
+    divisor_ = weightDivisor(largest);
   }
+
+  /// Whether a band pass has the weight 0 everywhere.
+  [[nodiscard]] bool passesNothing() const { return passesNothing_; }
 
   /// Rows are to be asked for in their order; each is good until the next.
   std::span<const double> row(std::size_t y) {
@@ -60,7 +68,7 @@ class FilterWeights {
         break;
       case FilterType::kBandPass:
         fillProducts(y);
-        for (double& weight : row_) weight /= divisor_;
+        for (double& weight : row_) weight = passesNothing_ ? 0.0 : weight / divisor_;
         break;
     }
     return row_;
@@ -72,7 +80,8 @@ class FilterWeights {
   void fillProducts(std::size_t y) {
     low_.lowPassRow(y, row_);
     high_.highPassRow(y, highRow_);
-    for (std::size_t k = 0; k < row_.size(); ++k) row_[k] *= highRow_[k];
+    // A high pass may round to a little below 0, which a small divisor would make much of.
+    for (std::size_t k = 0; k < row_.size(); ++k) row_[k] = std::max(0.0, row_[k] * highRow_[k]);
   }
 
   double largestProduct() {
@@ -90,6 +99,7 @@ class FilterWeights {
   const GaussianWeights& high_;
   std::vector<double> row_;
   std::vector<double> highRow_;
+  bool passesNothing_ = false;
   double divisor_ = 1.0;
 };
 
@@ -158,6 +168,17 @@ bool filterGrid(std::span<const double> input, std::span<double> output, int nx,
     const GaussianWeights high(nx, ny, highCutX, highCutY, pixelX, pixelY);
     FilterWeights weights(type, spectrumColumns(nx), low, high);
     return transformAndWeigh(input, output, nx, ny, weights);
+  } catch (const std::bad_alloc&) {
+    return false;
+  }
+}
+
+bool bandPassesNothing(int nx, int ny, float l1, float l2, float pixelX, float pixelY) {
+  if (nx < 1 || ny < 1) return false;
+  try {
+    const GaussianWeights low(nx, ny, l1, l1, pixelX, pixelY);
+    const GaussianWeights high(nx, ny, l2, l2, pixelX, pixelY);
+    return FilterWeights(FilterType::kBandPass, spectrumColumns(nx), low, high).passesNothing();
   } catch (const std::bad_alloc&) {
     return false;
   }

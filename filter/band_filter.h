@@ -23,7 +23,8 @@ std::string_view wordOf(FilterType type);
 ///
 /// A high and a low pass use the low cut-offs; a band pass is the low pass at the low cut-offs
 /// times the high pass at the high ones, scaled so that its largest weight is 1, whichever way
-/// round the cut-offs are. The weights are those of `GaussianWeights`.
+/// round the cut-offs are. Where no weight would exceed 1e-6 before that, nothing passes: what is
+/// left could be rounding. The weights are those of `GaussianWeights`.
 ///
 /// Missing points count as the mean of the rest and are NaN in the output; every other height of
 /// the output is a number whatever the cut-offs and pixels. False when memory cannot hold the
@@ -33,6 +34,10 @@ std::string_view wordOf(FilterType type);
 [[nodiscard]] bool filterGrid(std::span<const double> input, std::span<double> output, int nx,
                               int ny, float lowCutX, float lowCutY, float highCutX, float highCutY,
                               float pixelX, float pixelY, FilterType type);
+
+/// Whether a band pass with these cut-offs, in mm, lets nothing of a grid of `nx` × `ny` points
+/// through.
+bool bandPassesNothing(int nx, int ny, float l1, float l2, float pixelX, float pixelY);
 
 /// What the operator set.
 struct FilterSettings {

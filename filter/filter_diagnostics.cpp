@@ -30,7 +30,9 @@ std::vector<double> axisWeights(int size, bool negative, float cut, float pixel)
   std::vector<double> weights;
   for (const int wave : waves) {
     const float f = static_cast<float>(wave) / length;
-    weights.push_back(std::exp(-kFourPiSquared * (s * s) * (f * f)));
+    const float exponent = -kFourPiSquared * (s * s) * (f * f);
+    // As in the filter: without a usable cut-off all passes.
+    weights.push_back(std::isnan(exponent) ? 1.0F : std::exp(exponent));
   }
   return weights;
 }

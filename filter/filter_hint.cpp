@@ -1,5 +1,6 @@
 #include "filter/filter_hint.h"
 
+#include <algorithm>
 #include <sstream>
 #include <string_view>
 
@@ -25,13 +26,22 @@ std::string oddity(std::string_view name, const std::string& typed, double field
 
 }  // namespace
 
-std::string filterHint(const FilterSettings& settings, double fieldLength) {
+std::string filterHint(const FilterSettings& settings, const ResHeader& header) {
+  const bool bandPass = typeOf(settings) == FilterType::kBandPass;
+  const float l1 = cutOffOf(settings.l1);
+  const float l2 = cutOffOf(settings.l2);
+  if (bandPass &&
+      bandPassesNothing(header.width, header.height, l1, l2, static_cast<float>(header.pixelSizeX),
+                        static_cast<float>(header.pixelSizeY))) {
+    return "Nothing passes between these cut-offs.";
+  }
+  const double fieldLength =
+      std::max(header.width * header.pixelSizeX, header.height * header.pixelSizeY);
   std::string hint = oddity("L1", settings.l1, fieldLength);
-  if (!hint.empty() || typeOf(settings) != FilterType::kBandPass) return hint;
+  if (!hint.empty() || !bandPass) return hint;
   hint = oddity("L2", settings.l2, fieldLength);
   if (!hint.empty()) return hint;
-  if (!(cutOffOf(settings.l1) < cutOffOf(settings.l2))) return "L1 is not below L2.";
-  return {};
+  return l1 < l2 ? "" : "L1 is not below L2.";
 }
 
 }  // namespace morvane

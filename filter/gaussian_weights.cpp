@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <numbers>
 
 namespace morvane {
@@ -60,7 +61,9 @@ bool fits(std::span<const double> grid, int nx, int ny) {
 
 double weightDivisor(double largest) {
   const auto narrowed = static_cast<float>(largest);
-  return narrowed > 0.0F ? narrowed : 1.0;
+  if (narrowed == 0.0F) return 1.0;
+  // Below its normal range single precision is too coarse: weights would go far beyond 1.
+  return narrowed < std::numeric_limits<float>::min() ? largest : narrowed;
 }
 
 // The largest product is that of the two largest factors: products of two floats are exact in

@@ -49,8 +49,8 @@ class GaussianWeights {
   double largest_;
 };
 
-/// What a weight grid with this largest element is divided by: the element in single precision, or
-/// 1 where that is 0.
+/// What a weight grid with this largest element is divided by: the element in single precision; in
+/// double where it lies below the normal range of single; 1 where single makes it 0.
 double weightDivisor(double largest);
 
 /// Fills `weights` (`ny` rows of `spectrumColumns(nx)`) with the weights of `GaussianWeights`.

@@ -100,7 +100,7 @@ void filter(const Measurement& measurement, FilterSettings settings, SurfaceMode
        {&FilterSettings::highPass, &FilterSettings::lowPass, &FilterSettings::bandPass}) {
     settings.highPass = settings.lowPass = settings.bandPass = false;
     settings.*type = true;
-    [[maybe_unused]] const std::string hint = filterHint(settings, measurement.header.pixelSizeX);
+    [[maybe_unused]] const std::string hint = filterHint(settings, measurement.header);
     const FilterRun run = runFilter(settings, measurement, log);
     demand(run.status == FilterStatus::kDone, "a small grid is filtered");
     const auto filtered = run.filtered->values();

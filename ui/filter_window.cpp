@@ -113,7 +113,7 @@ void FilterWindow::takeSettings() {
 }
 
 bool FilterWindow::updateHint() {
-  const std::string hint = filterHint(settings(), fieldLength ? fieldLength() : 0.0);
+  const std::string hint = filterHint(settings(), header ? header() : ResHeader{});
   showHint(hint);
   return !hint.empty();
 }

@@ -38,8 +38,8 @@ class FilterWindow : public Fl_Double_Window {
   /// Gives it its first place on the screen; later it stays where the operator has put it.
   void placeOnce(int x, int y);
 
-  std::function<void()> onApply;        ///< "Apply" was pressed
-  std::function<double()> fieldLength;  ///< of the surface on show, mm; 0 without one
+  std::function<void()> onApply;      ///< "Apply" was pressed
+  std::function<ResHeader()> header;  ///< of the surface on show; sizes of 0 without one
 
  private:
   static Fl_Check_Button* addType(int y, const char* label);

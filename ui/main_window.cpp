@@ -9,8 +9,6 @@
 #include <FL/Fl_Shared_Image.H>
 #include <FL/Fl_Text_Display.H>
 
-#include <algorithm>
-
 #include "base/folders.h"
 #include "base/paths.h"
 #include "base/safe_file.h"
@@ -144,10 +142,7 @@ GLWindow* makeView(AppState& app) {
 FilterWindow* makeFilterWindow() {
   auto* window = new FilterWindow;
   window->onApply = applyFilter;
-  window->fieldLength = [] {
-    const ResHeader& header = appState().glView->measurement().header;
-    return std::max(header.width * header.pixelSizeX, header.height * header.pixelSizeY);
-  };
+  window->header = [] { return appState().glView->measurement().header; };
   return window;
 }
 

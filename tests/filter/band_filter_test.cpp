@@ -6,6 +6,7 @@
 #include <cmath>
 #include <functional>
 #include <limits>
+#include <numbers>
 #include <numeric>
 #include <sstream>
 
@@ -98,6 +99,34 @@ TEST(Filter, ImpossibleSettingsGiveNumbers) {
   }
 }
 
+// A weight above 1 would show as more energy than there was (Parseval's theorem), one below 0 as a
+// wave turned over.
+TEST(Filter, NoCutOffLetsRoundingGrow) {
+  const auto product = [](std::span<const double> a, std::span<const double> b) {
+    return std::inner_product(a.begin(), a.end(), b.begin(), 0.0);
+  };
+  // Nearly all of it in the longest wave, on 0.4 mm by 0.3 mm.
+  const auto grid = roughGrid(40, 30);
+  for (std::size_t i = 0; i < grid->count(); ++i) {
+    grid->values()[i] += 1000.0 * std::cos(std::numbers::pi / 20.0 * static_cast<double>(i % 40));
+  }
+  const double all = product(grid->values(), grid->values());
+  for (float l1 = 0.2F; l1 < 3.1F; l1 += 0.02F) {
+    for (const float l2 : {0.0F, 0.5F, 1.1F, 2.8F, 2.9F, 20.0F}) {
+      for (const FilterType type : kTypes) {
+        const std::vector<double> kept = filtered(*grid, type, l1, l2);
+        ASSERT_LE(product(kept, kept), all * 1.000001) << wordOf(type) << ' ' << l1;
+        ASSERT_GE(product(kept, grid->values()), all * -1e-6) << wordOf(type) << ' ' << l1;
+        const bool none = bandPassesNothing(40, 30, l1, l2, kPixel, kPixel);
+        const bool band = type == FilterType::kBandPass;
+        EXPECT_TRUE(!band || (product(kept, kept) == 0.0) == none) << l1 << ' ' << l2;
+      }
+    }
+  }
+  EXPECT_TRUE(bandPassesNothing(400, 300, 30.98F, 57.59F, 0.02F, 0.02F));
+  EXPECT_FALSE(bandPassesNothing(400, 300, 0.8F, 57.59F, 0.02F, 0.02F));
+}
+
 TEST(Filter, RefusesSizesThatAreNotTheGrids) {
   std::vector<double> heights(6, 1.0);
   std::vector<double> output(6);
@@ -143,13 +172,15 @@ TEST(FilterRun, TakesTheNumberACutOffBeginsWith) {
 
 TEST(FilterHint, NamesTheFirstOddThing) {
   const auto hint = [](const char* l1, const char* l2, bool bandPass) {
-    return filterHint({.l1 = l1, .l2 = l2, .lowPass = !bandPass, .bandPass = bandPass}, 20.0);
+    const ResHeader header{.width = 1000, .height = 800, .pixelSizeX = 0.02, .pixelSizeY = 0.01};
+    return filterHint({.l1 = l1, .l2 = l2, .lowPass = !bandPass, .bandPass = bandPass}, header);
   };
   EXPECT_EQ(hint("0.15", "2", true), "");
   EXPECT_EQ(hint("0.8", "rubbish", false), "");
   EXPECT_EQ(hint("", "", false), "");
   EXPECT_EQ(hint("2", "0.15", true), "L1 is not below L2.");
-  EXPECT_EQ(hint("1", "", true), "L1 is not below L2.");
+  EXPECT_EQ(hint("1", "", true), "Nothing passes between these cut-offs.");
+  EXPECT_EQ(hint("60", "90", true), "Nothing passes between these cut-offs.");
   EXPECT_EQ(hint("-3", "2", true), "L1 is negative: its sign does not count.");
   EXPECT_EQ(hint("0.15", "20.5", true), "L2 is longer than the measured field, 20.00 mm.");
   for (const char* rubbish : {"-.", "--5", ".-5", "..5", "+-3"}) {
@@ -157,8 +188,8 @@ TEST(FilterHint, NamesTheFirstOddThing) {
   }
   EXPECT_EQ(hint("1.234.5", "", false), "L1 is not a number: it counts as 1.234.");
   EXPECT_EQ(hint("  +.8", "", false), "");
-  EXPECT_EQ(filterHint({.l1 = "30", .l2 = "", .lowPass = true}, 0.0), "");
-  EXPECT_EQ(filterHint({.l1 = "0.8", .l2 = "", .lowPass = true}, 0.8), "");
+  EXPECT_EQ(hint("20", "", false), "");
+  EXPECT_EQ(filterHint({.l1 = "30", .l2 = "", .lowPass = true}, {}), "");
 }
 
 TEST(FilterDiagnostics, ReadRawFilesAndMeasureDeviation) {
