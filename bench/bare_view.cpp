@@ -1,7 +1,4 @@
 // A bare program around the picture: what the way from start to picture costs without any other.
-//   bare_view               shows an empty window, says "shown"
-//   bare_view FILE [FRAMES] uploads and draws the three buffers of the measurement's surface, says
-//                           "drawn", then turns it for so many frames and says what one took
 #include <FL/Fl.H>
 #include <FL/Fl_Gl_Window.H>
 #include <GL/glew.h>
@@ -17,6 +14,7 @@
 #include "geometry/camera.h"
 #include "resfile/res_file.h"
 #include "surface/surface_model.h"
+#include "tools/usage.h"
 #include "ui/gl_mode.h"
 #include "view/shader_program.h"
 #include "view/shader_sources.h"
@@ -24,6 +22,12 @@
 namespace {
 
 using namespace morvane;
+
+constexpr const char* kUse =
+    "bare_view [FILE [FRAMES]]\n"
+    "Without a file it shows an empty window and says \"shown\". With one it uploads and draws\n"
+    "the three buffers of the measurement's surface and says \"drawn\", then turns it for so\n"
+    "many frames and says what one took.";
 
 class BareView : public Fl_Gl_Window {
  public:
@@ -114,6 +118,7 @@ int showEmpty() {
 }  // namespace
 
 int main(int argc, char** argv) {
+  if (const auto status = toldUse(argc, argv, argc <= 3, kUse)) return *status;
   if (argc < 2) return showEmpty();
   BareView view(argv[1], argc > 2 ? std::atoi(argv[2]) : 0);
   view.show();

@@ -11,6 +11,7 @@
 #include "base/memory_advice.h"
 #include "bench/figures.h"
 #include "filter/band_filter.h"
+#include "tools/usage.h"
 
 namespace {
 
@@ -77,6 +78,11 @@ void add(const std::string& name, Function function, const Arguments&... argumen
 }  // namespace
 
 int main(int argc, char** argv) {
+  constexpr const char* kUse =
+      "filter_bench [OPTION...]\n"
+      "Measures filtering beside its floor.\n"
+      "The options are those of Google Benchmark, e.g. --benchmark_filter=low_1000.";
+  if (const auto status = morvane::toldUse(argc, argv, true, kUse)) return *status;
   constexpr double kLimit = 1.4;
   std::vector<morvane::bench::Figure> figures;
   for (const std::size_t side : {1000U, 2000U, 4000U}) {

@@ -4,6 +4,9 @@
 # surface is turned by mouse (medians), memory held and at its peak; last the straight lines through
 # them. Needs a display with a window manager, xdotool and 4 GB of memory.
 set -euo pipefail
+
+case ${1-} in -h | --help) sed -n '2,5s/^# \{0,1\}//p' "${BASH_SOURCE[0]}"; exit 0 ;; esac
+
 program=$1 make_grid=$2 runs=${3:-3}
 # shellcheck source=bench/lib.sh
 . "$(dirname "${BASH_SOURCE[0]}")/lib.sh"

@@ -1,15 +1,15 @@
-// Writes a square measurement of waves: make_grid SIDE FILE.
+// Writes a square measurement of waves.
 #include <cmath>
 #include <cstdlib>
-#include <iostream>
 
 #include "tools/measurement_builder.h"
+#include "tools/usage.h"
 
 int main(int argc, char** argv) {
-  if (argc != 3) {
-    std::cerr << "make_grid SIDE FILE\n";
-    return 2;
-  }
+  constexpr const char* kUse =
+      "make_grid SIDE FILE\n"
+      "Writes a measurement of SIDE x SIDE points.";
+  if (const auto status = morvane::toldUse(argc, argv, argc == 3, kUse)) return *status;
   morvane::MeasurementContent content;
   const auto side = static_cast<std::int32_t>(std::strtol(argv[1], nullptr, 10));
   content.width = side;

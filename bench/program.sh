@@ -3,6 +3,9 @@
 # nothing else: bench/program.sh PROGRAM BARE_VIEW MAKE_GRID [RUNS]. Medians, in milliseconds. Needs
 # a display with a window manager, xdotool and xprop, and 4 GB of memory.
 set -euo pipefail
+
+case ${1-} in -h | --help) sed -n '2,4s/^# \{0,1\}//p' "${BASH_SOURCE[0]}"; exit 0 ;; esac
+
 program=$1 bare=$2 make_grid=$3 runs=${4:-5}
 # shellcheck source=bench/lib.sh
 . "$(dirname "${BASH_SOURCE[0]}")/lib.sh"

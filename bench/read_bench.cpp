@@ -15,6 +15,7 @@
 #include "base/safe_file.h"
 #include "bench/figures.h"
 #include "resfile/res_file.h"
+#include "tools/usage.h"
 
 namespace {
 
@@ -67,6 +68,11 @@ void readFloor(benchmark::State& state, const std::string& path) {
 }  // namespace
 
 int main(int argc, char** argv) {
+  constexpr const char* kUse =
+      "read_bench [OPTION...]\n"
+      "Measures reading a measurement beside its floor.\n"
+      "The options are those of Google Benchmark, e.g. --benchmark_filter=read_8MB.";
+  if (const auto status = morvane::toldUse(argc, argv, true, kUse)) return *status;
   std::vector<morvane::bench::Figure> figures;
   std::vector<std::string> paths;
   const auto add = [&paths](const std::string& name, auto function) {

@@ -11,6 +11,7 @@
 #include "base/memory_advice.h"
 #include "bench/figures.h"
 #include "surface/surface_model.h"
+#include "tools/usage.h"
 
 namespace {
 
@@ -116,6 +117,11 @@ void add(const std::string& name, Function function,
 }  // namespace
 
 int main(int argc, char** argv) {
+  constexpr const char* kUse =
+      "surface_bench [OPTION...]\n"
+      "Measures statistics and surface build beside its floor.\n"
+      "The options are those of Google Benchmark, e.g. --benchmark_filter=build_1000.";
+  if (const auto status = morvane::toldUse(argc, argv, true, kUse)) return *status;
   constexpr double kMsPerMillionPoints = 15.0;
   std::vector<morvane::bench::Figure> figures;
   for (const std::size_t side : {1000U, 2000U, 4000U}) {

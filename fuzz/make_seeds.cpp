@@ -1,5 +1,4 @@
-// Makes the seeds of the fuzz targets: make_seeds FOLDER FILE.... Measurements and bitmaps that are
-// small are copied, larger ones are cut to a piece.
+// Makes the seeds of the fuzz targets.
 #include <cstdio>
 #include <exception>
 #include <filesystem>
@@ -10,12 +9,16 @@
 #include "resfile/region_file.h"
 #include "tools/bitmap_builder.h"
 #include "tools/measurement_builder.h"
+#include "tools/usage.h"
 
 namespace {
 
 using namespace morvane;
 namespace fs = std::filesystem;
 
+constexpr const char* kUse =
+    "make_seeds FOLDER FILE...\n"
+    "Copies to FOLDER measurements and bitmaps that are small, and of larger ones a piece.";
 constexpr std::size_t kSide = 12;
 constexpr std::uintmax_t kSmall = 2000;  // bytes
 
@@ -41,10 +44,7 @@ void cutBitmap(const fs::path& from, const fs::path& to) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  if (argc < 3) {
-    std::fprintf(stderr, "usage: make_seeds FOLDER FILE...\n");
-    return 2;
-  }
+  if (const auto status = toldUse(argc, argv, argc > 2, kUse)) return *status;
   try {
     std::clog.setstate(std::ios::failbit);
     for (int i = 2; i < argc; ++i) {

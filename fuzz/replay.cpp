@@ -5,11 +5,16 @@
 #include <system_error>
 
 #include "tests/support/temporary_folder.h"
+#include "tools/usage.h"
 
 // NOLINTNEXTLINE(readability-identifier-naming): the name is libFuzzer's.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
 
 int main(int argc, char** argv) {
+  constexpr const char* kUse =
+      "TARGET_replay FOLDER...\n"
+      "Runs a fuzz target over every file of the folders.";
+  if (const auto status = morvane::toldUse(argc, argv, argc > 1, kUse)) return *status;
   int files = 0;
   for (int i = 1; i < argc; ++i) {
     // A target without findings has no folder of them.

@@ -1,4 +1,4 @@
-// Writes the sample measurements: make_sample FOLDER.
+// Writes the sample measurements.
 #include <cmath>
 #include <cstdio>
 #include <exception>
@@ -6,11 +6,15 @@
 #include <string>
 
 #include "tools/sample_surface.h"
+#include "tools/usage.h"
 
 namespace {
 
 using namespace morvane;
 
+constexpr const char* kUse =
+    "make_sample FOLDER\n"
+    "Writes the sample measurements and their bitmaps to FOLDER, which it makes.";
 constexpr double kPitch = 0.02;  // mm
 
 MeasurementContent describe(const SampleSurface& surface) {
@@ -110,10 +114,7 @@ void writeSmallOnes(const std::filesystem::path& folder) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  if (argc != 2) {
-    std::fprintf(stderr, "usage: make_sample FOLDER\n");
-    return 2;
-  }
+  if (const auto status = toldUse(argc, argv, argc == 2, kUse)) return *status;
   try {
     const std::filesystem::path folder = argv[1];
     std::filesystem::create_directories(folder / "codes");

@@ -1,7 +1,4 @@
-// Prints how much of a wave of each length the band filter lets through:
-// print_transmission POINTS PITCH L1 L2, lengths in mm. A line for each wave that fits a whole
-// number of times onto POINTS points: its length, then the parts that high pass, low pass and band
-// pass let through.
+// Prints how much of a wave of each length the band filter lets through.
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
@@ -9,10 +6,16 @@
 #include <vector>
 
 #include "filter/band_filter.h"
+#include "tools/usage.h"
 
 namespace {
 
 using namespace morvane;
+
+constexpr const char* kUse =
+    "print_transmission POINTS PITCH L1 L2\n"
+    "Lengths are in mm. Prints a line for each wave that fits a whole number of times onto POINTS\n"
+    "points: its length, then the parts that high pass, low pass and band pass let through.";
 
 struct Settings {
   int points;
@@ -45,10 +48,8 @@ std::vector<double> transmissions(const Settings& settings, FilterType type) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  if (argc != 5 || std::atoi(argv[1]) < 2) {
-    std::fprintf(stderr, "usage: print_transmission POINTS PITCH L1 L2\n");
-    return 2;
-  }
+  const bool valid = argc == 5 && std::atoi(argv[1]) >= 2;
+  if (const auto status = toldUse(argc, argv, valid, kUse)) return *status;
   const Settings settings{std::atoi(argv[1]), cutOffOf(argv[2]), cutOffOf(argv[3]),
                           cutOffOf(argv[4])};
   const auto high = transmissions(settings, FilterType::kHighPass);
