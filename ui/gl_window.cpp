@@ -22,6 +22,7 @@ namespace {
 constexpr float kTextWidth = 1130.0F;
 constexpr float kTextHeight = 775.0F;
 constexpr glm::vec3 kTextColour{0.0F, 0.0F, 0.0F};
+constexpr glm::vec3 kSky{0.65F, 0.86F, 1.0F};
 
 constexpr const char* kLogFile = "GLWindow.log";
 // Long enough for the rasteriser to have finished the first frame of a surface.
@@ -238,7 +239,7 @@ void GLWindow::generateBuffers() {
     reportTrouble(std::string("the shaders do not compile on ") +
                   reinterpret_cast<const char*>(glGetString(GL_RENDERER)));
   }
-  text_.initialise(resourcePath(exeFolder, "Fonts", "arial.ttf"), kTextWidth, kTextHeight);
+  text_.initialise(resourcePath(exeFolder, "Fonts", "arial.ttf"), kTextWidth, kTextHeight, kSky);
   watch.print("Buffer Generation Time: ");
   needsBuffers_ = false;
   axes_.generate();
@@ -267,7 +268,7 @@ std::optional<BitmapDrape> GLWindow::drapeBitmap() {
 }
 
 void GLWindow::drawSurface() {
-  glClearColor(0.65F, 0.86F, 1.0F, 0.0F);
+  glClearColor(kSky.r, kSky.g, kSky.b, 0.0F);
   glPointSize(2.0F);
   glViewport(0, 0, pixel_w(), pixel_h());
   glEnable(GL_MULTISAMPLE);

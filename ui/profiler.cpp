@@ -23,6 +23,7 @@ constexpr glm::vec4 kLevelColour{0.85F, 0.85F, 0.85F, 1.0F};
 constexpr glm::vec4 kCurveColour{0.0F, 0.25F, 0.65F, 1.0F};
 constexpr glm::vec4 kClippedColour{0.9F, 0.1F, 0.0F, 1.0F};
 constexpr glm::vec3 kTextColour{0.0F, 0.0F, 0.0F};
+constexpr glm::vec3 kPaper{1.0F, 1.0F, 1.0F};
 
 constexpr float kTickHalfLength = 0.02F;
 
@@ -126,7 +127,7 @@ void Profiler::generateBuffers() {
   program_ = ShaderProgram(kProfileShader);
   vertices_ = GlBuffer::generate();
   text_.initialise(resourcePath(exeFolder, "Fonts", "arial.ttf"), static_cast<float>(w()),
-                   static_cast<float>(h()));
+                   static_cast<float>(h()), kPaper);
 }
 
 void Profiler::enterContext() {
@@ -140,7 +141,7 @@ void Profiler::enterContext() {
 }
 
 void Profiler::draw() {
-  glClearColor(1.0F, 1.0F, 1.0F, 1.0F);
+  glClearColor(kPaper.r, kPaper.g, kPaper.b, 1.0F);
   glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
   if (glGenVertexArrays == nullptr) return;
   if (program_.name() == 0) generateBuffers();

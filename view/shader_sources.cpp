@@ -56,9 +56,28 @@ precision highp float;
 in vec2 place;
 uniform sampler2D text;
 uniform vec3 textCol;
+uniform float thickening;  // of what is smaller than it was made
 out vec4 color;
 
-void main() { color = vec4(textCol, 1.0) * vec4(1.0, 1.0, 1.0, texture(text, place).r); }
+// How much of the pixel the glyph covers. Of small text a pixel covers many texels, and one look at
+// the texture would miss thin strokes.
+float coverage() {
+  vec2 right = dFdx(place);
+  vec2 up = dFdy(place);
+  vec2 size = vec2(textureSize(text, 0));
+  int looks = clamp(int(max(length(right * size), length(up * size)) + 0.5), 1, 8);
+  float sum = 0.0;
+  for (int i = 0; i < looks; ++i) {
+    for (int j = 0; j < looks; ++j) {
+      vec2 part = (vec2(i, j) + 0.5) / float(looks) - 0.5;
+      sum += texture(text, place + part.x * right + part.y * up).r;
+    }
+  }
+  float mean = sum / float(looks * looks);
+  return looks == 1 ? mean : 1.0 - pow(1.0 - mean, thickening);
+}
+
+void main() { color = vec4(textCol, 1.0) * vec4(1.0, 1.0, 1.0, coverage()); }
 )"};
 
 const ShaderSource kSurfaceShader = {"ModelVS", "ModelFS",

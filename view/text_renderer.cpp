@@ -2,6 +2,8 @@
 
 #include <ft2build.h>
 #include FT_FREETYPE_H
+#include FT_GLYPH_H
+#include FT_STROKER_H
 
 #include <algorithm>
 #include <cstdint>
@@ -10,6 +12,7 @@
 #include <glm/gtc/type_ptr.hpp>
 #include <memory>
 #include <type_traits>
+#include <vector>
 
 #include "view/shader_sources.h"
 
@@ -17,6 +20,8 @@ namespace morvane {
 namespace {
 
 constexpr FT_UInt kPixelSize = 48;
+constexpr int kRim = 6;     // pixels of the face; at the size of the labels one and a half
+constexpr int kBorder = 8;  // texels; a pixel of the smallest text that is read covers as many
 constexpr std::size_t kFloatsPerQuad = std::size_t{6} * 4;
 
 struct LibraryRelease {
@@ -25,8 +30,16 @@ struct LibraryRelease {
 struct FaceRelease {
   void operator()(FT_Face face) const { FT_Done_Face(face); }
 };
+struct StrokerRelease {
+  void operator()(FT_Stroker stroker) const { FT_Stroker_Done(stroker); }
+};
+struct OutlineRelease {
+  void operator()(FT_Glyph glyph) const { FT_Done_Glyph(glyph); }
+};
 using Library = std::unique_ptr<std::remove_pointer_t<FT_Library>, LibraryRelease>;
 using Face = std::unique_ptr<std::remove_pointer_t<FT_Face>, FaceRelease>;
+using Stroker = std::unique_ptr<std::remove_pointer_t<FT_Stroker>, StrokerRelease>;
+using Outline = std::unique_ptr<std::remove_pointer_t<FT_Glyph>, OutlineRelease>;
 
 Library openLibrary() {
   FT_Library library = nullptr;
@@ -47,22 +60,51 @@ Face openFace(const Library& library, const std::string& path) {
   return Face(face);
 }
 
-Glyph makeGlyph(const FT_GlyphSlotRec& slot) {
-  Glyph glyph;
-  glyph.texture = GlTexture::generate();
-  glyph.width = static_cast<int>(slot.bitmap.width);
-  glyph.rows = static_cast<int>(slot.bitmap.rows);
-  glyph.left = slot.bitmap_left;
-  glyph.top = slot.bitmap_top;
-  glyph.advance = slot.advance.x;
-  glBindTexture(GL_TEXTURE_2D, glyph.texture.name());
-  glTexImage2D(GL_TEXTURE_2D, 0, GL_RED, glyph.width, glyph.rows, 0, GL_RED, GL_UNSIGNED_BYTE,
-               slot.bitmap.buffer);
+Stroker makeStroker(const Library& library) {
+  FT_Stroker stroker = nullptr;
+  if (FT_Stroker_New(library.get(), &stroker) != 0) return nullptr;
+  FT_Stroker_Set(stroker, FT_Fixed{kRim} << 6, FT_STROKER_LINECAP_ROUND, FT_STROKER_LINEJOIN_ROUND,
+                 0);
+  return Stroker(stroker);
+}
+
+/// The outline in `slot`, grown by the rim unless `stroker` is null; null when it cannot be had.
+Outline outlineOf(FT_GlyphSlot slot, FT_Stroker stroker) {
+  FT_Glyph glyph = nullptr;
+  if (FT_Get_Glyph(slot, &glyph) != 0) return nullptr;
+  const bool failed = stroker && FT_Glyph_StrokeBorder(&glyph, stroker, 0, 1) != 0;
+  Outline outline(glyph);
+  return failed ? nullptr : std::move(outline);
+}
+
+GlyphPicture makePicture(Outline outline) {
+  GlyphPicture picture;
+  FT_Glyph glyph = outline.release();
+  const bool failed =
+      glyph == nullptr || FT_Glyph_To_Bitmap(&glyph, FT_RENDER_MODE_NORMAL, nullptr, 1) != 0;
+  outline.reset(glyph);
+  if (failed) return picture;
+  // NOLINTNEXTLINE(cppcoreguidelines-pro-type-static-cast-downcast): what the call above has made
+  const auto* made = reinterpret_cast<const FT_BitmapGlyphRec*>(glyph);
+  const FT_Bitmap& bitmap = made->bitmap;
+  picture.width = static_cast<int>(bitmap.width) + 2 * kBorder;
+  picture.rows = static_cast<int>(bitmap.rows) + 2 * kBorder;
+  picture.left = made->left - kBorder;
+  picture.top = made->top + kBorder;
+  std::vector<unsigned char> texels(static_cast<std::size_t>(picture.width * picture.rows));
+  for (int row = 0; row < static_cast<int>(bitmap.rows); ++row) {
+    std::copy_n(bitmap.buffer + std::ptrdiff_t{row} * bitmap.pitch, bitmap.width,
+                texels.begin() + std::ptrdiff_t{row + kBorder} * picture.width + kBorder);
+  }
+  picture.texture = GlTexture::generate();
+  glBindTexture(GL_TEXTURE_2D, picture.texture.name());
+  glTexImage2D(GL_TEXTURE_2D, 0, GL_RED, picture.width, picture.rows, 0, GL_RED, GL_UNSIGNED_BYTE,
+               texels.data());
   glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_WRAP_S, GL_CLAMP_TO_EDGE);
   glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_WRAP_T, GL_CLAMP_TO_EDGE);
   glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER, GL_LINEAR);
   glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MAG_FILTER, GL_LINEAR);
-  return glyph;
+  return picture;
 }
 
 /// Takes the next character from UTF-8 `text`; a byte that begins none stands for itself, so that a
@@ -93,8 +135,10 @@ float penStep(const Glyph& glyph, float scale) {
 
 }  // namespace
 
-void TextRenderer::initialise(const std::string& fontPath, float width, float height) {
+void TextRenderer::initialise(const std::string& fontPath, float width, float height,
+                              const glm::vec3& rimColour) {
   program_ = ShaderProgram(kTextShader);
+  rimColour_ = rimColour;
   setSpace(width, height);
   loadGlyphs(fontPath);
   vertexBuffer_ = GlBuffer::generate();
@@ -133,14 +177,17 @@ void TextRenderer::loadGlyphs(const std::string& fontPath) {
   if (!library) return;
   const Face face = openFace(library, fontPath);
   if (!face) return;
+  const Stroker stroker = makeStroker(library);
   glPixelStorei(GL_UNPACK_ALIGNMENT, 1);
   for (std::size_t code = 0; code < kGlyphs; ++code) {
-    if (FT_Load_Char(face.get(), static_cast<FT_ULong>(code), FT_LOAD_RENDER | FT_LOAD_NO_BITMAP) !=
-        0) {
+    if (FT_Load_Char(face.get(), static_cast<FT_ULong>(code), FT_LOAD_NO_BITMAP) != 0) {
       std::puts("FreeType unable to load Glyph");
       continue;
     }
-    glyphs_[code] = makeGlyph(*face->glyph);
+    Glyph& glyph = glyphs_[code];
+    glyph.advance = face->glyph->advance.x;
+    glyph.ink = makePicture(outlineOf(face->glyph, nullptr));
+    if (stroker) glyph.rim = makePicture(outlineOf(face->glyph, stroker.get()));
   }
 }
 
@@ -164,31 +211,42 @@ void TextRenderer::drawGlyphs(std::string_view text, glm::vec2 pen, glm::vec2 sc
   glPolygonMode(GL_FRONT_AND_BACK, GL_FILL);
   glUseProgram(program_.name());
   glUniformMatrix4fv(program_.uniform("projection"), 1, GL_FALSE, glm::value_ptr(projection));
-  glUniform3fv(program_.uniform("textCol"), 1, glm::value_ptr(colour));
+  // Dark strokes thinner than a pixel look paler than they are where light is added as light.
+  constexpr float kInLinearLight = 2.0F;
+  glUniform1f(program_.uniform("thickening"),
+              glIsEnabled(GL_FRAMEBUFFER_SRGB) == GL_TRUE ? kInLinearLight : 1.0F);
   glActiveTexture(GL_TEXTURE0);
   glBindVertexArray(vertexArray_.name());
   glBindBuffer(GL_ARRAY_BUFFER, vertexBuffer_.name());
-  while (!text.empty()) {
-    const std::uint32_t code = nextCharacter(text);
-    if (code >= kGlyphs) continue;
-    const Glyph& glyph = glyphs_[code];
-    const float left = pen.x + static_cast<float>(glyph.left) * scale.x;
-    const float bottom = pen.y - static_cast<float>(glyph.rows - glyph.top) * scale.y;
-    const float right = left + static_cast<float>(glyph.width) * scale.x;
-    const float top = bottom + static_cast<float>(glyph.rows) * scale.y;
-    const std::array<float, kFloatsPerQuad> quad = {
-        left, top, 0, 0, left,  bottom, 0, 1, right, bottom, 1, 1,
-        left, top, 0, 0, right, bottom, 1, 1, right, top,    1, 0,
-    };
-    glBindTexture(GL_TEXTURE_2D, glyph.texture.name());
-    glBufferSubData(GL_ARRAY_BUFFER, 0, sizeof quad, quad.data());
-    glDrawArrays(GL_TRIANGLES, 0, 6);
-    pen.x += penStep(glyph, scale.x);
-  }
+  // All rims first, so that none lies over the letter before.
+  drawLayer(&Glyph::rim, text, pen, scale, rimColour_);
+  drawLayer(&Glyph::ink, text, pen, scale, colour);
   glBindTexture(GL_TEXTURE_2D, 0);
   glDisable(GL_BLEND);
   glDisable(GL_CULL_FACE);
   glEnable(GL_DEPTH_TEST);
+}
+
+void TextRenderer::drawLayer(GlyphPicture Glyph::*layer, std::string_view text, glm::vec2 pen,
+                             glm::vec2 scale, const glm::vec3& colour) const {
+  glUniform3fv(program_.uniform("textCol"), 1, glm::value_ptr(colour));
+  while (!text.empty()) {
+    const std::uint32_t code = nextCharacter(text);
+    if (code >= kGlyphs) continue;
+    const GlyphPicture& picture = glyphs_[code].*layer;
+    const float left = pen.x + static_cast<float>(picture.left) * scale.x;
+    const float bottom = pen.y - static_cast<float>(picture.rows - picture.top) * scale.y;
+    const float right = left + static_cast<float>(picture.width) * scale.x;
+    const float top = bottom + static_cast<float>(picture.rows) * scale.y;
+    const std::array<float, kFloatsPerQuad> quad = {
+        left, top, 0, 0, left,  bottom, 0, 1, right, bottom, 1, 1,
+        left, top, 0, 0, right, bottom, 1, 1, right, top,    1, 0,
+    };
+    glBindTexture(GL_TEXTURE_2D, picture.texture.name());
+    glBufferSubData(GL_ARRAY_BUFFER, 0, sizeof quad, quad.data());
+    glDrawArrays(GL_TRIANGLES, 0, 6);
+    pen.x += penStep(glyphs_[code], scale.x);
+  }
 }
 
 float TextRenderer::width(std::string_view text, float scale) const {

@@ -1,4 +1,4 @@
-// Text in a GL window: one texture for each character, drawn as a quad.
+// Text in a GL window: textures for each character, drawn as quads.
 #pragma once
 
 #include <array>
@@ -12,13 +12,19 @@
 
 namespace morvane {
 
+/// A coverage bitmap with an empty border, so that smoothing finds nothing beside it.
+struct GlyphPicture {
+  GlTexture texture;
+  int width = 0;  ///< pixels, with the border
+  int rows = 0;
+  int left = 0;  ///< from the pen to the left edge
+  int top = 0;   ///< from the baseline up to the top edge
+};
+
 /// A character of the face.
 struct Glyph {
-  GlTexture texture;
-  int width = 0;  ///< of the bitmap, pixels
-  int rows = 0;
-  int left = 0;      ///< from the pen to the bitmap's left edge
-  int top = 0;       ///< from the baseline up to its top edge
+  GlyphPicture ink;
+  GlyphPicture rim;  ///< the same a little fatter, for beneath it
   long advance = 0;  ///< of the pen, 1/64 pixel
 };
 
@@ -30,8 +36,10 @@ class TextRenderer {
  public:
   /// Builds the program and loads the face `fontPath`; text is laid out in a space of `width` ×
   /// `height` units with the origin at the bottom left. What fails is printed, and what is missing
-  /// then draws nothing.
-  void initialise(const std::string& fontPath, float width, float height);
+  /// then draws nothing. Each text lies on a rim of `rimColour`, which keeps it readable over
+  /// anything; in the colour of the background it is not seen beside that.
+  void initialise(const std::string& fontPath, float width, float height,
+                  const glm::vec3& rimColour);
   /// Makes what no other context can see anew, in the current one; the context before is gone.
   void enterContext();
   /// Lays text out in a space of another size from now on.
@@ -55,8 +63,11 @@ class TextRenderer {
   void loadGlyphs(const std::string& fontPath);
   void drawGlyphs(std::string_view text, glm::vec2 pen, glm::vec2 scale,
                   const glm::mat4& projection, const glm::vec3& colour) const;
+  void drawLayer(GlyphPicture Glyph::*layer, std::string_view text, glm::vec2 pen, glm::vec2 scale,
+                 const glm::vec3& colour) const;
 
   ShaderProgram program_;
+  glm::vec3 rimColour_{1.0F};
   glm::mat4 projection_{1.0F};
   glm::vec2 space_{1.0F};
   glm::vec2 shape_{1.0F};  // what a glyph is scaled by in each direction, to look as it was made
