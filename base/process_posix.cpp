@@ -2,10 +2,12 @@
 
 #include <fcntl.h>
 #include <poll.h>
+#include <sys/socket.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <climits>
 #include <csignal>
 #include <cstdio>
@@ -47,11 +49,13 @@ void openStandardStreams() {
 }
 
 std::size_t writeOutput(std::string_view text) {
-  // What could not be opened anew, as a socket, takes this much without waiting when it is ready.
-  pollfd output{STDOUT_FILENO, POLLOUT, 0};
-  if (::poll(&output, 1, 0) != 1) return 0;
-  const ssize_t written =
-      ::write(STDOUT_FILENO, text.data(), std::min<std::size_t>(text.size(), PIPE_BUF));
+  const std::size_t length = std::min<std::size_t>(text.size(), PIPE_BUF);
+  ssize_t written = ::send(STDOUT_FILENO, text.data(), length, MSG_DONTWAIT);
+  if (written < 0 && errno == ENOTSOCK) {
+    // A pipe that could not be opened anew takes this much without waiting when it is ready.
+    pollfd output{STDOUT_FILENO, POLLOUT, 0};
+    if (::poll(&output, 1, 0) == 1) written = ::write(STDOUT_FILENO, text.data(), length);
+  }
   return written > 0 ? static_cast<std::size_t>(written) : 0;
 }
 
