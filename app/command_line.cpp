@@ -2,7 +2,8 @@
 
 #include <cstddef>
 #include <cstdio>
-#include <iostream>
+
+#include "base/debug_log.h"
 
 namespace morvane {
 namespace {
@@ -26,7 +27,7 @@ constexpr Option kOptions[] = {
 int answer(const std::string& word) {
   for (const Option& option : kOptions) {
     if (word != option.word) continue;
-    std::cout << option.answer;
+    logStream() << option.answer;
     return 0;
   }
   std::fprintf(stderr, "morvane-reader: unknown option %s; see morvane-reader --help\n",

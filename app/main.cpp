@@ -47,22 +47,22 @@ int main(int argc, char** argv) {
 
   AppState& app = appState();
   const std::string program = words.empty() ? "" : words[0];
-  std::cout << "Program executed from directory: " << program << '\n';
+  logStream() << "Program executed from directory: " << program << '\n';
   app.exeFolder = folderOf(program);
 
-  std::cout << "Setting-up display variables...\n";
+  logStream() << "Setting-up display variables...\n";
   buildMainWindow();
-  std::cout << "done!\n";
+  logStream() << "done!\n";
 
   Fl::lock();
 
-  std::cout << "Display MRV3 GUI...\n";
+  logStream() << "Display MRV3 GUI...\n";
   app.controlsPanel->show();
   app.mainWindow->show();
-  std::cout << "done!\n";
+  logStream() << "done!\n";
 
   if (words.size() > 1) {
-    std::cout << "ARGV0:" << program << '\n' << "ARGV: " << words[1] << '\n';
+    logStream() << "ARGV0:" << program << '\n' << "ARGV: " << words[1] << '\n';
     app.startupFile = words[1];
     openMeasurement(nullptr, kOpenStartupFile);
   } else {

@@ -1,7 +1,6 @@
 #include "base/debug_log.h"
 
 #include <cstddef>
-#include <iostream>
 #include <streambuf>
 #include <string>
 
@@ -70,8 +69,8 @@ std::ostream& logStream() {
 }
 
 void DebugLog::write(std::string_view /*file*/, std::string_view text) {
-  std::cout << text;
-  if (!text.ends_with('\n')) std::cout << '\n';
+  logStream() << text;
+  if (!text.ends_with('\n')) logStream() << '\n';
 }
 
 }  // namespace morvane

@@ -3,7 +3,6 @@
 #include <array>
 #include <cerrno>
 #include <cstdio>
-#include <iostream>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -18,8 +17,7 @@ namespace {
 
 constexpr char kFont[] = "Helvetica";
 constexpr std::size_t kPieceBytes = std::size_t{1} << 16;
-
-void log(std::string_view text) { DebugLog::write("pdf_report.log", text); }
+constexpr const char* kLogFile = "pdf_report.log";
 
 /// All bytes of a file; empty, after telling the error handler why, when it cannot be read.
 std::vector<HPDF_BYTE> readJpeg(const std::string& path) {
@@ -48,7 +46,7 @@ void pdfErrorHandler(HPDF_STATUS errorNo, HPDF_STATUS detailNo, void* /*userData
   std::array<char, 80> line{};
   std::snprintf(line.data(), line.size(), "ERROR: error_no=%04X, detail_no=%d\n",
                 static_cast<unsigned>(errorNo), static_cast<int>(detailNo));
-  std::cout << line.data();
+  logStream() << line.data();
 }
 
 void PdfReport::DocumentFreer::operator()(HPDF_Doc document) const {
@@ -58,28 +56,28 @@ void PdfReport::DocumentFreer::operator()(HPDF_Doc document) const {
 }
 
 PdfReport::PdfReport() : document_(HPDF_New(pdfErrorHandler, nullptr)) {
-  if (!document_) log("## - Error cannot create new PDF");
+  if (!document_) DebugLog::write(kLogFile, "## - Error cannot create new PDF");
   HPDF_SetCompressionMode(document_.get(), HPDF_COMP_ALL);
   HPDF_SetPageMode(document_.get(), HPDF_PAGE_MODE_USE_OUTLINE);
-  log("Creating page_1");
+  DebugLog::write(kLogFile, "Creating page_1");
   page_ = HPDF_AddPage(document_.get());
   font_ = HPDF_GetFont(document_.get(), kFont, nullptr);
   HPDF_Page_SetSize(page_, HPDF_PAGE_SIZE_A4, HPDF_PAGE_LANDSCAPE);
 }
 
 PdfReport::~PdfReport() {
-  log("Freeing HPDF memory");
+  DebugLog::write(kLogFile, "Freeing HPDF memory");
   document_.reset();
-  log("Memory Free Successfull\nDeconstructing File Chooser");
+  DebugLog::write(kLogFile, "Memory Free Successfull\nDeconstructing File Chooser");
 }
 
 void PdfReport::writeTexts(const ReportPage& page, std::string_view maximumInput) {
-  log("Beginning text on Page_1");
+  DebugLog::write(kLogFile, "Beginning text on Page_1");
   HPDF_Page_BeginText(page_);
   for (const PageText& text : page.texts) drawText(text);
-  log("cropMaxFormat:" + std::string(maximumInput));
+  DebugLog::write(kLogFile, "cropMaxFormat:" + std::string(maximumInput));
   HPDF_Page_EndText(page_);
-  log("Finished writing to Page_1");
+  DebugLog::write(kLogFile, "Finished writing to Page_1");
 }
 
 void PdfReport::drawText(const PageText& text) {
@@ -97,7 +95,7 @@ HPDF_Font PdfReport::fontFor(std::string_view bytes) {
 }
 
 void PdfReport::drawPicture(const std::string& path, const PageBox& box) {
-  log("Loading screenshot from JPEG...");
+  DebugLog::write(kLogFile, "Loading screenshot from JPEG...");
   const std::vector<HPDF_BYTE> jpeg = readJpeg(path);
   HPDF_Image image = nullptr;
   if (!jpeg.empty()) {
@@ -108,7 +106,7 @@ void PdfReport::drawPicture(const std::string& path, const PageBox& box) {
       pdfErrorHandler(HPDF_INVALID_JPEG_DATA, 0, nullptr);
     }
   }
-  log("Screenshot loaded");
+  DebugLog::write(kLogFile, "Screenshot loaded");
   if (image != nullptr) HPDF_Page_DrawImage(page_, image, box.x, box.y, box.width, box.height);
   // What went wrong here must not stop the saving.
   HPDF_ResetError(document_.get());

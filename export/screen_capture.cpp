@@ -2,9 +2,7 @@
 
 #include <cstdint>
 #include <cstdlib>
-#include <iostream>
 #include <memory>
-#include <string_view>
 
 #include "base/debug_log.h"
 #include "base/folders.h"
@@ -16,8 +14,7 @@ namespace {
 
 // No screen is larger, and no JPEG.
 constexpr std::int64_t kLargestSide = 32767;
-
-void log(std::string_view text) { DebugLog::write("screenshot.log", text); }
+constexpr const char* kLogFile = "screenshot.log";
 
 std::unique_ptr<ScreenPicture> take(ScreenPoint topLeft, ScreenPoint bottomRight,
                                     Fl_Window* window) {
@@ -30,17 +27,17 @@ std::unique_ptr<ScreenPicture> take(ScreenPoint topLeft, ScreenPoint bottomRight
 }  // namespace
 
 Screenshot captureScreenRect(ScreenPoint topLeft, ScreenPoint bottomRight, Fl_Window* window) {
-  log("#### SCREENSHOT ROUTINE CALLED ####");
+  DebugLog::write(kLogFile, "#### SCREENSHOT ROUTINE CALLED ####");
   Screenshot screenshot;
   const std::unique_ptr<ScreenPicture> picture = take(topLeft, bottomRight, window);
   if (picture) picture->copyToClipboard();
   const std::string folder = screenshotsFolder();
-  makeFolder(folder, std::cout);
+  makeFolder(folder, logStream());
   const std::string path = folder + pictureName(localNow());
   screenshot.reason =
       picture ? picture->saveJpeg(path) : "This part of the screen shows nothing of the program";
   if (screenshot.reason.empty()) screenshot.path = path;
-  log("{### END OF SCREENSHOT ###}");
+  DebugLog::write(kLogFile, "{### END OF SCREENSHOT ###}");
   return screenshot;
 }
 

@@ -6,9 +6,10 @@
 #include <FL/Fl_Table_Row.H>
 
 #include <charconv>
-#include <iostream>
 #include <string>
 #include <string_view>
+
+#include "base/debug_log.h"
 
 namespace morvane {
 namespace {
@@ -49,7 +50,7 @@ void openConnection(Fl_Widget* /*widget*/, void* data) {
   [[maybe_unused]] const std::string hostname = fields.hostname->value();
   [[maybe_unused]] const int port = leadingInteger(fields.port->value());
   [[maybe_unused]] const int connection = fields.connection->value();
-  std::cout << "Session Launched\n";
+  logStream() << "Session Launched\n";
 }
 
 }  // namespace

@@ -7,9 +7,9 @@
 #include <FL/Fl_Slider.H>
 #include <FL/fl_ask.H>
 
-#include <iostream>
 #include <string>
 
+#include "base/debug_log.h"
 #include "base/file_copy.h"
 #include "base/file_io.h"
 #include "base/folders.h"
@@ -34,16 +34,16 @@ namespace morvane {
 namespace {
 
 std::string pathToOpen(long mode) {
-  std::cout << "Open Button Clicked\n";
+  logStream() << "Open Button Clicked\n";
   std::string path;
   if (mode == kOpenStartupFile) {
-    std::cout << "Copying Filename\n";
+    logStream() << "Copying Filename\n";
     path = appState().startupFile;
     if (!fileExists(path)) path = pathOfLink(path);
   } else {
     path = chooseFileToOpen({"Open measurement", "*.res", startFolder()});
   }
-  std::cout << "(ChooseFile) - Filename to open: " << path << '\n';
+  logStream() << "(ChooseFile) - Filename to open: " << path << '\n';
   return path;
 }
 
@@ -82,7 +82,7 @@ void showSurface() {
 void resetControls() {
   AppState& app = appState();
   app.scaleSlider->bounds(1e-10, 2.0 * finiteScale(app.glView->sliderScale()));
-  std::cout << "MAX SCALE: " << app.glView->maxScale() << '\n';
+  logStream() << "MAX SCALE: " << app.glView->maxScale() << '\n';
   app.cropMode = true;
   applyLimits(nullptr, kLimitsButton);
   showMeasured();
@@ -117,7 +117,7 @@ void showOpened() {
   }
   app.logoBox->hide();
   app.fileLoaded = true;
-  const BitmapFolder bitmaps = scanBitmaps(app.glView->measurement().path, std::cout);
+  const BitmapFolder bitmaps = scanBitmaps(app.glView->measurement().path, logStream());
   removeAbandoned(bitmaps.folder);
   rebuildMenu();
   offerBitmaps(bitmaps);
@@ -154,18 +154,18 @@ void openFile(const std::string& path) {
 
 void saveCopy() {
   const std::string folder = savedFilesFolder();
-  makeFolder(folder, std::cout);
-  std::cout << "Updated DIRECTORY IS: " << folder << '\n';
+  makeFolder(folder, logStream());
+  logStream() << "Updated DIRECTORY IS: " << folder << '\n';
   const std::string name = chooseFileToSave({"Save Copy as", "*.res", folder, "Untitled", true});
   if (name.empty()) {
-    std::cout << "Cancelled save\n";
+    logStream() << "Cancelled save\n";
     return;
   }
   const std::string destination = name + ".res";
   const std::string& source = appState().glView->measurement().path;
-  std::cout << "filename to save as: " << destination << '\n'
-            << "destination: " << destination << '\n'
-            << "source: " << source << '\n';
+  logStream() << "filename to save as: " << destination << '\n'
+              << "destination: " << destination << '\n'
+              << "source: " << source << '\n';
   if (isSameFile(source, destination)) {
     showAlert("This is the measurement that is open. Please choose another name.");
     return;

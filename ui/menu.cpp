@@ -8,6 +8,7 @@
 #include <string>
 #include <string_view>
 
+#include "base/debug_log.h"
 #include "base/paths.h"
 #include "ui/app_state.h"
 #include "ui/config_manager.h"
@@ -73,7 +74,7 @@ constexpr const char* kBitmapMenu = "&BMPs/";
 
 void toggleFullScreen() {
   AppState& app = appState();
-  std::cout << "FULLSCREEN MODE\n";
+  logStream() << "FULLSCREEN MODE\n";
   if (!canFillScreen()) {
     appendConsole("The window manager offers no full screen.");
     return;

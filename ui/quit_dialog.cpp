@@ -7,9 +7,9 @@
 #include <FL/Fl_Text_Display.H>
 
 #include <cstdlib>
-#include <iostream>
 #include <memory>
 
+#include "base/debug_log.h"
 #include "widgets/button_box.h"
 #include "widgets/look.h"
 
@@ -63,7 +63,7 @@ void confirmQuit(Fl_Widget* /*window*/, void* /*data*/) {
   // The toolkit closes a window at Escape too, which nobody means here.
   if (Fl::event() == FL_SHORTCUT && Fl::event_key() == FL_Escape) return;
   registerButtonBox();
-  std::cout << "Dimensions = " << Fl::w() << '\n';
+  logStream() << "Dimensions = " << Fl::w() << '\n';
   (new QuitDialog(Fl::w() / 2 - 200, Fl::h() / 2 - 65))->show();
 }
 

@@ -3,8 +3,7 @@
 #include <FL/Fl_Button.H>
 #include <FL/Fl_Double_Window.H>
 
-#include <iostream>
-
+#include "base/debug_log.h"
 #include "ui/app_state.h"
 #include "ui/gl_window.h"
 #include "ui/results_panel.h"
@@ -18,10 +17,10 @@ constexpr int kConsoleOverhang = 15;  // kept: the strip is wider than the room 
 
 void logGeometry(const char* width, const char* height, const char* x, const char* y,
                  const Fl_Widget& widget) {
-  std::cout << width << widget.w() << '\n'
-            << height << widget.h() << '\n'
-            << x << widget.x() << '\n'
-            << y << widget.y() << '\n';
+  logStream() << width << widget.w() << '\n'
+              << height << widget.h() << '\n'
+              << x << widget.x() << '\n'
+              << y << widget.y() << '\n';
 }
 
 }  // namespace

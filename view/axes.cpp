@@ -1,12 +1,11 @@
 #include "view/axes.h"
 
 #include <array>
-#include <cstdio>
 #include <glm/gtc/matrix_transform.hpp>
 #include <glm/gtc/type_ptr.hpp>
-#include <iostream>
 #include <string_view>
 
+#include "base/debug_log.h"
 #include "view/shader_sources.h"
 
 namespace morvane {
@@ -29,7 +28,7 @@ void Axes::generate() {
   glEnableVertexAttribArray(0);
   glVertexAttribPointer(0, 3, GL_FLOAT, GL_FALSE, 0, nullptr);
   glBindVertexArray(0);
-  std::cout << "SIZEOF XYZ AXIS array : " << kLines.size() / 3 << '\n';
+  logStream() << "SIZEOF XYZ AXIS array : " << kLines.size() / 3 << '\n';
 }
 
 void Axes::draw(const ViewMatrices& matrices, const AxesRange& range) const {
@@ -51,11 +50,11 @@ void Axes::draw(const ViewMatrices& matrices, const AxesRange& range) const {
   drawPart(lines.corner, {right, up, 1.0F}, 0, 4);
   drawPart(lines.bottom, {1.0F, 1.0F, lines.top.z - lines.bottom.z}, 4, 2);
   const ResHeader& header = *range.header;
-  std::cout << "DIST: " << header.width * header.pixelSizeX << '\n'
-            << "RES W: " << header.width << '\n'
-            << "RES H: " << header.height << '\n'
-            << "Pixelsize X: " << header.pixelSizeX << '\n'
-            << "Pixelsize Y: " << header.pixelSizeY << '\n';
+  logStream() << "DIST: " << header.width * header.pixelSizeX << '\n'
+              << "RES W: " << header.width << '\n'
+              << "RES H: " << header.height << '\n'
+              << "Pixelsize X: " << header.pixelSizeX << '\n'
+              << "Pixelsize Y: " << header.pixelSizeY << '\n';
 }
 
 void Axes::drawLabels(const ViewMatrices& matrices, const AxesRange& range, int width, int height,

@@ -1,7 +1,6 @@
 #include "view/key_renderer.h"
 
-#include <iostream>
-
+#include "base/debug_log.h"
 #include "surface/heat_map_scale.h"
 #include "view/shader_sources.h"
 
@@ -29,7 +28,7 @@ void KeyRenderer::generateBuffers() {
 }
 
 void KeyRenderer::rebuild() {
-  std::cout << "BOUNDARIES: " << kHeatStops.size() << '\n';
+  logStream() << "BOUNDARIES: " << kHeatStops.size() << '\n';
   const KeyGeometry key = keyGeometry();
   glBindVertexArray(vertexArray_.name());
   upload(kPosition, positions_, key.positions);

@@ -5,10 +5,11 @@
 
 #include <algorithm>
 #include <array>
-#include <cstdio>
 #include <glm/gtc/type_ptr.hpp>
 #include <utility>
 #include <vector>
+
+#include "base/debug_log.h"
 
 namespace morvane {
 namespace {
@@ -36,7 +37,7 @@ class BulletDebugDrawer_DeprecatedOpenGL : public btIDebugDraw {
   void drawContactPoint(const btVector3& /*point*/, const btVector3& /*normal*/,
                         btScalar /*distance*/, int /*lifeTime*/,
                         const btVector3& /*colour*/) override {}
-  void reportErrorWarning(const char* warning) override { std::puts(warning); }
+  void reportErrorWarning(const char* warning) override { logStream() << warning << '\n'; }
   void draw3dText(const btVector3& /*place*/, const char* /*text*/) override {}
   void setDebugMode(int mode) override { mode_ = mode; }
   [[nodiscard]] int getDebugMode() const override { return mode_; }

@@ -3,8 +3,8 @@
 #include <cstddef>
 #include <glm/gtc/matrix_transform.hpp>
 #include <glm/gtc/type_ptr.hpp>
-#include <iostream>
 
+#include "base/debug_log.h"
 #include "view/shader_sources.h"
 
 namespace morvane {
@@ -81,7 +81,7 @@ glm::mat4 pinMatrix(const Pin& pin, const glm::mat4& overlay) {
 
 void PinRenderer::generate() {
   program_ = ShaderProgram(kPinShader);
-  std::cout << "PIN INIT::::<<< " << program_.name() << '\n';
+  logStream() << "PIN INIT::::<<< " << program_.name() << '\n';
   vertexArray_ = GlVertexArray::generate();
   glBindVertexArray(vertexArray_.name());
   positionBuffer_ = upload(0, cube());

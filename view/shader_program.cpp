@@ -1,14 +1,15 @@
 #include "view/shader_program.h"
 
-#include <cstdio>
 #include <utility>
 #include <vector>
+
+#include "base/debug_log.h"
 
 namespace morvane {
 namespace {
 
 GLuint compile(GLenum kind, const char* name, const char* source) {
-  std::printf("Compiling shader : %s\n", name);
+  logStream() << "Compiling shader : " << name << '\n';
   const GLuint shader = glCreateShader(kind);
   glShaderSource(shader, 1, &source, nullptr);
   glCompileShader(shader);
@@ -17,7 +18,7 @@ GLuint compile(GLenum kind, const char* name, const char* source) {
   if (length > 0) {
     std::vector<char> message(static_cast<std::size_t>(length) + 1);
     glGetShaderInfoLog(shader, length, nullptr, message.data());
-    std::printf("%s\n", message.data());
+    logStream() << message.data() << '\n';
   }
   return shader;
 }
@@ -27,7 +28,7 @@ GLuint compile(GLenum kind, const char* name, const char* source) {
 ShaderProgram::ShaderProgram(const ShaderSource& source) {
   const GLuint vertex = compile(GL_VERTEX_SHADER, source.vertexName, source.vertex);
   const GLuint fragment = compile(GL_FRAGMENT_SHADER, source.fragmentName, source.fragment);
-  std::printf("Linking program\n");
+  logStream() << "Linking program\n";
   name_ = glCreateProgram();
   glAttachShader(name_, vertex);
   glAttachShader(name_, fragment);
@@ -39,7 +40,7 @@ ShaderProgram::ShaderProgram(const ShaderSource& source) {
   if (length > 0) {
     std::vector<char> message(static_cast<std::size_t>(length) + 1);
     glGetProgramInfoLog(name_, length, nullptr, message.data());
-    std::printf("%s\n", message.data());
+    logStream() << message.data() << '\n';
   }
   usable_ = linked == GL_TRUE;
   for (const GLuint shader : {vertex, fragment}) {

@@ -1,21 +1,22 @@
-// What the code under test writes to standard output, and what other programs say.
+// What the code under test writes to the log, and what other programs say.
 #pragma once
 
 #include <gtest/gtest.h>
 
 #include <array>
 #include <cstdio>
-#include <iostream>
 #include <sstream>
 #include <string>
 
+#include "base/debug_log.h"
+
 namespace morvane {
 
-/// Collects the program's own lines while it lives.
+/// Collects the lines of the log while it lives.
 class CollectedOutput {
  public:
-  CollectedOutput() : previous_(std::cout.rdbuf(text_.rdbuf())) {}
-  ~CollectedOutput() { std::cout.rdbuf(previous_); }
+  CollectedOutput() : previous_(logStream().rdbuf(text_.rdbuf())) {}
+  ~CollectedOutput() { logStream().rdbuf(previous_); }
   CollectedOutput(const CollectedOutput&) = delete;
   CollectedOutput& operator=(const CollectedOutput&) = delete;
 

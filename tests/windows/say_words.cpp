@@ -2,10 +2,13 @@
 // standard input, so that a reader sees whether the lines come while it runs.
 #include <iostream>
 
+#include "base/debug_log.h"
 #include "base/process.h"
 
 int main(int argc, char** argv) {
   morvane::openStandardStreams();
-  for (const std::string& word : morvane::commandLine(argc, argv)) std::cout << word << '\n';
+  for (const std::string& word : morvane::commandLine(argc, argv)) {
+    morvane::logStream() << word << '\n';
+  }
   return std::cin.get() == EOF ? 0 : 1;
 }
