@@ -180,8 +180,8 @@ AxisLines axisLines(const AxesRange& range) {
   return {.corner = beside(0.0F),
           .endX = {width, -kLineGap, 0.0F},
           .endY = {-kLineGap, height - kLetterGap, 0.0F},
-          .bottom = beside(range.bottom * range.heightToModel),
-          .top = beside(range.top * range.heightToModel)};
+          .bottom = beside(range.bottom * range.heightToModel + range.lift),
+          .top = beside(range.top * range.heightToModel + range.lift)};
 }
 
 std::array<glm::vec3, 4> cornersOf(const AxisLabel& label, const TextWidth& textWidth) {

@@ -17,6 +17,7 @@ struct AxesRange {
   float bottom = 0.0F;                ///< heights in µm
   float top = 0.0F;
   float heightToModel = 0.0F;  ///< model units per µm, as the surface is drawn
+  float lift = 0.0F;           ///< how much higher it is drawn, model units
 };
 
 /// The axes as lines in the space of the pins: from one point beside the grid's first corner along

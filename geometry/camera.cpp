@@ -34,8 +34,17 @@ float heightToModel(float zScale) {
   return (std::isfinite(zScale) ? zScale : 1.0F) * kHeightToModel;
 }
 
+float heightLift(const SurfaceLimits& limits, float autoScale, std::size_t gridWidth,
+                 std::size_t gridHeight, float zScale) {
+  const float middle = limits.zMin / 2 + limits.zMax / 2;
+  const float side = static_cast<float>(std::max(gridWidth, gridHeight)) / kPointsPerUnit;
+  // Asked at the automatic scale, so that no turn of the slider makes the surface jump.
+  const bool isFar = std::abs(middle * heightToModel(autoScale)) > side / 2;
+  return isFar ? -middle * heightToModel(zScale) : 0.0F;
+}
+
 ViewMatrices viewMatrices(const Camera& camera, int width, int height, std::size_t gridWidth,
-                          std::size_t gridHeight, float zScale) {
+                          std::size_t gridHeight, float zScale, float lift) {
   ViewMatrices matrices;
   const auto aspect = static_cast<float>(side(width) / side(height));
   matrices.projection = glm::perspective(glm::radians(kFieldOfView), aspect, kNear, kFar);
@@ -51,7 +60,8 @@ ViewMatrices viewMatrices(const Camera& camera, int width, int height, std::size
                          static_cast<float>(gridHeight) / kPointsPerUnit / 2.0F, 0.0F);
   const float toModel = heightToModel(zScale);
   matrices.overlay = pan * turn * glm::translate(glm::mat4(1.0F), -centre);
-  matrices.model = glm::scale(matrices.overlay, glm::vec3(1.0F, 1.0F, toModel));
+  const glm::mat4 lifted = glm::translate(matrices.overlay, glm::vec3(0.0F, 0.0F, lift));
+  matrices.model = glm::scale(lifted, glm::vec3(1.0F, 1.0F, toModel));
   matrices.normal = glm::mat3(turn);
   if (toModel != 0.0F) matrices.normal[2] /= toModel;
   return matrices;

@@ -8,6 +8,8 @@
 #include <glm/vec2.hpp>
 #include <glm/vec3.hpp>
 
+#include "surface/surface_limits.h"
+
 namespace morvane {
 
 /// Height units to model units at a z-scale of 1; deliberate, as 1000 grid points span one unit.
@@ -56,10 +58,16 @@ struct Ray {
 /// Height units to model units at `zScale`, which counts as 1 when it is not finite.
 float heightToModel(float zScale);
 
+/// How much higher than at its heights a surface is drawn, in model units: 0, but for heights so
+/// far from zero that their middle, at the automatic scale, is farther from it than half the
+/// surface's larger side; those are drawn about zero.
+float heightLift(const SurfaceLimits& limits, float autoScale, std::size_t gridWidth,
+                 std::size_t gridHeight, float zScale);
+
 /// The matrices for a window of `width` × `height` pixels and a grid of `gridWidth` × `gridHeight`
-/// points whose heights are exaggerated by `zScale`.
+/// points whose heights are exaggerated by `zScale` and drawn higher by `lift`.
 ViewMatrices viewMatrices(const Camera& camera, int width, int height, std::size_t gridWidth,
-                          std::size_t gridHeight, float zScale);
+                          std::size_t gridHeight, float zScale, float lift = 0.0F);
 
 /// The point of the unit sphere in front of window point (x, y) of a `width` × `height` window; its
 /// rim, where the window point lies outside the sphere.

@@ -114,7 +114,7 @@ class SurfaceWalk {
     const double height =
         heights_.grid.row(static_cast<std::size_t>(row))[static_cast<std::size_t>(column)];
     if (isMissing(height)) return std::numeric_limits<double>::quiet_NaN();
-    return double{heights_.crop.clamp(static_cast<float>(height))} * scale_;
+    return modelHeight(heights_, static_cast<float>(height));
   }
 
   std::optional<double> crossingInCell(std::int64_t column, std::int64_t row, Span span) {
@@ -166,19 +166,21 @@ class SurfaceWalk {
 
   const DrawnHeights& heights_;
   const Line& line_;
-  const double scale_ = heightToModel(heights_.zScale);
   glm::dvec2 corner_{0.0};     // first point of the present cell
   std::optional<bool> above_;  // side of the surface; unknown at the rim of it and of holes
 };
 
 std::optional<double> meanPlaneCrossing(const DrawnHeights& heights, const Line& line) {
-  const double height = double{heights.crop.clamp(heights.mean)} * heightToModel(heights.zScale);
-  const double t = (height - line.origin.z) / line.direction.z;
+  const double t = (modelHeight(heights, heights.mean) - line.origin.z) / line.direction.z;
   if (!(t >= 0.0 && t <= kRayLength)) return std::nullopt;
   return t;
 }
 
 }  // namespace
+
+double modelHeight(const DrawnHeights& heights, float height) {
+  return double{heights.crop.clamp(height)} * heightToModel(heights.zScale) + heights.lift;
+}
 
 std::optional<SurfaceHit> surfaceHit(const DrawnHeights& heights, const Ray& ray,
                                      const glm::mat4& overlay) {

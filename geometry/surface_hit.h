@@ -17,7 +17,11 @@ struct DrawnHeights {
   Crop crop;            ///< bounds the drawn heights
   float zScale = 1.0F;  ///< their exaggeration
   float mean = 0.0F;    ///< of the heights; where the plane beside the surface lies
+  float lift = 0.0F;    ///< how much higher they are drawn, model units
 };
+
+/// Where a height is drawn, model units.
+double modelHeight(const DrawnHeights& heights, float height);
 
 struct SurfaceHit {
   glm::vec3 point;  ///< in the space of the pins: model units before centring, turn and pan

@@ -9,13 +9,13 @@
 namespace morvane {
 
 std::vector<glm::vec3> sectionLine(const ProfileSection& section, const PinPair& pins,
-                                   float heightToModel) {
+                                   float heightToModel, float lift) {
   const auto& samples = section.samples;
   const glm::vec2 way(pins.b - pins.a);
   std::vector<glm::vec3> line;
   for (const std::size_t i : drawnSamples(section)) {
     const float part = static_cast<float>(i) / static_cast<float>(samples.size());
-    line.emplace_back(glm::vec2(pins.a) + way * part, samples[i].y * heightToModel);
+    line.emplace_back(glm::vec2(pins.a) + way * part, samples[i].y * heightToModel + lift);
   }
   return line;
 }
@@ -26,11 +26,10 @@ std::vector<glm::vec3> regionOutline(const DrawnHeights& heights, const GridRegi
   std::size_t row = region.row;
   const auto add = [&] {
     const double height = heights.grid.row(row)[column];
-    const float z = isMissing(height) ? std::numeric_limits<float>::quiet_NaN()
-                                      : heights.crop.clamp(static_cast<float>(height));
+    const double z = isMissing(height) ? std::numeric_limits<double>::quiet_NaN()
+                                       : modelHeight(heights, static_cast<float>(height));
     outline.emplace_back(static_cast<float>(column) / kPointsPerUnit,
-                         static_cast<float>(row) / kPointsPerUnit,
-                         z * heightToModel(heights.zScale));
+                         static_cast<float>(row) / kPointsPerUnit, static_cast<float>(z));
   };
   const std::size_t lastColumn = region.column + region.width - 1;
   const std::size_t lastRow = region.row + region.height - 1;

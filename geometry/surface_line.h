@@ -16,10 +16,10 @@
 
 namespace morvane {
 
-/// The profile line from pin to pin along the heights of the section, in the space of the pins. A
-/// gap is a point whose z is NaN.
+/// The profile line from pin to pin along the heights of the section, in the space of the pins, as
+/// high as the surface is drawn. A gap is a point whose z is NaN.
 std::vector<glm::vec3> sectionLine(const ProfileSection& section, const PinPair& pins,
-                                   float heightToModel);
+                                   float heightToModel, float lift);
 
 /// Once round the edge of `region`, which lies inside the grid, along the heights as drawn; in the
 /// space of the pins, missing points as gaps.

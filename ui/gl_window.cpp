@@ -283,12 +283,17 @@ void GLWindow::drawSurface() {
 
 ViewMatrices GLWindow::presentMatrices() const {
   const HeightGrid& grid = *model_.shown();
-  return viewMatrices(camera_, w(), h(), grid.width(), grid.height(), zScale_);
+  return viewMatrices(camera_, w(), h(), grid.width(), grid.height(), zScale_, lift());
+}
+
+float GLWindow::lift() const {
+  const HeightGrid& grid = *model_.shown();
+  return heightLift(model_.limits(), model_.autoScale(), grid.width(), grid.height(), zScale_);
 }
 
 AxesRange GLWindow::axesRange() const {
   const SurfaceLimits& limits = model_.limits();
-  return {&measurement_.header, limits.zMin, limits.zMax, heightToModel(zScale_)};
+  return {&measurement_.header, limits.zMin, limits.zMax, heightToModel(zScale_), lift()};
 }
 
 void GLWindow::drawKey() {

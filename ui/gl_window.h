@@ -155,6 +155,7 @@ class GLWindow : public Fl_Gl_Window {
   void dragTool(glm::vec2 point);
   void releaseTool();
   [[nodiscard]] ViewMatrices presentMatrices() const;
+  [[nodiscard]] float lift() const;
 
   int onPush();
   int onRelease();

@@ -65,7 +65,7 @@ void GLWindow::drawProfileTool() {
   if (!lineRenderer_.generated()) lineRenderer_.generate();
   for (const Pin& pin : profiler_->pins()) pinRenderer_.drawPin(matrices_, pin);
   lineRenderer_.draw(matrices_, sectionLine(profiler_->section(), placesOf(profiler_->pins()),
-                                            heightToModel(zScale_)));
+                                            heightToModel(zScale_), lift()));
   pickWorld_->refresh(ToolKind::kProfile);
 }
 
@@ -100,7 +100,7 @@ void GLWindow::grabTool(Pin* hit) {
 }
 
 DrawnHeights GLWindow::drawnHeights() const {
-  return {*model_.shown(), model_.crop, zScale_, model_.shownMean()};
+  return {*model_.shown(), model_.crop, zScale_, model_.shownMean(), lift()};
 }
 
 void GLWindow::dragTool(glm::vec2 point) {

@@ -89,6 +89,20 @@ TEST(Camera, ZoomsAndPansTheRightWay) {
   EXPECT_EQ(camera.pan, glm::vec2(0.05F, -0.02F));
 }
 
+TEST(Camera, DrawsHeightsFarFromZeroAboutIt) {
+  // At the automatic scale a height of 1 is a hundredth of a model unit; half the side is 0.2.
+  constexpr float kAutomatic = 0.01F / kHeightToModel;
+  const auto lift = [](float zMin, float zMax, float zScale) {
+    return heightLift({.zMin = zMin, .zMax = zMax}, kAutomatic, 300, 400, zScale);
+  };
+  EXPECT_EQ(lift(-40.0F, 79.9F, kAutomatic), 0.0F);
+  EXPECT_EQ(lift(-39.9F, -0.05F, 5.0F * kAutomatic), 0.0F) << "near, whatever the slider says";
+  EXPECT_FLOAT_EQ(lift(10.0F, 31.0F, kAutomatic), -0.205F);
+  EXPECT_FLOAT_EQ(lift(-51.0F, -49.0F, kAutomatic / 2.0F), 0.25F);
+  // What counts as the scale of a flat surface is 1.
+  EXPECT_EQ(heightLift({.zMin = 50.0F, .zMax = 50.0F}, INFINITY, 300, 400, INFINITY), 0.0F);
+}
+
 TEST(Camera, SeesFromBehindAndFromTheOriginItself) {
   for (const float distance : {0.0F, -0.3F, 1e-30F}) {
     const ViewMatrices matrices = viewMatrices(cameraAt(distance), 980, 775, 400, 300, INFINITY);

@@ -108,15 +108,16 @@ TEST(SurfaceHit, ReturnsThePointThatIsSeenThereInEveryView) {
   constexpr std::size_t kColumns = 300;
   constexpr std::size_t kRows = 200;
   const auto grid = gridFrom(kColumns, kRows, [](double column, double row) {
-    return 6.0 * std::sin(0.09 * column) + 0.03 * row;
+    return 900.0 + 6.0 * std::sin(0.09 * column) + 0.03 * row;
   });
-  const DrawnHeights heights = {*grid, {}, 80.0F, 3.0F};
+  constexpr float kLift = -903.0F * 80.0F * kHeightToModel;
+  const DrawnHeights heights = {*grid, {}, 80.0F, 903.0F, kLift};
   for (const View& view : kViews) {
     Camera camera;
     camera.rotation = glm::angleAxis(glm::radians(view.degrees), glm::normalize(view.axis));
     camera.eye = {0.0F, 0.0F, view.distance};
     camera.pan = view.pan;
-    const ViewMatrices matrices = viewMatrices(camera, 980, 775, 300, 200, heights.zScale);
+    const ViewMatrices matrices = viewMatrices(camera, 980, 775, 300, 200, heights.zScale, kLift);
     const glm::dmat4 sight = glm::dmat4(matrices.projection) * glm::dmat4(matrices.view);
     const auto seen = [&](const glm::vec4& world) {
       return glm::vec2(project(sight, 980, 775, glm::vec3(world)));
