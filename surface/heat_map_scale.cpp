@@ -12,8 +12,11 @@ constexpr float kBandHeight = kKeyHeight / static_cast<float>(kKeyBands);
 
 }  // namespace
 
-HeatMapScale::HeatMapScale(float lower, float upper)
-    : lower_(lower), upper_(upper), segment_((upper - lower) / static_cast<float>(kKeyBands)) {
+HeatMapScale::HeatMapScale(float lower, float upper, Beyond beyond)
+    : lower_(lower),
+      upper_(upper),
+      beyond_(beyond),
+      segment_((upper - lower) / static_cast<float>(kKeyBands)) {
   for (std::size_t stop = 0; stop + 1 < kHeatStops.size(); ++stop) {
     for (std::size_t channel = 0; channel < 3; ++channel) {
       slopes_[stop][channel] =

@@ -1,6 +1,7 @@
 // The six-colour height scale: what colour a height has, and the key that explains it.
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <string>
@@ -22,19 +23,25 @@ inline constexpr std::array<Colour, 6> kHeatStops = {{
 /// The colour of whatever no rule colours: a flat mid grey.
 inline constexpr Colour kUncoloured = {0.5F, 0.5F, 0.5F};
 
+/// What becomes of heights outside a scale's range: grey, or the colour of the nearer end.
+enum class Beyond { kGrey, kNearerEnd };
+
 /// A height range spread over the stops.
 class HeatMapScale {
  public:
   HeatMapScale() = default;
   /// A scale from `lower` to `upper`, in height units; equal or reversed limits are allowed.
-  HeatMapScale(float lower, float upper);
+  HeatMapScale(float lower, float upper, Beyond beyond = Beyond::kGrey);
 
   [[nodiscard]] float lower() const { return lower_; }
   [[nodiscard]] float upper() const { return upper_; }
 
-  /// The colour of `height`: linear between the stops, the last stop from the upper limit to 20 %
-  /// of the range beyond it, grey elsewhere, for a missing point and on an empty range.
+  /// The colour of `height`: linear between the stops; grey for a missing point and on an empty
+  /// range. Of what lies outside, `kGrey` takes the last stop up to 20 % of the range above it.
   [[nodiscard]] Colour colourOf(float height) const {
+    if (beyond_ == Beyond::kNearerEnd) {
+      height = std::clamp(height, std::min(lower_, upper_), std::max(lower_, upper_));
+    }
     const float part = (height - lower_) / segment_;
     if (!(part >= 0.0F && part < static_cast<float>(kHeatStops.size()))) return kUncoloured;
     const auto stop = height == upper_ ? kHeatStops.size() - 1 : static_cast<std::size_t>(part);
@@ -51,6 +58,7 @@ class HeatMapScale {
  private:
   float lower_ = 0.0F;
   float upper_ = 0.0F;
+  Beyond beyond_ = Beyond::kGrey;
   float segment_ = 0.0F;                            // height between two stops
   std::array<Colour, kHeatStops.size()> slopes_{};  // per height unit; none past the last stop
 };

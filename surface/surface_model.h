@@ -3,6 +3,7 @@
 
 #include <iosfwd>
 #include <memory>
+#include <optional>
 
 #include "surface/heat_map_scale.h"
 #include "surface/mesh.h"
@@ -46,16 +47,19 @@ class SurfaceModel {
   /// The vertical exaggeration that suits the raw grid; infinite for a flat one.
   [[nodiscard]] float autoScale() const { return autoScale_; }
   [[nodiscard]] const SurfaceLimits& limits() const { return limits_; }
-  /// The scale the surface is coloured by: over the displayed limits of the last measure, or over
-  /// those that are set while the crop is on.
+  /// The scale of the surface's colours and of its key: the global one where there is one, else
+  /// that over the limits of the crop while it is on, else over the displayed ones of the last
+  /// measure.
   [[nodiscard]] HeatMapScale colourScale() const {
+    if (globalScale) return *globalScale;
     return crop.on ? HeatMapScale(crop.min, crop.max) : scale_;
   }
 
-  bool skipScale = false;    ///< keep the z-scale that is in force
-  bool useFiltered = false;  ///< build from the filtered grid
-  bool heatMap = true;       ///< colour by height; else mid grey
-  Crop crop;                 ///< the limits an operator set
+  bool skipScale = false;                   ///< keep the z-scale that is in force
+  bool useFiltered = false;                 ///< build from the filtered grid
+  bool heatMap = true;                      ///< colour by height; else mid grey
+  Crop crop;                                ///< the limits an operator set
+  std::optional<HeatMapScale> globalScale;  ///< colours without clamping heights
 
  private:
   void measureStatistics();

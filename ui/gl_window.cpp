@@ -145,12 +145,12 @@ void GLWindow::setFiltered(std::shared_ptr<const HeightGrid> grid) {
 }
 
 void GLWindow::setGlobalLimits(float max, float min) {
-  globalLimits_ = HeatMapScale(min, max);
+  model_.globalScale = HeatMapScale(min, max, Beyond::kNearerEnd);
   requestRebuild();
 }
 
 void GLWindow::clearGlobalLimits() {
-  globalLimits_.reset();
+  model_.globalScale.reset();
   requestRebuild();
 }
 
@@ -310,7 +310,7 @@ void GLWindow::drawKeyLabels() {
   constexpr float kLabelOffset = 0.005F;  // device units right of the key
   constexpr float kScale = 0.4F;
   const float x = 565.0F + 565.0F * (kKeyCentreX + kKeyWidth / 2 + kLabelOffset);
-  const HeatMapScale scale = globalLimits_ ? *globalLimits_ : model_.colourScale();
+  const HeatMapScale scale = model_.colourScale();
   const auto labels = keyLabels(scale.upper(), scale.lower());
   for (std::size_t step = 0; step < labels.size(); ++step) {
     text_.draw("  " + unsignedZero(labels[step]) + "µm", x, 387.0F + 387.5F * keyLabelY(step),

@@ -102,9 +102,9 @@ class GLWindow : public Fl_Gl_Window {
   void setFilterEnabled(bool enabled);
   /// Takes the outcome of a filter run; null for none.
   void setFiltered(std::shared_ptr<const HeightGrid> grid);
-  /// Limits the key's labels run between in place of the surface's own.
+  /// Colours the surface, and labels the key, from `min` to `max` in place of its own limits.
   void setGlobalLimits(float max, float min);
-  /// Gives the key the surface's own limits again.
+  /// Gives surface and key their own limits again.
   void clearGlobalLimits();
 
   /// Switches the profile tool: its pins and line, and what a press can grab. Off, the line is
@@ -181,7 +181,6 @@ class GLWindow : public Fl_Gl_Window {
   BitmapImage bitmap_;
   std::string bitmapPath_;
   bool bitmapColours_ = false;  // where no heat map colours the surface, a bitmap may
-  std::optional<HeatMapScale> globalLimits_;
   Crop crop_;  // in force with the next rebuild; the model's own is that of the last
 
   bool modelBound_ = false;     // the surface buffers hold the present model

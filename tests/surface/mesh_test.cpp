@@ -183,6 +183,11 @@ TEST(Scale, ColoursItsEndsAndNothingBeyond) {
   const HeatMapScale reversed(3.0F, -3.0F);
   EXPECT_EQ(reversed.colourOf(3.0F), kHeatStops.front());
   EXPECT_EQ(reversed.colourOf(-3.0F), kHeatStops.back());
+  // Reversed limits that colour what lies beyond keep their ends where they are.
+  const HeatMapScale ends(3.0F, -3.0F, Beyond::kNearerEnd);
+  EXPECT_EQ(ends.colourOf(9.0F), kHeatStops.front());
+  EXPECT_EQ(ends.colourOf(-9.0F), kHeatStops.back());
+  EXPECT_EQ(ends.colourOf(NAN), kUncoloured);
 }
 
 TEST(Scale, IsNeverNoise) {
@@ -215,6 +220,22 @@ TEST(Model, KeepsTheFilteredGridOnlyWhileItFits) {
   EXPECT_NE(model.shown(), model.raw());
   model.setRaw(roughGrid(4, 4));
   EXPECT_EQ(model.shown(), model.raw());
+}
+
+TEST(Model, ColoursByTheGlobalLimitsAndClampsToTheTypedOnes) {
+  std::ostringstream log;
+  SurfaceModel model(log);
+  model.setRaw(gridOf(2, 2, {-50, -2, 2, 50}));
+  model.crop = {true, -20.0F, 20.0F};
+  model.globalScale = HeatMapScale(-5.0F, 5.0F, Beyond::kNearerEnd);
+  model.measure();
+  std::vector<float> positions(18), normals(18), colours(18);
+  model.build({positions, normals, colours, {}});
+  EXPECT_EQ(positions[2], -20.0F);
+  EXPECT_EQ(positions[5], 20.0F);
+  EXPECT_TRUE(std::equal(kHeatStops.front().begin(), kHeatStops.front().end(), colours.begin()));
+  EXPECT_TRUE(std::equal(kHeatStops.back().begin(), kHeatStops.back().end(), colours.begin() + 3));
+  EXPECT_EQ(model.colourScale().upper(), 5.0F) << "what the key shows";
 }
 
 TEST(AutomaticScale, StepsFinerOnSmoothSurfaces) {
