@@ -222,6 +222,18 @@ TEST(Model, KeepsTheFilteredGridOnlyWhileItFits) {
   EXPECT_EQ(model.shown(), model.raw());
 }
 
+TEST(Model, MeasuresEachGridAnew) {
+  std::ostringstream log;
+  SurfaceModel model(log);
+  model.setRaw(gridOf(2, 2, {7, 7, 7, 9}));
+  model.measure();
+  model.setRaw(gridOf(3, 2, {1, 5, 1, 5, 1, 5}));
+  model.measure();
+  EXPECT_EQ(model.mean(), 3.0F);
+  EXPECT_EQ(model.sd(), 2.0F);
+  EXPECT_EQ(model.autoScale(), automaticScale(2.0F, 3));
+}
+
 TEST(Model, ColoursByTheGlobalLimitsAndClampsToTheTypedOnes) {
   std::ostringstream log;
   SurfaceModel model(log);
