@@ -4,6 +4,7 @@
 #include <array>
 #include <cmath>
 #include <cstring>
+#include <functional>
 #include <limits>
 #include <utility>
 #include <vector>
@@ -42,6 +43,15 @@ struct PointRow {
 
 struct Vec3 {
   float x, y, z;
+};
+
+/// A point of a row as the corner of a triangle.
+struct Corner {
+  const PointRow* row;
+  std::size_t column;
+  [[nodiscard]] bool isMissing() const { return std::isnan(row->heights[column]); }
+  /// Whether a face holds it: the sum of its faces then points up.
+  [[nodiscard]] bool isHeld() const { return row->normals[3 * column + 2] > 0.0F; }
 };
 
 /// 1 / length of a vector of squared length `squared`; 0 for one that has no direction, being of no
@@ -245,8 +255,8 @@ class BandBuilder {
     expand(near_.positions, far_.positions, arrays_.positions.data() + offset);
     expand(near_.normals, far_.normals, arrays_.normals.data() + offset);
     expand(near_.colours, far_.colours, arrays_.colours.data() + offset);
-    if (look_.scale == nullptr && look_.drape != nullptr) uncoverCells(row, offset);
     if (near_.hasMissing || far_.hasMissing) collapseMissing(offset);
+    if (look_.scale == nullptr && look_.drape != nullptr) uncoverCells(row, offset);
   }
 
   /// Copies the points of two neighbouring rows to the six vertices of each cell.
@@ -278,20 +288,35 @@ class BandBuilder {
   }
 
   void collapseMissing(std::size_t offset) const {
-    constexpr Vec3 kUp = {0.0F, 0.0F, 1.0F};
-    const auto gone = [](const PointRow& row, std::size_t c) { return std::isnan(row.heights[c]); };
-    const auto collapse = [&](std::size_t triangle) {
-      for (std::size_t i = triangle; i < triangle + 9; i += 3) {
-        std::memcpy(&arrays_.positions[i], &anchorPosition_, sizeof anchorPosition_);
-        std::memcpy(&arrays_.normals[i], &kUp, sizeof kUp);
-        std::memcpy(&arrays_.colours[i], anchorColour_.data(), sizeof anchorColour_);
-      }
-    };
     for (std::size_t c = 0; c < cells_; ++c, offset += kFloatsPerCell) {
-      const bool shared = gone(near_, c) || gone(far_, c + 1);
-      if (shared || gone(far_, c)) collapse(offset);
-      if (shared || gone(near_, c + 1)) collapse(offset + 9);
+      const Corner first = {&near_, c};
+      const Corner opposite = {&far_, c + 1};
+      collapse({first, opposite, {&far_, c}}, offset);
+      collapse({first, {&near_, c + 1}, opposite}, offset + 9);
     }
+  }
+
+  /// Takes the area from a triangle with a missing corner, which starts at float `offset`.
+  void collapse(const std::array<Corner, 3>& corners, std::size_t offset) const {
+    if (std::none_of(corners.begin(), corners.end(), std::mem_fn(&Corner::isMissing))) return;
+    const auto held = std::find_if(corners.begin(), corners.end(), std::mem_fn(&Corner::isHeld));
+    for (const Corner& corner : corners) {
+      if (held == corners.end()) {
+        constexpr Vec3 kUp = {0.0F, 0.0F, 1.0F};
+        putVertex(&anchorPosition_, &kUp, anchorColour_.data(), offset);
+      } else if (!corner.isHeld()) {
+        const std::size_t i = 3 * held->column;
+        putVertex(&held->row->positions[i], &held->row->normals[i], &held->row->colours[i], offset);
+      }
+      offset += 3;
+    }
+  }
+
+  void putVertex(const void* position, const void* normal, const void* colour,
+                 std::size_t offset) const {
+    std::memcpy(&arrays_.positions[offset], position, sizeof(Vec3));
+    std::memcpy(&arrays_.normals[offset], normal, sizeof(Vec3));
+    std::memcpy(&arrays_.colours[offset], colour, sizeof(Vec3));
   }
 
   const HeightGrid& grid_;
@@ -315,6 +340,17 @@ void buildMesh(const HeightGrid& grid, const MeshLook& look, const MeshArrays& a
   forEachRowBand(grid.height(), [&](std::size_t /*band*/, std::size_t first, std::size_t end) {
     BandBuilder(grid, look, arrays).build(first, end);
   });
+}
+
+std::array<PointRun, 4> pointRuns(std::size_t columns, std::size_t rows) {
+  constexpr std::size_t kHere = 0;
+  constexpr std::size_t kOpposite = 1;
+  constexpr std::size_t kNextRow = 2;
+  constexpr std::size_t kNextColumn = 4;
+  return {{{kHere, 1, 1},
+           {kNextColumn, columns, 1},
+           {kNextRow, rows, columns},
+           {kOpposite, columns * rows, 1}}};
 }
 
 }  // namespace morvane

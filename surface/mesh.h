@@ -1,6 +1,7 @@
 // The triangle mesh of a height grid: positions, normals and colours, six vertices a cell.
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <span>
 
@@ -44,9 +45,22 @@ struct MeshLook {
 
 /// Fills `arrays` (each of `cellCount` cells) from `grid` with the seven workers. A vertex normal
 /// is the normalised sum of the normals of all faces that hold the point. A triangle with a missing
-/// corner is no face and is collapsed onto the first finite point, so that it draws nothing that is
-/// not there. Two builds of one grid are bit-equal. With no finite height nothing is to be drawn,
+/// corner is no face and gets no area: a corner that no face holds lies on one that a face does, or
+/// on the first finite point. So neither as triangles nor as points is anything drawn that is not
+/// there. Two builds of one grid are bit-equal. With no finite height nothing is to be drawn,
 /// and what the arrays then hold is of no use.
 void buildMesh(const HeightGrid& grid, const MeshLook& look, const MeshArrays& arrays);
+
+/// One vertex, `vertex` of its six, of each of `count` cells: the first cell and those that follow
+/// `step` cells apart.
+struct PointRun {
+  std::size_t vertex;
+  std::size_t count;
+  std::size_t step;
+};
+
+/// The vertices that show a mesh of `columns` × `rows` cells as points, each grid point once. Of
+/// the vertices of a point they are the first of the list.
+std::array<PointRun, 4> pointRuns(std::size_t columns, std::size_t rows);
 
 }  // namespace morvane

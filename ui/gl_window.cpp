@@ -215,7 +215,6 @@ void GLWindow::draw() {
   const Stopwatch frame;
   if (needsBuffers_) generateBuffers();
   if (!modelBound_) bindModel();
-  glPolygonMode(GL_FRONT_AND_BACK, filledPolygons_ ? GL_FILL : GL_POINT);
   drawSurface();
   if (axesVisible_) axes_.draw(matrices_, axesRange());
   frame.print("Drawing Time: ");
@@ -277,7 +276,7 @@ void GLWindow::drawSurface() {
   glDepthFunc(GL_LESS);
   glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
   matrices_ = presentMatrices();
-  surface_.draw(matrices_, camera_.eye, lightingOn_);
+  surface_.draw(matrices_, camera_.eye, {lightingOn_, filledPolygons_});
   pickWorld_->setMatrices(matrices_);
 }
 

@@ -36,7 +36,6 @@ void Axes::draw(const ViewMatrices& matrices, const AxesRange& range) const {
   glUseProgram(program_.name());
   glUniformMatrix4fv(program_.uniform("M"), 1, GL_FALSE, glm::value_ptr(matrices.overlay));
   glUniform4fv(program_.uniform("colorOvrr"), 1, glm::value_ptr(kLineColour));
-  glPolygonMode(GL_FRONT_AND_BACK, GL_FILL);
   glBindVertexArray(vertexArray_.name());
   const auto drawPart = [&](const glm::vec3& start, const glm::vec3& size, GLint first,
                             GLsizei count) {

@@ -95,7 +95,6 @@ void PinRenderer::generate() {
 void PinRenderer::begin(const ViewMatrices& matrices, const Pin& box) const {
   const glm::mat4 model = glm::scale(pinMatrix(box, matrices.overlay), box.halfExtents);
   const glm::mat4 all = matrices.projection * matrices.view * model;
-  glPolygonMode(GL_FRONT_AND_BACK, GL_FILL);
   glUseProgram(program_.name());
   glUniformMatrix4fv(program_.uniform("MVP"), 1, GL_FALSE, glm::value_ptr(all));
   glUniformMatrix4fv(program_.uniform("M"), 1, GL_FALSE, glm::value_ptr(model));

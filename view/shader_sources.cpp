@@ -80,8 +80,9 @@ float coverage() {
 void main() { color = vec4(textCol, 1.0) * vec4(1.0, 1.0, 1.0, coverage()); }
 )"};
 
-const ShaderSource kSurfaceShader = {"ModelVS", "ModelFS",
-                                     R"(#version 300 es
+namespace {
+
+constexpr const char* kSurfaceVertex = R"(#version 300 es
 precision highp float;
 
 layout(location = 0) in vec3 vertexPosition;
@@ -103,8 +104,42 @@ void main() {
   vsNormal = normalMatrix * vertexNormals;
   gl_Position = P * V * vec4(vsPosition, 1.0);
 }
-)",
-                                     R"(#version 300 es
+)";
+
+constexpr const char* kPointVertex = R"(#version 300 es
+precision highp float;
+
+layout(location = 0) in vec3 vertexPosition;
+layout(location = 1) in vec3 vertexColor;
+layout(location = 2) in vec3 vertexNormals;
+layout(location = 3) in vec3 nextCorner;
+layout(location = 4) in vec3 lastCorner;
+
+uniform mat4 M;
+uniform mat4 V;
+uniform mat4 P;
+uniform mat3 normalMatrix;
+uniform vec3 CameraPosition;
+
+out vec3 fragmentColor;
+out vec3 vsPosition;
+out vec3 vsNormal;
+
+void main() {
+  fragmentColor = vertexColor;
+  vsPosition = (M * vec4(vertexPosition, 1.0)).xyz;
+  // A point has no back of its own: it is lit on the side that its triangle shows, or where that
+  // has no area, on the one that its surroundings show.
+  mat3 turn = mat3(M);
+  vec3 side = cross(turn * (nextCorner - vertexPosition), turn * (lastCorner - vertexPosition));
+  vec3 normal = normalMatrix * vertexNormals;
+  vec3 facing = side == vec3(0.0) ? normal : side;
+  vsNormal = dot(facing, CameraPosition - vsPosition) < 0.0 ? -normal : normal;
+  gl_Position = P * V * vec4(vsPosition, 1.0);
+}
+)";
+
+constexpr const char* kSurfaceFragment = R"(#version 300 es
 precision highp float;
 
 in vec3 fragmentColor;
@@ -138,7 +173,12 @@ void main() {
 
   outColor = vec4(ambient + diffuse + specular, 1.0);
 }
-)"};
+)";
+
+}  // namespace
+
+const ShaderSource kSurfaceShader = {"ModelVS", "ModelFS", kSurfaceVertex, kSurfaceFragment};
+const ShaderSource kPointShader = {"PointVS", "ModelFS", kPointVertex, kSurfaceFragment};
 
 const ShaderSource kKeyShader = {"KeyVS", "KeyFS",
                                  R"(#version 300 es

@@ -9,6 +9,7 @@
 #include <new>
 #include <type_traits>
 #include <utility>
+#include <vector>
 
 #include "base/memory_advice.h"
 #include "view/gl_driver.h"
@@ -17,12 +18,18 @@
 namespace morvane {
 namespace {
 
-enum Attribute : GLuint { kPosition = 0, kColour = 1, kNormal = 2 };
+enum Attribute : GLuint { kPosition = 0, kColour = 1, kNormal = 2, kNextCorner, kLastCorner };
 
-void useBuffer(Attribute attribute, const VertexBuffer& buffer) {
+constexpr std::size_t kVertexBytes = 3 * sizeof(float);
+
+/// Takes an attribute from vertex `first` of a buffer and those that follow `step` vertices apart.
+void useBuffer(Attribute attribute, const VertexBuffer& buffer, std::size_t first = 0,
+               std::size_t step = 1) {
   glEnableVertexAttribArray(attribute);
   glBindBuffer(GL_ARRAY_BUFFER, buffer.name());
-  glVertexAttribPointer(attribute, 3, GL_FLOAT, GL_FALSE, 0, nullptr);
+  glVertexAttribPointer(attribute, 3, GL_FLOAT, GL_FALSE, static_cast<GLsizei>(step * kVertexBytes),
+                        // NOLINTNEXTLINE(performance-no-int-to-ptr): an offset, as GL wants it
+                        reinterpret_cast<const void*>(first * kVertexBytes));
 }
 
 struct SyncDeleter {
@@ -30,12 +37,14 @@ struct SyncDeleter {
 };
 using Sync = std::unique_ptr<std::remove_pointer_t<GLsync>, SyncDeleter>;
 
-/// Draws the triangle list. A software GL keeps every triangle it has not drawn yet: at once, the
-/// list of a large surface would take nearly as much memory again as its buffers. So it gets the
-/// list piece by piece, and its rasteriser may fall behind by no more than `kPiecesAhead` of them.
-void drawTriangles(GLsizei vertexCount) {
+/// Draws a list of triangles or points. A software GL keeps every one it has not drawn yet: at
+/// once, the list of a large surface would take nearly as much memory again as its buffers. So it
+/// gets the list piece by piece, and its rasteriser may fall behind by no more than `kPiecesAhead`
+/// of them.
+void drawList(GLenum kind, std::size_t count) {
+  const auto vertexCount = static_cast<GLsizei>(count);
   if (!isSoftwareGl() || glFenceSync == nullptr) {
-    glDrawArrays(GL_TRIANGLES, 0, vertexCount);
+    glDrawArrays(kind, 0, vertexCount);
     return;
   }
   constexpr GLsizei kPiece = 3 << 15;
@@ -47,10 +56,35 @@ void drawTriangles(GLsizei vertexCount) {
     if (const Sync earlier = std::move(drawn[next])) {
       glClientWaitSync(earlier.get(), GL_SYNC_FLUSH_COMMANDS_BIT, kOneSecond);
     }
-    glDrawArrays(GL_TRIANGLES, first, std::min(kPiece, vertexCount - first));
+    glDrawArrays(kind, first, std::min(kPiece, vertexCount - first));
     drawn[next] = Sync(glFenceSync(GL_SYNC_GPU_COMMANDS_COMPLETE, 0));
     next = (next + 1) % kPiecesAhead;
   }
+}
+
+void setUniforms(const ShaderProgram& program, const ViewMatrices& matrices, const glm::vec3& eye,
+                 bool lit) {
+  glUseProgram(program.name());
+  const auto vec3 = [&](const char* name, float x, float y, float z) {
+    glUniform3f(program.uniform(name), x, y, z);
+  };
+  const auto mat4 = [&](const char* name, const glm::mat4& matrix) {
+    glUniformMatrix4fv(program.uniform(name), 1, GL_FALSE, glm::value_ptr(matrix));
+  };
+  mat4("M", matrices.model);
+  mat4("V", matrices.view);
+  mat4("P", matrices.projection);
+  glUniformMatrix3fv(program.uniform("normalMatrix"), 1, GL_FALSE, glm::value_ptr(matrices.normal));
+  const float strength = lit ? 0.5F : 1.0F;
+  vec3("ambient_lighting", strength, strength, strength);
+  vec3("diffuse_lighting", strength, strength, strength);
+  // Kept: the surface program knows no point light, so this names nothing and does nothing.
+  if (lit) vec3("LightPos", 0.0F, 0.0F, 4.0F);
+  vec3("LightDirection", 0.0F, 0.0F, -1.0F);
+  vec3("specular_lighting", 1.0F, 1.0F, 1.0F);
+  vec3("CameraPosition", eye.x, eye.y, eye.z);
+  glUniform1f(program.uniform("LightPower"), 0.5F);
+  glUniform1f(program.uniform("Shininess"), 32.0F);
 }
 
 }  // namespace
@@ -64,7 +98,7 @@ void SurfaceRenderer::generate() {
 }
 
 std::string SurfaceRenderer::bind(const SurfaceModel& model, const BitmapDrape* drape) {
-  vertexCount_ = 0;
+  columns_ = rows_ = 0;
   std::string reason = fill(model, drape);
   if (reason.empty()) return {};
   emptyBuffers();
@@ -98,47 +132,48 @@ std::string SurfaceRenderer::fill(const SurfaceModel& model, const BitmapDrape* 
   if (!positions_.close() || !colours_.close() || !normals_.close()) {
     return "the graphics memory was lost while it was filled";
   }
-  vertexCount_ = static_cast<GLsizei>(cells * kVerticesPerCell);
+  columns_ = model.shown()->width() - 1;
+  rows_ = model.shown()->height() - 1;
   return {};
 }
 
-void SurfaceRenderer::draw(const ViewMatrices& matrices, const glm::vec3& eye, bool lit) const {
-  glUseProgram(program_.name());
-  setUniforms(matrices, eye, lit);
+void SurfaceRenderer::draw(const ViewMatrices& matrices, const glm::vec3& eye,
+                           const SurfaceLook& look) {
+  if (!look.filled && pointProgram_.name() == 0) pointProgram_ = ShaderProgram(kPointShader);
+  setUniforms(look.filled ? program_ : pointProgram_, matrices, eye, look.lit);
   glBindVertexArray(vertexArray_.name());
-  useBuffer(kPosition, positions_);
-  useBuffer(kColour, colours_);
-  useBuffer(kNormal, normals_);
-  drawTriangles(vertexCount_);
-  for (const Attribute attribute : {kPosition, kColour, kNormal}) {
+  if (look.filled) {
+    useBuffer(kPosition, positions_);
+    useBuffer(kColour, colours_);
+    useBuffer(kNormal, normals_);
+    drawList(GL_TRIANGLES, columns_ * rows_ * kVerticesPerCell);
+  } else if (columns_ > 0) {
+    drawPoints();
+  }
+  for (const Attribute attribute : {kPosition, kColour, kNormal, kNextCorner, kLastCorner}) {
     glDisableVertexAttribArray(attribute);
   }
   glDisable(GL_CULL_FACE);
 }
 
-void SurfaceRenderer::setUniforms(const ViewMatrices& matrices, const glm::vec3& eye,
-                                  bool lit) const {
-  const auto vec3 = [this](const char* name, float x, float y, float z) {
-    glUniform3f(program_.uniform(name), x, y, z);
-  };
-  const auto mat4 = [this](const char* name, const glm::mat4& matrix) {
-    glUniformMatrix4fv(program_.uniform(name), 1, GL_FALSE, glm::value_ptr(matrix));
-  };
-  mat4("M", matrices.model);
-  mat4("V", matrices.view);
-  mat4("P", matrices.projection);
-  glUniformMatrix3fv(program_.uniform("normalMatrix"), 1, GL_FALSE,
-                     glm::value_ptr(matrices.normal));
-  const float strength = lit ? 0.5F : 1.0F;
-  vec3("ambient_lighting", strength, strength, strength);
-  vec3("diffuse_lighting", strength, strength, strength);
-  // Kept: the surface program knows no point light, so this names nothing and does nothing.
-  if (lit) vec3("LightPos", 0.0F, 0.0F, 4.0F);
-  vec3("LightDirection", 0.0F, 0.0F, -1.0F);
-  vec3("specular_lighting", 1.0F, 1.0F, 1.0F);
-  vec3("CameraPosition", eye.x, eye.y, eye.z);
-  glUniform1f(program_.uniform("LightPower"), 0.5F);
-  glUniform1f(program_.uniform("Shininess"), 32.0F);
+void SurfaceRenderer::drawPoints() const {
+  for (const PointRun& run : pointRuns(columns_, rows_)) {
+    const std::size_t vertex = run.vertex;
+    const std::size_t triangle = vertex - vertex % 3;
+    useBuffer(kPosition, positions_, vertex, kVerticesPerCell);
+    useBuffer(kColour, colours_, vertex, kVerticesPerCell);
+    useBuffer(kNormal, normals_, vertex, kVerticesPerCell);
+    useBuffer(kNextCorner, positions_, triangle + (vertex + 1) % 3, kVerticesPerCell);
+    useBuffer(kLastCorner, positions_, triangle + (vertex + 2) % 3, kVerticesPerCell);
+    if (run.step == 1) {
+      drawList(GL_POINTS, run.count);
+      continue;
+    }
+    // A step over whole rows may be longer than what GL takes between two vertices.
+    std::vector<GLuint> cells(run.count);
+    for (std::size_t i = 0; i < run.count; ++i) cells[i] = static_cast<GLuint>(i * run.step);
+    glDrawElements(GL_POINTS, static_cast<GLsizei>(run.count), GL_UNSIGNED_INT, cells.data());
+  }
 }
 
 }  // namespace morvane

@@ -11,6 +11,12 @@
 
 namespace morvane {
 
+/// How a surface is drawn.
+struct SurfaceLook {
+  bool lit = true;     ///< shaded, not in raw (brightened) colours
+  bool filled = true;  ///< as triangles, not as points
+};
+
 /// All of it needs a current GL context.
 class SurfaceRenderer {
  public:
@@ -22,23 +28,25 @@ class SurfaceRenderer {
   /// nothing to draw.
   [[nodiscard]] std::string bind(const SurfaceModel& model, const BitmapDrape* drape);
 
-  /// Draws what is bound, as triangles or as points of two pixels. `lit` chooses between shaded and
-  /// raw (brightened) colours.
-  void draw(const ViewMatrices& matrices, const glm::vec3& eye, bool lit) const;
+  /// Draws what is bound.
+  void draw(const ViewMatrices& matrices, const glm::vec3& eye, const SurfaceLook& look);
 
   [[nodiscard]] bool usable() const { return program_.usable(); }
 
  private:
   void emptyBuffers();
   [[nodiscard]] std::string fill(const SurfaceModel& model, const BitmapDrape* drape);
-  void setUniforms(const ViewMatrices& matrices, const glm::vec3& eye, bool lit) const;
+  void drawPoints() const;
 
   ShaderProgram program_;
+  ShaderProgram pointProgram_;  // made when it is first wanted
   GlVertexArray vertexArray_;
   VertexBuffer positions_;
   VertexBuffer colours_;
   VertexBuffer normals_;
-  GLsizei vertexCount_ = 0;
+  // Cells; none while there is nothing to draw.
+  std::size_t columns_ = 0;
+  std::size_t rows_ = 0;
 };
 
 }  // namespace morvane
