@@ -39,7 +39,8 @@ int GLWindow::handle(int event) {
       std::cout << "Entered\n";
       // Wanted, so that motion without a button is told; then passed on.
       (void)Fl_Gl_Window::handle(event);
-      return 1;
+      // The motion that led here is told as this event alone.
+      return onMove();
     case FL_KEYDOWN:
       std::cout << "Key Down\n";
       // Kept: the words are the wrong way round.
@@ -112,6 +113,8 @@ int GLWindow::onMove() {
 
 int GLWindow::onWheel() {
   std::cout << "SCALE: " << camera_.distance << '\n';
+  // No motion need have come before: the toolkit merges it into what follows.
+  onMove();
   zoomByWheel(camera_, Fl::event_dy());
   redraw();
   return 1;

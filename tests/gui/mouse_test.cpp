@@ -97,6 +97,15 @@ TEST_F(Mouse, TurnsPansAndZooms) {
   for (int i = 0; i < 12; ++i) window().drag(kCentre, {kCentre.x, kCentre.y + 100}, {1, 3});
   await("a smaller surface", [&](const Image& p) { return surfacePixels(p) < 0.95 * pixels; });
   goneBack();
+  // Toward a pointer that came in one leap from outside, which the view is not told as a motion.
+  window().wheel({1000, kCentre.y}, 8);
+  await("a larger surface, the pointer's place kept",
+        [&](const Image& p) { return centreOf(p, isSurface).x < kCentre.x - 40; });
+  goneBack();
+  // A motion is a step, and motions that come while a frame is drawn are one.
+  for (int i = 0; i < 12; ++i) window().drag(kCentre, {kCentre.x, kCentre.y + 100}, {1, 3});
+  await("a smaller surface", [&](const Image& p) { return surfacePixels(p) < 0.95 * pixels; });
+  goneBack();
 }
 
 TEST_F(Mouse, DragsAPinUnderThePointerAndStopsItAtEveryEdge) {
