@@ -220,12 +220,12 @@ void GLWindow::draw() {
   frame.print("Drawing Time: ");
   if (std::exchange(keyBuffersNeeded_, false)) key_.generateBuffers();
   const bool keyShown = keyVisible_ && wearsHeatMap_;
-  if (keyShown) drawKey();
+  if (keyShown && std::exchange(keyDirty_, false)) key_.rebuild();
   frame.print("Drawing Time for HM Key: ");
   drawTools();
-  // Last, so that no pin stands before a number.
+  // Over the tools, so that no pin stands before a number and the key shows its own colours.
   if (axesVisible_) Axes::drawLabels(matrices_, axesRange(), w(), h(), text_);
-  if (keyShown) drawKeyLabels();
+  if (keyShown) drawKey();
   checkGl("surface");
 }
 
@@ -296,12 +296,11 @@ AxesRange GLWindow::axesRange() const {
 }
 
 void GLWindow::drawKey() {
-  if (std::exchange(keyDirty_, false)) key_.rebuild();
-  glPolygonMode(GL_FRONT_AND_BACK, GL_FILL);
   // However near the surface comes, the key lies over it.
   glDisable(GL_DEPTH_TEST);
   key_.draw();
   glEnable(GL_DEPTH_TEST);
+  drawKeyLabels();
 }
 
 void GLWindow::drawKeyLabels() {

@@ -26,21 +26,21 @@ bool isFirstPin(const Rgb& c) { return c.r > 200 && c.g < 60 && c.b > 200; }
 bool isSecondPin(const Rgb& c) { return difference(c, kBlack) < 12; }
 bool isCurve(const Rgb& c) { return c.b > c.r + 70 && c.b > c.g + 40; }
 
-/// A wave along x that ends at the same height as it begins.
-MeasurementContent wave(int width, int height) {
+/// A wave along x about `level` that ends at the same height as it begins.
+MeasurementContent wave(int width, int height, double level) {
   MeasurementContent content;
   content.width = width;
   content.height = height;
   for (int y = 0; y < height; ++y) {
-    for (int x = 0; x < width; ++x) content.heights.push_back(5.0 * std::sin(x * 0.0331));
+    for (int x = 0; x < width; ++x) content.heights.push_back(level + 5.0 * std::sin(x * 0.0331));
   }
   return content;
 }
 
 class Mouse : public OnShow {
  protected:
-  void open(int width, int height) {
-    writeBytes(folder_.file("wave.res"), encodeMeasurement(wave(width, height)));
+  void open(int width, int height, double level = 0.0) {
+    writeBytes(folder_.file("wave.res"), encodeMeasurement(wave(width, height, level)));
     OnShow::open(folder_.file("wave.res"), [](const Image& p) { return surfacePixels(p) > 200; });
   }
   static int surfacePixels(const Image& picture) { return picture.part(kView).count(isSurface); }
@@ -93,10 +93,6 @@ TEST_F(Mouse, TurnsPansAndZooms) {
   await("a larger surface", [&](const Image& p) { return surfacePixels(p) > 1.3 * pixels; });
   EXPECT_NE(program_->awaitLine("SCALE: "), "");
   goneBack();
-  // A motion is a step, and motions that come while a frame is drawn are one.
-  for (int i = 0; i < 12; ++i) window().drag(kCentre, {kCentre.x, kCentre.y + 100}, {1, 3});
-  await("a smaller surface", [&](const Image& p) { return surfacePixels(p) < 0.95 * pixels; });
-  goneBack();
   // Toward a pointer that came in one leap from outside, which the view is not told as a motion.
   window().wheel({1000, kCentre.y}, 8);
   await("a larger surface, the pointer's place kept",
@@ -143,6 +139,22 @@ TEST_F(Mouse, DragsAPinUnderThePointerAndStopsItAtEveryEdge) {
   window().click(kSwapPins);
   await("the pins swapped",
         [&](const Image& p) { return std::abs(centreOf(p, isSecondPin).y - corner.y) < 12; });
+}
+
+TEST_F(Mouse, DragsAPinOverHeightsFarFromZeroAndUnderTheKey) {
+  open(kWidth, kHeight, 500.0);
+  window().click(kProfile);
+  const Image first =
+      await("the pins", [](const Image& p) { return p.part(kView).count(isFirstPin) > 100; });
+  window().drag(centreOf(first, isFirstPin), kProfileCentre);
+  awaitPinAt(kProfileCentre, 5);
+  // From the first pin in the middle to under the key, the section line with it.
+  constexpr Area kKey{1128, 120, 22, 330};
+  for (int i = 0; i < 5; ++i) window().drag({650, 500}, {1050, 500}, {3});
+  const Image panned = await("the surface under the key", [](const Image& p) {
+    return p.part({1156, 120, 20, 330}).count(isSurface) > 500;
+  });
+  EXPECT_TRUE(panned.part(kKey) == first.part(kKey));
 }
 
 TEST_F(Mouse, GrabsTheNearerOfTwoPinsInLine) {
