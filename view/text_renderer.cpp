@@ -7,13 +7,13 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <cstdio>
 #include <glm/gtc/matrix_transform.hpp>
 #include <glm/gtc/type_ptr.hpp>
 #include <memory>
 #include <type_traits>
 #include <vector>
 
+#include "base/debug_log.h"
 #include "view/shader_sources.h"
 
 namespace morvane {
@@ -44,7 +44,7 @@ using Outline = std::unique_ptr<std::remove_pointer_t<FT_Glyph>, OutlineRelease>
 Library openLibrary() {
   FT_Library library = nullptr;
   if (FT_Init_FreeType(&library) != 0) {
-    std::puts("FreeType initiation Failed");
+    logStream() << "FreeType initiation Failed\n";
     return nullptr;
   }
   return Library(library);
@@ -53,7 +53,7 @@ Library openLibrary() {
 Face openFace(const Library& library, const std::string& path) {
   FT_Face face = nullptr;
   if (FT_New_Face(library.get(), path.c_str(), 0, &face) != 0) {
-    std::puts("Error: FreeType failed to load font");
+    logStream() << "Error: FreeType failed to load font\n";
     return nullptr;
   }
   FT_Set_Pixel_Sizes(face, 0, kPixelSize);
@@ -181,7 +181,7 @@ void TextRenderer::loadGlyphs(const std::string& fontPath) {
   glPixelStorei(GL_UNPACK_ALIGNMENT, 1);
   for (std::size_t code = 0; code < kGlyphs; ++code) {
     if (FT_Load_Char(face.get(), static_cast<FT_ULong>(code), FT_LOAD_NO_BITMAP) != 0) {
-      std::puts("FreeType unable to load Glyph");
+      logStream() << "FreeType unable to load Glyph\n";
       continue;
     }
     Glyph& glyph = glyphs_[code];
