@@ -6,6 +6,7 @@
 #include <cstdio>
 #include <cstring>
 #include <exception>
+#include <limits>
 #include <ostream>
 #include <vector>
 
@@ -71,9 +72,9 @@ void resFile::read() {
   grid_.reset();
   const FilePtr file = openForReading(path_);
   if (!file) {
-    const int error = errno;
+    systemReason_ = std::strerror(errno);
     *log_ << "ERROR: FILE CANNOT BE OPENED\n"
-          << "  err " << std::strerror(error) << " \n";
+          << "  err " << systemReason_ << " \n";
     return;
   }
   // The grid goes straight into its buffer; a second buffer in between would only cost a copy.
@@ -83,6 +84,7 @@ void resFile::read() {
   decodeHeader(bytes, version, header_, results_, *log_);
   fileSize_ = headerSize_ + readGrid(file.get());
   readable_ = std::ferror(file.get()) == 0;
+  systemReason_ = readable_ ? "" : std::strerror(errno);
   if (!readable_) *log_ << "ERROR: FILE CANNOT BE READ\n";
   pointCount_ = grid_ ? static_cast<std::uint32_t>(grid_->count()) : 0;
   loaded_ = true;
@@ -132,11 +134,34 @@ bool resFile::isValid() const {
         << "HEIGHT: " << header_.height << '\n'
         << "HEADERSIZE: " << headerSize_ << '\n'
         << "fileSize: " << fileSize_ << '\n';
+  return hasItsLength();
+}
+
+bool resFile::hasItsLength() const {
   // Judged by the sizes, not by the grid: after a failed open these are the previous file's.
   const std::int64_t count = std::int64_t{header_.width} * header_.height;
   if (!readable_ || header_.width < 0 || header_.height < 0 || count != pointCount_) return false;
   const auto points = static_cast<std::uint64_t>(count);
   return headerSize_ + points * 8 == fileSize_ || headerSize_ + points * 2 == fileSize_;
+}
+
+std::string resFile::trouble() const {
+  if (!systemReason_.empty()) return systemReason_;
+  if (grid_ && hasItsLength()) return {};
+  if (headerSize_ < kHeaderBytes) return "it ends within its header";
+  const std::int64_t count = std::int64_t{header_.width} * header_.height;
+  const bool possible = header_.width >= 0 && header_.height >= 0 &&
+                        count <= std::numeric_limits<std::int32_t>::max();
+  if (!grid_) {
+    return (possible ? "there is not enough memory for " : "its header announces ") +
+           std::to_string(header_.width) + " x " + std::to_string(header_.height) + " points";
+  }
+  if (header_.numType != kNumTypeDoubles && header_.numType != kNumTypeCounts16) {
+    return "its element type " + std::to_string(header_.numType) + " is unknown";
+  }
+  const int pointBytes = header_.numType == kNumTypeDoubles ? 8 : 2;
+  return "it holds " + std::to_string(fileSize_) + " of " +
+         std::to_string(headerSize_ + static_cast<std::uint64_t>(count * pointBytes)) + " bytes";
 }
 
 std::string resFile::writeRegion(std::span<const double> values, std::int32_t regionWidth,

@@ -29,6 +29,10 @@ class resFile {
   /// read or memory could not hold, is never valid.
   [[nodiscard]] bool isValid() const;
 
+  /// Why the last read brought no measurement, e.g. "it holds 300 of 80256 bytes"; empty when it
+  /// brought one.
+  [[nodiscard]] std::string trouble() const;
+
   /// Writes `values` (regionWidth × regionHeight heights in row order) as a file of doubles behind
   /// a copy of the raw header, or of `header` where one is given, with the two sizes replaced.
   /// Kept: nothing else in it is changed, element type included. Returns an empty text, or the
@@ -60,6 +64,7 @@ class resFile {
 
  private:
   void read();
+  [[nodiscard]] bool hasItsLength() const;
   HeaderBytes readHeader(std::FILE* file, std::int32_t& version);
   std::uint64_t readGrid(std::FILE* file);
 
@@ -73,6 +78,7 @@ class resFile {
   std::uint32_t pointCount_ = 0;
   std::uint64_t headerSize_ = 0;
   std::uint64_t fileSize_ = 0;
+  std::string systemReason_;  // why the last file could not be had; empty when it could
   bool loaded_ = false;
   bool readable_ = true;
 };

@@ -22,6 +22,7 @@ TEST_F(HostileFile, CutAnywhereIsInvalidAndItsMissingHeightsAreZero) {
       const bool asLongAsCounts = length == kHeaderBytes + std::size_t{6} * 2;
       EXPECT_EQ(valid, announcesNothing || asLongAsCounts)
           << "version " << version << ", " << length;
+      EXPECT_EQ(file_.trouble().empty(), valid);
       EXPECT_EQ(file_.fileSize(), length);
       for (std::size_t i = 0; i < file_.pointCount(); ++i) {
         const bool isThere = kHeaderBytes + 8 * (i + 1) <= length;
@@ -30,6 +31,24 @@ TEST_F(HostileFile, CutAnywhereIsInvalidAndItsMissingHeightsAreZero) {
       }
     }
   }
+}
+
+TEST_F(HostileFile, IsNotReadForAReason) {
+  const auto troubleOf = [this](auto change) {
+    MeasurementContent content = smallContent(4);
+    change(content);
+    std::vector<std::byte> bytes = encodeMeasurement(content);
+    bytes.resize(std::min<std::size_t>(bytes.size(), 300));
+    opens(bytes);
+    return file_.trouble();
+  };
+  EXPECT_EQ(troubleOf([](MeasurementContent&) {}), "it holds 300 of 304 bytes");
+  EXPECT_EQ(troubleOf([](MeasurementContent& c) { c.numType = 5; }),
+            "its element type 5 is unknown");
+  EXPECT_EQ(troubleOf([](MeasurementContent& c) { c.width = -3; }),
+            "its header announces -3 x 2 points");
+  opens(folder_.file("none.res"));
+  EXPECT_EQ(file_.trouble(), "No such file or directory");
 }
 
 TEST_F(HostileFile, SurvivesEveryHeaderByteAtItsExtremes) {
