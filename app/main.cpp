@@ -64,6 +64,8 @@ int main(int argc, char** argv) {
   if (words.size() > 1) {
     logStream() << "ARGV0:" << program << '\n' << "ARGV: " << words[1] << '\n';
     app.startupFile = words[1];
+    // What is said while the file is read is said in a window that is there.
+    app.mainWindow->wait_for_expose();
     openMeasurement(nullptr, kOpenStartupFile);
   } else {
     Fl::add_timeout(

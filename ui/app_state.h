@@ -19,6 +19,7 @@ class ConfigManagerWindow;
 class FilterWindow;
 class GLWindow;
 class ResultsPanel;
+class StatusLine;
 
 /// One instance for the whole run. The pointers do not own: widgets belong to the toolkit's tree.
 struct AppState {
@@ -37,6 +38,7 @@ struct AppState {
   FilterWindow* filterWindow = nullptr;
   ConfigManagerWindow* configManager = nullptr;
   ResultsPanel* resultsPanel = nullptr;
+  StatusLine* statusLine = nullptr;
 
   Fl_Button* heatMapButton = nullptr;
   Fl_Slider* scaleSlider = nullptr;

@@ -10,6 +10,7 @@
 #include "base/paths.h"
 #include "ui/app_state.h"
 #include "ui/call_soon.h"
+#include "ui/draw_pending.h"
 #include "ui/wrapped_text.h"
 
 namespace morvane {
@@ -57,7 +58,9 @@ std::string answerOf(Fl_Native_File_Chooser& chooser, const FileRequest& request
   chooser.filter(request.filter);
   chooser.directory(request.folder.c_str());
   prepareBox(Fl_Native_File_Chooser::file_exists_message);
-  if (chooser.show() != 0) return {};
+  const int outcome = chooser.show();
+  drawUncovered();
+  if (outcome != 0) return {};
   const char* name = chooser.filename();
   return name != nullptr ? name : "";
 }

@@ -7,6 +7,8 @@
 #include <FL/Fl_Slider.H>
 #include <FL/fl_ask.H>
 
+#include <cerrno>
+#include <cstring>
 #include <string>
 
 #include "base/debug_log.h"
@@ -26,6 +28,7 @@
 #include "ui/gl_window.h"
 #include "ui/menu.h"
 #include "ui/results_panel.h"
+#include "ui/status_line.h"
 #include "ui/view_controls.h"
 #include "ui/view_layout.h"
 #include "ui/wait_cursor.h"
@@ -140,16 +143,24 @@ std::string startFolder() {
 void openMeasurement(Fl_Widget* /*widget*/, long mode) { openFile(pathToOpen(mode)); }
 
 void openFile(const std::string& path) {
+  const std::string name = fileNameOf(path);
+  StatusLine& line = *appState().statusLine;
   if (!openForReading(path)) {
+    const std::string reason = std::strerror(errno);
     appendConsole("File does not exist!");
+    if (!path.empty()) line.say(name + ": " + reason);
     return;
   }
+  line.hold("Opening " + name + "…");
   if (!readMeasurement(path)) {
+    tellUser(name + ": " + appState().glView->file().trouble());
     fl_beep(FL_BEEP_DEFAULT);
     showAlert("Invalid file");
     return;
   }
   showOpened();
+  // A view that draws frames takes it away with the first of them.
+  if (appState().glView->visible() == 0) line.release();
 }
 
 void saveCopy() {
@@ -172,7 +183,11 @@ void saveCopy() {
   }
   if (fileExists(destination) && !confirmReplace(destination)) return;
   const std::string reason = copyFile(source, destination);
-  if (!reason.empty()) showAlert("The copy could not be saved: " + reason);
+  if (reason.empty()) {
+    tellUser("Copy saved: " + destination);
+  } else {
+    showAlert("The copy could not be saved: " + reason);
+  }
 }
 
 }  // namespace morvane

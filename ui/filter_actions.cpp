@@ -24,7 +24,7 @@ void applyFilter() {
   const WaitCursor wait;
   FilterRun run = runFilter(app.filterWindow->settings(), app.glView->measurement(), std::cout);
   if (run.status == FilterStatus::kNoMemory) {
-    appendConsole("There is not enough memory to filter this measurement.");
+    tellUser("There is not enough memory to filter this measurement.");
   }
   app.glView->setFiltered(std::move(run.filtered));
   app.mainWindow->redraw();

@@ -206,6 +206,7 @@ void GLWindow::initialiseGlew() {
 }
 
 void GLWindow::draw() {
+  if (onDraw) onDraw();
   if (!pickWorld_) pickWorld_ = std::make_unique<PickWorld>();
   if (!modelLoaded_ || !glReady_) {
     glClearColor(0.0F, 0.0F, 0.0F, 0.0F);

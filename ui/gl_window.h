@@ -130,6 +130,9 @@ class GLWindow : public Fl_Gl_Window {
   /// Called when limits or scale have been brought up to date.
   std::function<void()> onMeasured;
 
+  /// Called when a frame is about to be drawn.
+  std::function<void()> onDraw;
+
   std::string exeFolder;  ///< the view's own copy, for its resources
 
  protected:

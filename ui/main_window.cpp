@@ -28,6 +28,7 @@
 #include "ui/menu.h"
 #include "ui/quit_dialog.h"
 #include "ui/results_panel.h"
+#include "ui/status_line.h"
 #include "ui/view_controls.h"
 #include "ui/view_layout.h"
 #include "widgets/button_box.h"
@@ -133,9 +134,10 @@ GLWindow* makeView(AppState& app) {
   view->hide();
   view->exeFolder = app.exeFolder;
   view->profiler().exeFolder = app.exeFolder;
-  view->onTrouble = appendConsole;
+  view->onTrouble = [](const std::string& text) { callSoon(tellUser, text); };
   view->onNotShown = showAlertSoon;
   view->onMeasured = showMeasured;
+  view->onDraw = [] { appState().statusLine->release(); };
   return view;
 }
 
@@ -186,6 +188,7 @@ void buildMainWindow() {
   app.logoBox = makeLogoBox();
   app.controlsPanel = makeControlsPanel();
   app.consolePanel = makeConsolePanel(app);
+  app.statusLine = new StatusLine;
   app.resultsPanel = new ResultsPanel(app.exeFolder);
   app.resultsPanel->hide();
   buildMenu();

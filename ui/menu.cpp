@@ -76,7 +76,7 @@ void toggleFullScreen() {
   AppState& app = appState();
   logStream() << "FULLSCREEN MODE\n";
   if (!canFillScreen()) {
-    appendConsole("The window manager offers no full screen.");
+    tellUser("The window manager offers no full screen.");
     return;
   }
   fillsScreen() ? app.mainWindow->fullscreen_off() : app.mainWindow->fullscreen();

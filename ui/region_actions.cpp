@@ -7,6 +7,7 @@
 #include "resfile/region_file.h"
 #include "ui/app_state.h"
 #include "ui/choosers.h"
+#include "ui/console.h"
 #include "ui/file_actions.h"
 #include "ui/gl_window.h"
 
@@ -48,9 +49,10 @@ void saveShownRegion() {
   const std::string reason = saveRegion(view.file(), source, grid, region, path);
   if (!reason.empty()) {
     showAlert("The region could not be saved: " + reason);
-  } else if (confirmOpen(path)) {
-    openFile(path);
+    return;
   }
+  tellUser("Region saved: " + path);
+  if (confirmOpen(path)) openFile(path);
 }
 
 }  // namespace morvane

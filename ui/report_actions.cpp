@@ -29,7 +29,7 @@ void log(std::string_view text) { DebugLog::write("pdf_report.log", text); }
 
 void tell(const std::string& trouble) {
   std::cout << trouble << '\n';
-  appendConsole(trouble);
+  tellUser(trouble);
 }
 
 /// Takes the picture of the view and what stands below it, as it is now.
@@ -89,7 +89,8 @@ void writePdfReport(Fl_Widget* /*widget*/, long /*action*/) {
     const std::string path = chooseReportPath();
     if (!path.empty()) {
       const std::string reason = report.save(path);
-      if (!reason.empty()) tell("The report could not be saved: " + reason);
+      reason.empty() ? tellUser("Report saved: " + path)
+                     : tell("The report could not be saved: " + reason);
     }
   }
   log("=========================================================================\n");
@@ -97,7 +98,7 @@ void writePdfReport(Fl_Widget* /*widget*/, long /*action*/) {
 
 void takeScreenshot() {
   const Screenshot shot = captureView();
-  if (shot.reason.empty()) appendConsole("Picture saved: " + shot.path);
+  if (shot.reason.empty()) tellUser("Picture saved: " + shot.path);
 }
 
 }  // namespace morvane

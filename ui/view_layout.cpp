@@ -7,6 +7,7 @@
 #include "ui/app_state.h"
 #include "ui/gl_window.h"
 #include "ui/results_panel.h"
+#include "ui/status_line.h"
 
 namespace morvane {
 namespace {
@@ -39,6 +40,7 @@ void layoutViews() {
   app.controlsPanel->resize(2, kMenuHeight, kControlsWidth, app.mainWindow->h() - kMenuHeight);
   app.consolePanel->resize(kConsoleX, app.mainWindow->h() - kConsoleHeight,
                            app.mainWindow->w() - kConsoleX + kConsoleOverhang, kConsoleHeight);
+  app.statusLine->place();
   // What was placed by hand is the new starting point of the toolkit's own resizing.
   app.mainWindow->init_sizes();
   app.mainWindow->redraw();

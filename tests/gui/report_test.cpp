@@ -94,6 +94,10 @@ TEST_F(Report, IsAPageWithThePictureAndItsNumbers) {
   chooser.key({"Return"});
   chooser.awaitGone();
   const std::string path = awaitReport("plate.pdf");
+  program_->mainWindow().awaitPicture("where it lies", [](const Image& picture) {
+    return picture.part({160, 750, 1110, 45}).count([](const Rgb& c) { return c == kBlack; }) >
+           5000;
+  });
   const std::string text = outputOf("pdftotext -layout '" + path + "' -");
   for (const char* words : {"Morvane Reader Report:", "Date: ", "Time: ", "plate.res",
                             "Scaling: 498.8x", "Crop Min: -6.1", "Crop Max: 6.2"}) {

@@ -7,8 +7,10 @@
 
 #include <array>
 #include <climits>
+#include <csignal>
 #include <filesystem>
 #include <fstream>
+#include <functional>
 #include <initializer_list>
 #include <span>
 
@@ -186,9 +188,32 @@ TEST(Open, TakesWhatIsDroppedOnAnyPartOfTheWindow) {
   EXPECT_TRUE(question.shown());
 }
 
+/// Whether the line at the lower edge of the view, over the empty one, says anything.
+bool saysSomething(const Image& picture) {
+  return picture.part({500, 740, 430, 55}).count([](const Rgb& c) { return c != kBlack; }) > 100;
+}
+
+TEST(Open, IsSaidBeforeItBegins) {
+  Program program({panel()});
+  program.awaitLine(">>(resFile) -- File updated");
+  ASSERT_EQ(kill(program.id(), SIGSTOP), 0);
+  EXPECT_TRUE(saysSomething(program.mainWindow().capture()));
+  ASSERT_EQ(kill(program.id(), SIGCONT), 0);
+  program.awaitLine(kFrameDrawn);
+  const auto sky = [](const Image& picture) {
+    const Image edge = picture.part({500, 740, 430, 55});
+    return edge.count([&](const Rgb& c) {
+      return c == edge.at({0, 0}) && c != kBlack;
+    }) == 430 * 55;
+  };
+  program.mainWindow().awaitPicture("the view alone", sky);
+}
+
 TEST(Open, AMissingFileIsNoReasonToStop) {
   Program program({"nowhere.res"});
   program.awaitLine("(ChooseFile) - Filename to open: nowhere.res");
+  program.mainWindow().awaitPicture("what is wrong", saysSomething);
+  program.mainWindow().awaitPicture("the logo alone", std::not_fn(saysSomething));
   // An alert would keep the key from the main window.
   EXPECT_EQ(program.quit(), 0);
   EXPECT_THAT(program.lines(), Not(Contains("Updating Res File...")));
