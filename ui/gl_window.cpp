@@ -10,17 +10,14 @@
 
 #include "base/debug_log.h"
 #include "base/memory_advice.h"
-#include "base/number_text.h"
 #include "base/paths.h"
+#include "geometry/key_column.h"
 #include "ui/gl_mode.h"
 #include "view/gl_driver.h"
 
 namespace morvane {
 namespace {
 
-// The space that text is laid out in: the view at its first size.
-constexpr float kTextWidth = 1130.0F;
-constexpr float kTextHeight = 775.0F;
 constexpr glm::vec3 kTextColour{0.0F, 0.0F, 0.0F};
 constexpr glm::vec3 kSky{0.65F, 0.86F, 1.0F};
 
@@ -239,7 +236,8 @@ void GLWindow::generateBuffers() {
     reportTrouble(std::string("the shaders do not compile on ") +
                   reinterpret_cast<const char*>(glGetString(GL_RENDERER)));
   }
-  text_.initialise(resourcePath(exeFolder, "Fonts", "arial.ttf"), kTextWidth, kTextHeight, kSky);
+  text_.initialise(resourcePath(exeFolder, "Fonts", "arial.ttf"), kTextSpaceWidth, kTextSpaceHeight,
+                   kSky);
   watch.print("Buffer Generation Time: ");
   needsBuffers_ = false;
   axes_.generate();
@@ -306,14 +304,12 @@ void GLWindow::drawKey() {
 
 void GLWindow::drawKeyLabels() {
   text_.setPixels(w(), h());
-  constexpr float kLabelOffset = 0.005F;  // device units right of the key
-  constexpr float kScale = 0.4F;
-  const float x = 565.0F + 565.0F * (kKeyCentreX + kKeyWidth / 2 + kLabelOffset);
   const HeatMapScale scale = model_.colourScale();
-  const auto labels = keyLabels(scale.upper(), scale.lower());
-  for (std::size_t step = 0; step < labels.size(); ++step) {
-    text_.draw("  " + unsignedZero(labels[step]) + "µm", x, 387.0F + 387.5F * keyLabelY(step),
-               kScale, kTextColour);
+  const KeyColumn column = keyColumn(
+      scale.upper(), scale.lower(),
+      [this](std::string_view text, float size) { return text_.widthInSpace(text, size); });
+  for (const KeyNumber& number : column.numbers) {
+    text_.draw(number.text, number.x, number.y, column.scale, kTextColour);
   }
   text_.draw(fileNameOf(measurement_.path), 20.0F, 750.0F, 0.3F, kTextColour);
 }

@@ -58,6 +58,10 @@ class TextRenderer {
 
   /// How far the pen goes for `text`, in units, while the space is not distorted.
   [[nodiscard]] float width(std::string_view text, float scale) const;
+  /// The same in the layout space as `draw` distorts it.
+  [[nodiscard]] float widthInSpace(std::string_view text, float scale) const {
+    return width(text, scale * shape_.x);
+  }
 
  private:
   void loadGlyphs(const std::string& fontPath);
