@@ -47,16 +47,16 @@ void drawList(GLenum kind, std::size_t count) {
     glDrawArrays(kind, 0, vertexCount);
     return;
   }
-  constexpr GLsizei kPiece = 3 << 15;
+  const GLsizei piece = (kind == GL_TRIANGLES ? 3 : 1) << 15;
   constexpr std::size_t kPiecesAhead = 2;
   constexpr GLuint64 kOneSecond = 1'000'000'000;
   std::array<Sync, kPiecesAhead> drawn;
   std::size_t next = 0;
-  for (GLsizei first = 0; first < vertexCount; first += kPiece) {
+  for (GLsizei first = 0; first < vertexCount; first += piece) {
     if (const Sync earlier = std::move(drawn[next])) {
       glClientWaitSync(earlier.get(), GL_SYNC_FLUSH_COMMANDS_BIT, kOneSecond);
     }
-    glDrawArrays(kind, first, std::min(kPiece, vertexCount - first));
+    glDrawArrays(kind, first, std::min(piece, vertexCount - first));
     drawn[next] = Sync(glFenceSync(GL_SYNC_GPU_COMMANDS_COMPLETE, 0));
     next = (next + 1) % kPiecesAhead;
   }

@@ -208,7 +208,6 @@ void TextRenderer::drawGlyphs(std::string_view text, glm::vec2 pen, glm::vec2 sc
   glEnable(GL_CULL_FACE);
   glEnable(GL_BLEND);
   glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
-  glPolygonMode(GL_FRONT_AND_BACK, GL_FILL);
   glUseProgram(program_.name());
   glUniformMatrix4fv(program_.uniform("projection"), 1, GL_FALSE, glm::value_ptr(projection));
   // Dark strokes thinner than a pixel look paler than they are where light is added as light.
