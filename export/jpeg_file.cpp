@@ -1,22 +1,21 @@
-#include "export/jpeg_file.h"
+#include <array>
+#include <csetjmp>
+#include <cstdio>
+#include <string>
 
 // jpeglib.h uses FILE without declaring it.
 #include <jpeglib.h>
 
-#include <array>
-#include <csetjmp>
-#include <cstdio>
-
-#include "base/safe_file.h"
+#include "export/screen_picture.h"
 
 namespace morvane {
 namespace {
 
-/// Compresses one image into a file. libjpeg's only way out of an error is a jump, so the frame
+/// Compresses one image. libjpeg's only way out of an error is a jump, so the frame
 /// that is jumped to holds nothing that would have to be destroyed: it all lies in this object.
 class JpegEncoder {
  public:
-  explicit JpegEncoder(SafeFile& file) : file_(file) {
+  explicit JpegEncoder(Bytes& file) : file_(file) {
     state_.client_data = this;
     state_.err = jpeg_std_error(&errors_);
     errors_.error_exit = [](j_common_ptr state) {
@@ -73,11 +72,11 @@ class JpegEncoder {
   }
 
   void writePiece(std::size_t bytes) {
-    file_.write(piece_.data(), bytes);
+    file_.insert(file_.end(), piece_.begin(), piece_.begin() + static_cast<std::ptrdiff_t>(bytes));
     startPiece();
   }
 
-  SafeFile& file_;
+  Bytes& file_;
   jpeg_compress_struct state_{};
   jpeg_error_mgr errors_{};
   jpeg_destination_mgr destination_{};
@@ -88,11 +87,12 @@ class JpegEncoder {
 
 }  // namespace
 
-std::string saveJpeg(const RgbImage& image, const std::string& path) {
-  SafeFile file(path);
+std::string encodeJpeg(const RgbImage& image, Bytes& file) {
+  file.clear();
   JpegEncoder encoder(file);
-  if (!encoder.encode(image)) return encoder.message();
-  return file.commit();
+  if (encoder.encode(image)) return {};
+  file.clear();
+  return encoder.message();
 }
 
 }  // namespace morvane

@@ -1,14 +1,12 @@
 #include "export/pdf_report.h"
 
 #include <array>
-#include <cerrno>
 #include <cstdio>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "base/debug_log.h"
-#include "base/file_io.h"
 #include "base/safe_file.h"
 #include "export/win_ansi.h"
 
@@ -18,27 +16,6 @@ namespace {
 constexpr char kFont[] = "Helvetica";
 constexpr std::size_t kPieceBytes = std::size_t{1} << 16;
 constexpr const char* kLogFile = "pdf_report.log";
-
-/// All bytes of a file; empty, after telling the error handler why, when it cannot be read.
-std::vector<HPDF_BYTE> readJpeg(const std::string& path) {
-  std::vector<HPDF_BYTE> bytes;
-  errno = 0;
-  // libharu's own loader takes the name in the system's code page and would miss some files.
-  const FilePtr file = openForReading(path);
-  if (file) {
-    std::vector<HPDF_BYTE> piece(kPieceBytes);
-    while (const std::size_t got = std::fread(piece.data(), 1, piece.size(), file.get())) {
-      bytes.insert(bytes.end(), piece.begin(), piece.begin() + static_cast<std::ptrdiff_t>(got));
-    }
-  }
-  if (!file || std::ferror(file.get()) != 0) {
-    pdfErrorHandler(HPDF_FILE_OPEN_ERROR, static_cast<HPDF_STATUS>(errno), nullptr);
-    return {};
-  }
-  // libharu takes an empty file for a picture without a size.
-  if (bytes.empty()) pdfErrorHandler(HPDF_INVALID_JPEG_DATA, 0, nullptr);
-  return bytes;
-}
 
 }  // namespace
 
@@ -94,17 +71,17 @@ HPDF_Font PdfReport::fontFor(std::string_view bytes) {
   return HPDF_GetFont(document_.get(), kFont, "WinAnsiEncoding");
 }
 
-void PdfReport::drawPicture(const std::string& path, const PageBox& box) {
+void PdfReport::drawPicture(std::span<const unsigned char> jpeg, const PageBox& box) {
   DebugLog::write(kLogFile, "Loading screenshot from JPEG...");
-  const std::vector<HPDF_BYTE> jpeg = readJpeg(path);
   HPDF_Image image = nullptr;
+  // libharu takes no bytes for a picture without a size.
   if (!jpeg.empty()) {
     image = HPDF_LoadJpegImageFromMem(document_.get(), jpeg.data(),
                                       static_cast<HPDF_UINT>(jpeg.size()));
-    // Data that do not even begin as a JPEG are refused without a word.
-    if (image == nullptr && HPDF_GetError(document_.get()) == HPDF_OK) {
-      pdfErrorHandler(HPDF_INVALID_JPEG_DATA, 0, nullptr);
-    }
+  }
+  // Data that do not even begin as a JPEG are refused without a word.
+  if (image == nullptr && HPDF_GetError(document_.get()) == HPDF_OK) {
+    pdfErrorHandler(HPDF_INVALID_JPEG_DATA, 0, nullptr);
   }
   DebugLog::write(kLogFile, "Screenshot loaded");
   if (image != nullptr) HPDF_Page_DrawImage(page_, image, box.x, box.y, box.width, box.height);

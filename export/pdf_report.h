@@ -4,6 +4,7 @@
 #include <hpdf.h>
 
 #include <memory>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -29,9 +30,9 @@ class PdfReport {
   /// as it stands there.
   void writeTexts(const ReportPage& page, std::string_view maximumInput);
 
-  /// Draws the JPEG file `path` into `box`, stretched to it. Without such a file, or where it is no
-  /// JPEG, the box stays empty.
-  void drawPicture(const std::string& path, const PageBox& box);
+  /// Draws a JPEG file's bytes into `box`, stretched to it. Where they are no JPEG, the box stays
+  /// empty.
+  void drawPicture(std::span<const unsigned char> jpeg, const PageBox& box);
 
   /// Saves the document as `path` (UTF-8), which appears only when it is complete. Empty on
   /// success, else the reason.

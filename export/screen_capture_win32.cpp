@@ -1,17 +1,13 @@
 #include <cstdlib>
+#include <cstring>
 #include <memory>
 #include <string>
-#include <utility>
-#include <vector>
 
-#include "base/safe_file.h"
 #include "export/gdi_plus.h"
 #include "export/screen_picture.h"
 
 namespace morvane {
 namespace {
-
-constexpr char kNoPicture[] = "The picture could not be made into a JPEG";
 
 struct ScreenReleaser {
   using pointer = HDC;
@@ -28,10 +24,15 @@ struct BitmapDeleter {
 struct StreamReleaser {
   void operator()(IStream* stream) const { stream->Release(); }
 };
+struct MemoryFreer {
+  using pointer = HGLOBAL;
+  void operator()(HGLOBAL memory) const { GlobalFree(memory); }
+};
 using ScreenContext = std::unique_ptr<HDC, ScreenReleaser>;
 using MemoryContext = std::unique_ptr<HDC, ContextDeleter>;
 using BitmapPtr = std::unique_ptr<HBITMAP, BitmapDeleter>;
 using StreamPtr = std::unique_ptr<IStream, StreamReleaser>;
+using MemoryPtr = std::unique_ptr<HGLOBAL, MemoryFreer>;
 
 /// Keeps GDI+ running while it lives.
 class GdiPlus {
@@ -51,8 +52,8 @@ class GdiPlus {
   bool running_ = false;
 };
 
-/// Finds GDI+'s encoder of JPEG files.
-bool findJpegEncoder(CLSID& encoder) {
+/// Finds GDI+'s encoder of a format.
+bool findEncoder(const GUID& format, CLSID& encoder) {
   UINT count = 0;
   UINT bytes = 0;
   if (Gdiplus::GetImageEncodersSize(&count, &bytes) != Gdiplus::Ok || bytes == 0) return false;
@@ -63,74 +64,97 @@ bool findJpegEncoder(CLSID& encoder) {
     return false;
   }
   const auto* end = encoders + count;
-  const auto* jpeg = std::find_if(encoders, encoders + count, [](const auto& info) {
-    return info.FormatID == Gdiplus::ImageFormatJPEG;
-  });
-  if (jpeg == end) return false;
-  encoder = jpeg->Clsid;
+  const auto* found = std::find_if(encoders, encoders + count,
+                                   [&](const auto& info) { return info.FormatID == format; });
+  if (found == end) return false;
+  encoder = found->Clsid;
   return true;
 }
 
-/// The JPEG file of a bitmap in the encoder's default quality; null on failure.
-StreamPtr encodeJpeg(HBITMAP bitmap) {
-  IStream* memory = nullptr;
-  if (CreateStreamOnHGlobal(nullptr, TRUE, &memory) != S_OK) return nullptr;
-  StreamPtr stream(memory);
-  CLSID encoder{};
-  Gdiplus::Bitmap image(bitmap, nullptr);
-  if (!findJpegEncoder(encoder) || image.Save(memory, &encoder, nullptr) != Gdiplus::Ok) {
-    return nullptr;
+/// All that a stream holds; empty when it cannot be read.
+Bytes contentOf(IStream& stream) {
+  STATSTG facts{};
+  if (stream.Stat(&facts, STATFLAG_NONAME) != S_OK ||
+      stream.Seek({}, STREAM_SEEK_SET, nullptr) != S_OK) {
+    return {};
   }
-  return stream;
+  Bytes bytes(static_cast<std::size_t>(facts.cbSize.QuadPart));
+  ULONG got = 0;
+  if (FAILED(stream.Read(bytes.data(), static_cast<ULONG>(bytes.size()), &got))) return {};
+  bytes.resize(got);
+  return bytes;
 }
 
-class GdiPicture : public ScreenPicture {
- public:
-  explicit GdiPicture(BitmapPtr bitmap) : bitmap_(std::move(bitmap)) {}
-
-  void copyToClipboard() const override {
-    if (OpenClipboard(nullptr) == 0) return;
-    EmptyClipboard();
-    // The clipboard keeps what it is given, so it gets a bitmap of its own.
-    BitmapPtr copy(static_cast<HBITMAP>(CopyImage(bitmap_.get(), IMAGE_BITMAP, 0, 0, 0)));
-    if (copy && SetClipboardData(CF_BITMAP, copy.get()) != nullptr) (void)copy.release();
-    CloseClipboard();
+/// The file of a picture in one of GDI+'s formats, in the encoder's default quality; empty on
+/// failure.
+Bytes encode(const RgbImage& image, const GUID& format) {
+  const GdiPlus gdiPlus;
+  Bytes bitmap = bitmapFile(image);
+  Gdiplus::Bitmap source(reinterpret_cast<const BITMAPINFO*>(bitmap.data() + kBitmapFileHeader),
+                         bitmap.data() + kBitmapHeaders);
+  IStream* memory = nullptr;
+  if (CreateStreamOnHGlobal(nullptr, TRUE, &memory) != S_OK) return {};
+  const StreamPtr stream(memory);
+  CLSID encoder{};
+  if (!findEncoder(format, encoder) || source.Save(memory, &encoder, nullptr) != Gdiplus::Ok) {
+    return {};
   }
+  return contentOf(*stream);
+}
 
-  [[nodiscard]] std::string saveJpeg(const std::string& path) const override {
-    const GdiPlus gdiPlus;
-    const StreamPtr stream = encodeJpeg(bitmap_.get());
-    if (!stream || stream->Seek({}, STREAM_SEEK_SET, nullptr) != S_OK) return kNoPicture;
-    SafeFile file(path);
-    std::vector<unsigned char> piece(std::size_t{1} << 16);
-    for (ULONG got = 1; got != 0;) {
-      if (FAILED(stream->Read(piece.data(), static_cast<ULONG>(piece.size()), &got))) {
-        return kNoPicture;
-      }
-      file.write(piece.data(), got);
-    }
-    return file.commit();
-  }
-
- private:
-  BitmapPtr bitmap_;
-};
+/// Adds a form of the picture to the open clipboard.
+void offer(UINT form, const unsigned char* bytes, std::size_t count) {
+  MemoryPtr memory(GlobalAlloc(GMEM_MOVEABLE, count));
+  void* place = memory ? GlobalLock(memory.get()) : nullptr;
+  if (place == nullptr) return;
+  std::memcpy(place, bytes, count);
+  GlobalUnlock(memory.get());
+  // From here on it is the clipboard's.
+  if (SetClipboardData(form, memory.get()) != nullptr) (void)memory.release();
+}
 
 }  // namespace
 
-std::unique_ptr<ScreenPicture> takeScreenPicture(Fl_Window* /*window*/, ScreenPoint corner,
-                                                 int width, int height) {
+ScreenPart readScreen(Fl_Window* /*window*/, const ScreenRect& wanted) {
+  const int width = wanted.bottomRight.x - wanted.topLeft.x;
+  const int height = wanted.bottomRight.y - wanted.topLeft.y;
+  BITMAPINFO form{};
+  // Rows from the top, in 32 bits.
+  form.bmiHeader = {sizeof form.bmiHeader, width, -height, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
+  void* bits = nullptr;
   const ScreenContext screen(GetDC(nullptr));
   const MemoryContext memory(CreateCompatibleDC(screen.get()));
-  BitmapPtr bitmap(CreateCompatibleBitmap(screen.get(), width, height));
-  if (!screen || !memory || !bitmap) return nullptr;
+  const BitmapPtr bitmap(CreateDIBSection(screen.get(), &form, DIB_RGB_COLORS, &bits, nullptr, 0));
+  if (!screen || !memory || !bitmap) return {};
   const HGDIOBJ previous = SelectObject(memory.get(), bitmap.get());
-  const BOOL copied =
-      BitBlt(memory.get(), 0, 0, width, height, screen.get(), corner.x, corner.y, SRCCOPY);
-  // A bitmap that is still selected can be neither copied nor encoded.
+  const BOOL copied = BitBlt(memory.get(), 0, 0, width, height, screen.get(), wanted.topLeft.x,
+                             wanted.topLeft.y, SRCCOPY);
+  GdiFlush();
   SelectObject(memory.get(), previous);
-  if (copied == 0) return nullptr;
-  return std::make_unique<GdiPicture>(std::move(bitmap));
+  if (copied == 0) return {};
+  ScreenPart part{wanted.topLeft, RgbImage(width, height)};
+  const auto* from = static_cast<const unsigned char*>(bits);
+  for (unsigned char* to = part.image.pixels.data();
+       to != part.image.pixels.data() + part.image.pixels.size(); to += 3, from += 4) {
+    to[0] = from[2];
+    to[1] = from[1];
+    to[2] = from[0];
+  }
+  return part;
+}
+
+void copyToClipboard(const RgbImage& image) {
+  const Bytes bitmap = bitmapFile(image);
+  if (OpenClipboard(nullptr) == 0) return;
+  EmptyClipboard();
+  // The system makes the plain bitmap of this where one is asked for.
+  offer(CF_DIB, bitmap.data() + kBitmapFileHeader, bitmap.size() - kBitmapFileHeader);
+  CloseClipboard();
+}
+
+std::string encodeJpeg(const RgbImage& image, Bytes& file) {
+  file = encode(image, Gdiplus::ImageFormatJPEG);
+  return file.empty() ? "The picture could not be made into a JPEG" : "";
 }
 
 }  // namespace morvane

@@ -6,12 +6,8 @@
 
 #include <algorithm>
 #include <bit>
-#include <cstdint>
 #include <memory>
-#include <string>
-#include <utility>
 
-#include "export/jpeg_file.h"
 #include "export/screen_picture.h"
 
 namespace morvane {
@@ -42,36 +38,6 @@ class ErrorGuard {
   XErrorHandler previous_;
 };
 
-/// What can be read of a rectangle of the screen.
-struct WindowPart {
-  ImagePtr image;
-  ScreenPoint corner;  // on the screen
-};
-
-/// Reads the part of `wanted` that lies in `window` and on the screen. Null image when there is
-/// none, or the window is not shown.
-WindowPart readWindow(Display* display, Window window, const ScreenRect& wanted) {
-  const ErrorGuard guard(display);
-  XWindowAttributes screen{};
-  XWindowAttributes inside{};
-  ScreenPoint place;
-  Window child = None;
-  if (XGetWindowAttributes(display, window, &inside) == 0 || inside.map_state != IsViewable ||
-      XGetWindowAttributes(display, inside.root, &screen) == 0 ||
-      XTranslateCoordinates(display, window, inside.root, 0, 0, &place.x, &place.y, &child) == 0) {
-    return {};
-  }
-  const ScreenPoint from = {std::max({wanted.topLeft.x, place.x, 0}),
-                            std::max({wanted.topLeft.y, place.y, 0})};
-  const ScreenPoint to = {std::min({wanted.bottomRight.x, place.x + inside.width, screen.width}),
-                          std::min({wanted.bottomRight.y, place.y + inside.height, screen.height})};
-  if (from.x >= to.x || from.y >= to.y) return {};
-  return {ImagePtr(XGetImage(display, window, from.x - place.x, from.y - place.y,
-                             static_cast<unsigned>(to.x - from.x),
-                             static_cast<unsigned>(to.y - from.y), AllPlanes, ZPixmap)),
-          from};
-}
-
 /// One colour of a pixel, stretched to 8 bits whatever its number of bits.
 class Channel {
  public:
@@ -89,56 +55,58 @@ class Channel {
   unsigned long largest_;
 };
 
-/// Puts `part` into `picture` from column `x` and row `y` on, where it fits whole.
-void paste(XImage& part, int x, int y, RgbImage& picture) {
-  const Channel red(part.red_mask);
-  const Channel green(part.green_mask);
-  const Channel blue(part.blue_mask);
-  for (int row = 0; row < part.height; ++row) {
-    unsigned char* to = picture.row(static_cast<std::size_t>(y) + static_cast<std::size_t>(row)) +
-                        std::ptrdiff_t{3} * x;
-    for (int column = 0; column < part.width; ++column) {
-      const unsigned long pixel = XGetPixel(&part, column, row);
+RgbImage toRgb(XImage& image) {
+  const Channel red(image.red_mask);
+  const Channel green(image.green_mask);
+  const Channel blue(image.blue_mask);
+  RgbImage picture(image.width, image.height);
+  unsigned char* to = picture.pixels.data();
+  for (int row = 0; row < image.height; ++row) {
+    for (int column = 0; column < image.width; ++column) {
+      const unsigned long pixel = XGetPixel(&image, column, row);
       *to++ = red.of(pixel);
       *to++ = green.of(pixel);
       *to++ = blue.of(pixel);
     }
   }
+  return picture;
 }
 
-class X11Picture : public ScreenPicture {
- public:
-  explicit X11Picture(RgbImage image) : image_(std::move(image)) {}
-
-  void copyToClipboard() const override {
-    constexpr int kClipboard = 1;  // 0 is the selection
-    Fl::copy_image(image_.pixels.data(), image_.width, image_.height, kClipboard);
+/// Reads the part of `wanted` that lies in `window` and on the screen. No picture when there is
+/// none, or the window is not shown.
+ScreenPart readWindow(Display* display, Window window, const ScreenRect& wanted) {
+  XWindowAttributes screen{};
+  XWindowAttributes inside{};
+  ScreenPoint place;
+  Window child = None;
+  if (XGetWindowAttributes(display, window, &inside) == 0 || inside.map_state != IsViewable ||
+      XGetWindowAttributes(display, inside.root, &screen) == 0 ||
+      XTranslateCoordinates(display, window, inside.root, 0, 0, &place.x, &place.y, &child) == 0) {
+    return {};
   }
-
-  [[nodiscard]] std::string saveJpeg(const std::string& path) const override {
-    return morvane::saveJpeg(image_, path);
-  }
-
- private:
-  RgbImage image_;
-};
+  const ScreenPoint from = {std::max({wanted.topLeft.x, place.x, 0}),
+                            std::max({wanted.topLeft.y, place.y, 0})};
+  const ScreenPoint to = {std::min({wanted.bottomRight.x, place.x + inside.width, screen.width}),
+                          std::min({wanted.bottomRight.y, place.y + inside.height, screen.height})};
+  if (from.x >= to.x || from.y >= to.y) return {};
+  const ImagePtr image(XGetImage(display, window, from.x - place.x, from.y - place.y,
+                                 static_cast<unsigned>(to.x - from.x),
+                                 static_cast<unsigned>(to.y - from.y), AllPlanes, ZPixmap));
+  if (!image) return {};
+  return {from, toRgb(*image)};
+}
 
 }  // namespace
 
-std::unique_ptr<ScreenPicture> takeScreenPicture(Fl_Window* window, ScreenPoint corner, int width,
-                                                 int height) {
-  if (window == nullptr || window->shown() == 0) return nullptr;
-  // In 64 bits, since the rectangle may begin anywhere.
-  const auto end = [](std::int32_t start, int length) {
-    return static_cast<std::int32_t>(
-        std::min<std::int64_t>(std::int64_t{start} + length, INT32_MAX));
-  };
-  const ScreenRect wanted = {corner, {end(corner.x, width), end(corner.y, height)}};
-  const WindowPart part = readWindow(fl_display, fl_xid(window), wanted);
-  if (!part.image) return nullptr;
-  RgbImage image(width, height);
-  paste(*part.image, part.corner.x - corner.x, part.corner.y - corner.y, image);
-  return std::make_unique<X11Picture>(std::move(image));
+ScreenPart readScreen(Fl_Window* window, const ScreenRect& wanted) {
+  if (window == nullptr || window->shown() == 0) return {};
+  const ErrorGuard guard(fl_display);
+  return readWindow(fl_display, fl_xid(window), wanted);
+}
+
+void copyToClipboard(const RgbImage& image) {
+  constexpr int kClipboard = 1;  // 0 is the selection
+  Fl::copy_image(image.pixels.data(), image.width, image.height, kClipboard);
 }
 
 }  // namespace morvane

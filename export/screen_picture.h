@@ -1,35 +1,25 @@
-// What a platform has to offer for pictures of its screen; each has a source of its own.
+// What a platform has to offer for pictures of its screen; each has sources of its own.
 #pragma once
 
-#include <memory>
 #include <string>
 
+#include "export/rgb_image.h"
 #include "export/screen_rect.h"
 
 class Fl_Window;
 
 namespace morvane {
 
-/// A picture in the form its platform keeps it in.
-class ScreenPicture {
- public:
-  ScreenPicture() = default;
-  virtual ~ScreenPicture() = default;
-  ScreenPicture(const ScreenPicture&) = delete;
-  ScreenPicture& operator=(const ScreenPicture&) = delete;
+/// Reads what can be read of the rectangle: what the screen shows, or where a program may read
+/// nothing but its own, what it shows of `window`.
+/// No picture when there is nothing to read.
+ScreenPart readScreen(Fl_Window* window, const ScreenRect& wanted);
 
-  /// Leaves the picture on the clipboard, where it outlives this object.
-  virtual void copyToClipboard() const = 0;
+/// Leaves a picture on the clipboard.
+void copyToClipboard(const RgbImage& image);
 
-  /// Saves it under `path` (UTF-8). The file appears only when it is complete. Empty on success,
-  /// else the reason.
-  [[nodiscard]] virtual std::string saveJpeg(const std::string& path) const = 0;
-};
-
-/// Copies `width` x `height` pixels of the screen from `corner` on; both above 0. `window` is the
-/// program's, for systems on which a program may read nothing else. Null when there
-/// is nothing to copy from.
-std::unique_ptr<ScreenPicture> takeScreenPicture(Fl_Window* window, ScreenPoint corner, int width,
-                                                 int height);
+/// Makes the JPEG file of `image` in the encoder's default quality. Empty on success, else the
+/// reason; JPEG knows no empty picture and none with a side over 65500 pixels.
+std::string encodeJpeg(const RgbImage& image, Bytes& file);
 
 }  // namespace morvane

@@ -3,6 +3,8 @@
 
 #include <cstdint>
 
+#include "export/rgb_image.h"
+
 namespace morvane {
 
 /// A point in pixels of the screen, from its top left corner.
@@ -15,6 +17,12 @@ struct ScreenPoint {
 struct ScreenRect {
   ScreenPoint topLeft;
   ScreenPoint bottomRight;
+};
+
+/// A picture and where on the screen its top left pixel stands.
+struct ScreenPart {
+  ScreenPoint topLeft;
+  RgbImage image;
 };
 
 }  // namespace morvane

@@ -45,7 +45,7 @@ class Stopwatch {
 }  // namespace
 
 GLWindow::GLWindow(int x, int y, int w, int h, const char* label)
-    : Fl_Gl_Window(x, y, w, h, label), file_(std::cout), model_(std::cout), bitmap_(std::cout) {
+    : GlPane(x, y, w, h, label), file_(std::cout), model_(std::cout), bitmap_(std::cout) {
   mode(kGlMode);
   end();
   profiler_ = new Profiler(150, 550, 1130, 250, "Profile Window");

@@ -1,8 +1,6 @@
 // The 3D view: the toolkit's GL window that shows the measured surface and its colour key.
 #pragma once
 
-#include <FL/Fl_Gl_Window.H>
-
 #include <functional>
 #include <memory>
 #include <optional>
@@ -14,6 +12,7 @@
 #include "resfile/measurement.h"
 #include "resfile/res_file.h"
 #include "surface/surface_model.h"
+#include "ui/gl_pane.h"
 #include "ui/profiler.h"
 #include "view/axes.h"
 #include "view/grid_tool.h"
@@ -31,7 +30,7 @@ enum class Rebuild { kNow, kLater };
 
 /// Owns the measurement-file object, the surface model, the camera and the GL objects. Everything
 /// happens on the GUI thread, GL calls only inside `draw()` and `handle()`.
-class GLWindow : public Fl_Gl_Window {
+class GLWindow : public GlPane {
  public:
   GLWindow(int x, int y, int w, int h, const char* label);
 

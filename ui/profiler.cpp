@@ -49,8 +49,7 @@ std::vector<glm::vec2> tickLines() {
 
 }  // namespace
 
-Profiler::Profiler(int x, int y, int w, int h, const char* label)
-    : Fl_Gl_Window(x, y, w, h, label) {
+Profiler::Profiler(int x, int y, int w, int h, const char* label) : GlPane(x, y, w, h, label) {
   mode(kGlMode);
   end();
   hide();

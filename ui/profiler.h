@@ -2,8 +2,6 @@
 // it.
 #pragma once
 
-#include <FL/Fl_Gl_Window.H>
-
 #include <memory>
 #include <span>
 #include <string>
@@ -11,6 +9,7 @@
 #include "geometry/profile_plot.h"
 #include "geometry/profile_section.h"
 #include "surface/surface_limits.h"
+#include "ui/gl_pane.h"
 #include "view/gl_objects.h"
 #include "view/pin.h"
 #include "view/shader_program.h"
@@ -30,7 +29,7 @@ struct ProfileSurface {
 
 /// The pins live here, are drawn and picked in the 3D view, and stay from one measurement to the
 /// next.
-class Profiler : public Fl_Gl_Window {
+class Profiler : public GlPane {
  public:
   Profiler(int x, int y, int w, int h, const char* label);
 

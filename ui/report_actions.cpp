@@ -1,9 +1,9 @@
 #include "ui/report_actions.h"
 
-#include <FL/Fl.H>
 #include <FL/Fl_Double_Window.H>
 #include <FL/Fl_Float_Input.H>
 
+#include <array>
 #include <iostream>
 #include <string>
 #include <string_view>
@@ -18,6 +18,7 @@
 #include "ui/choosers.h"
 #include "ui/console.h"
 #include "ui/control_rules.h"
+#include "ui/draw_pending.h"
 #include "ui/file_actions.h"
 #include "ui/gl_window.h"
 #include "ui/view_layout.h"
@@ -32,15 +33,15 @@ void tell(const std::string& trouble) {
   tellUser(trouble);
 }
 
-/// Takes the picture of the view and what stands below it, as it is now.
+/// Takes the picture of the view and what stands below it, as they are now.
 Screenshot captureView() {
   const AppState& app = appState();
   GLWindow& view = *app.glView;
-  // What is to be drawn is drawn first, and has reached the screen.
-  Fl::flush();
+  drawPending();  // what lay beneath a menu that has just gone
+  const std::array<ScreenPart, 2> own = {view.picture(), view.profiler().picture()};
   const ScreenRect area = reportArea({app.mainWindow->x_root(), app.mainWindow->y_root()}, view.w(),
                                      view.h(), view.profiler().visible() ? kProfileHeight : 0);
-  Screenshot shot = captureScreenRect(area.topLeft, area.bottomRight, app.mainWindow);
+  Screenshot shot = captureScreenRect(area.topLeft, area.bottomRight, app.mainWindow, own);
   if (!shot.reason.empty()) tell("The picture could not be saved: " + shot.reason);
   return shot;
 }
@@ -85,7 +86,7 @@ void writePdfReport(Fl_Widget* /*widget*/, long /*action*/) {
     const ReportPage page = describePage(presentValues());
     report.writeTexts(page, appState().maximumInput->value());
     log("Taking Screenshot");
-    report.drawPicture(captureView().path, page.picture);
+    report.drawPicture(captureView().jpeg, page.picture);
     const std::string path = chooseReportPath();
     if (!path.empty()) {
       const std::string reason = report.save(path);

@@ -59,8 +59,20 @@ struct TextureKind {
   static void release(const GLuint* name) { glDeleteTextures(1, name); }
 };
 
+struct FramebufferKind {
+  static void generate(GLuint* name) { glGenFramebuffers(1, name); }
+  static void release(const GLuint* name) { glDeleteFramebuffers(1, name); }
+};
+
+struct RenderbufferKind {
+  static void generate(GLuint* name) { glGenRenderbuffers(1, name); }
+  static void release(const GLuint* name) { glDeleteRenderbuffers(1, name); }
+};
+
 using GlBuffer = GlObject<BufferKind>;
 using GlVertexArray = GlObject<VertexArrayKind>;
 using GlTexture = GlObject<TextureKind>;
+using GlFramebuffer = GlObject<FramebufferKind>;
+using GlRenderbuffer = GlObject<RenderbufferKind>;
 
 }  // namespace morvane

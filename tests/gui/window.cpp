@@ -132,6 +132,22 @@ std::vector<Window> Screen::windowsOf(pid_t process) const {
   return found;
 }
 
+std::shared_ptr<void> Screen::cover(const Area& area) const {
+  Display* display = xlib(display_);
+  XSetWindowAttributes alone{};
+  alone.override_redirect = True;
+  const ::Window window = XCreateWindow(
+      display, DefaultRootWindow(display), area.x, area.y, static_cast<unsigned>(area.w),
+      static_cast<unsigned>(area.h), 0, 0, InputOutput, nullptr, CWOverrideRedirect, &alone);
+  XSetWindowBackground(display, window, 0);
+  XMapRaised(display, window);
+  XSync(display, False);
+  return {nullptr, [keep = display_, window](void*) {
+            XDestroyWindow(xlib(keep), window);
+            XSync(xlib(keep), False);
+          }};
+}
+
 void Screen::xdotool(const std::vector<std::string>& words) const {
   std::vector<std::string> command = {"env", "DISPLAY=" + name_, "xdotool"};
   command.insert(command.end(), words.begin(), words.end());

@@ -25,6 +25,8 @@ class Screen {
   [[nodiscard]] Image capture() const;
   /// The top-level windows of a process that are on the screen now.
   [[nodiscard]] std::vector<Window> windowsOf(pid_t process) const;
+  /// Puts a black window of nobody's in front of all others; it goes with the answer.
+  [[nodiscard]] std::shared_ptr<void> cover(const Area& area) const;
   /// Runs xdotool with these words on this screen.
   void xdotool(const std::vector<std::string>& words) const;
 

@@ -95,7 +95,8 @@ class ScreenCapture : public testing::Test {
 };
 
 TEST_F(ScreenCapture, SavesWhatTheScreenShows) {
-  const Screenshot shot = captureScreenRect({140, 90}, {140 + 341, 90 + 253});
+  ScreenPart own{{300, 200}, RgbImage(50, 60)};  // black
+  const Screenshot shot = captureScreenRect({140, 90}, {140 + 341, 90 + 253}, nullptr, {&own, 1});
   ASSERT_EQ(shot.reason, "");
   ASSERT_EQ(std::distance(fs::directory_iterator(pictures()), fs::directory_iterator()), 1);
   const fs::path file = fs::directory_iterator(pictures())->path();
@@ -119,6 +120,7 @@ TEST_F(ScreenCapture, SavesWhatTheScreenShows) {
       EXPECT_TRUE(isGreen(at(split + 1, y))) << y;
       EXPECT_TRUE(isGreen(at(340, y))) << y;
     }
+    EXPECT_TRUE(isNear(at(185, 140), 0, 0, 0));
   }
 }
 
@@ -151,6 +153,7 @@ TEST_F(ScreenCapture, SaysWhyThereIsNone) {
   const Screenshot unsaved = captureScreenRect({140, 90}, {240, 190});
   EXPECT_EQ(unsaved.path, "");
   EXPECT_NE(unsaved.reason, "");
+  EXPECT_FALSE(unsaved.jpeg.empty());
 }
 
 }  // namespace

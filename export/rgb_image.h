@@ -1,17 +1,18 @@
-// Pictures as JPEG files.
+// Pictures in memory.
 #pragma once
 
 #include <cstddef>
-#include <string>
 #include <vector>
 
 namespace morvane {
+
+using Bytes = std::vector<unsigned char>;
 
 /// Rows from the top, each of `width` pixels of three bytes: red, green, blue.
 struct RgbImage {
   int width = 0;
   int height = 0;
-  std::vector<unsigned char> pixels;
+  Bytes pixels;
 
   RgbImage() = default;
   /// All black.
@@ -29,9 +30,16 @@ struct RgbImage {
   [[nodiscard]] std::size_t stride() const { return 3 * static_cast<std::size_t>(width); }
 };
 
-/// Saves `image` under `path` (UTF-8) in the library's default quality. The file appears only when
-/// it is complete. Empty on success, else the reason; JPEG knows no empty picture and none with a
-/// side over 65500 pixels.
-std::string saveJpeg(const RgbImage& image, const std::string& path);
+/// Bytes of a bitmap file before what Windows calls a device-independent bitmap.
+inline constexpr std::size_t kBitmapFileHeader = 14;
+/// Bytes of a bitmap file before its pixels.
+inline constexpr std::size_t kBitmapHeaders = 54;
+
+/// Bytes of a picture's bitmap file.
+std::size_t bitmapFileBytes(const RgbImage& image);
+
+/// The bitmap file of a picture, in 24 bits: rows from the bottom, blue first, filled up to whole
+/// 4 bytes.
+Bytes bitmapFile(const RgbImage& image);
 
 }  // namespace morvane
