@@ -44,7 +44,8 @@ endif()
 morvane_find(morvane_glm HEADER glm/glm.hpp)
 
 if(UNIX)
-  find_package(JPEG REQUIRED)  # elsewhere the system writes JPEG files
+  find_package(JPEG REQUIRED)  # elsewhere the system writes JPEG and PNG files
+  find_package(PNG REQUIRED)
   find_package(X11 REQUIRED)
   target_link_libraries(morvane_fltk INTERFACE X11::X11)
 endif()

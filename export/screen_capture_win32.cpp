@@ -144,11 +144,13 @@ ScreenPart readScreen(Fl_Window* /*window*/, const ScreenRect& wanted) {
 }
 
 void copyToClipboard(const RgbImage& image) {
+  const Bytes png = encode(image, Gdiplus::ImageFormatPNG);
   const Bytes bitmap = bitmapFile(image);
   if (OpenClipboard(nullptr) == 0) return;
   EmptyClipboard();
   // The system makes the plain bitmap of this where one is asked for.
   offer(CF_DIB, bitmap.data() + kBitmapFileHeader, bitmap.size() - kBitmapFileHeader);
+  if (!png.empty()) offer(RegisterClipboardFormatW(L"PNG"), png.data(), png.size());
   CloseClipboard();
 }
 

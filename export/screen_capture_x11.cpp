@@ -1,6 +1,5 @@
 // The picture is that of the main window itself: under a compositor the screen as a whole need not
 // be readable, a program's own window is.
-#include <FL/Fl.H>
 #include <FL/Fl_Double_Window.H>
 #include <FL/x.H>
 
@@ -102,11 +101,6 @@ ScreenPart readScreen(Fl_Window* window, const ScreenRect& wanted) {
   if (window == nullptr || window->shown() == 0) return {};
   const ErrorGuard guard(fl_display);
   return readWindow(fl_display, fl_xid(window), wanted);
-}
-
-void copyToClipboard(const RgbImage& image) {
-  constexpr int kClipboard = 1;  // 0 is the selection
-  Fl::copy_image(image.pixels.data(), image.width, image.height, kClipboard);
 }
 
 }  // namespace morvane

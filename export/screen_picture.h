@@ -15,7 +15,7 @@ namespace morvane {
 /// No picture when there is nothing to read.
 ScreenPart readScreen(Fl_Window* window, const ScreenRect& wanted);
 
-/// Leaves a picture on the clipboard.
+/// Leaves a picture on the clipboard, as PNG and as bitmap.
 void copyToClipboard(const RgbImage& image);
 
 /// Makes the JPEG file of `image` in the encoder's default quality. Empty on success, else the

@@ -147,13 +147,14 @@ TEST_F(Report, PictureFromTheMenuIsWithoutTheMenu) {
   window.click({214, 12});
   window.awaitPicture("the menu", [](const Image& p) { return p.at({300, 250}) == kBlack; });
   window.click({230, 205});
-  const std::string path = folder_.file("taken.ppm");
-  const auto taken = [&] {
-    const std::string read = "xclip -selection clipboard -o -t image/bmp | convert bmp:- '";
-    return std::system((read + path + "' 2>/dev/null").c_str()) == 0;
-  };
-  ASSERT_TRUE(eventually(taken));
-  EXPECT_TRUE(readPpm(path) == reportPart(before));
+  program_->awaitLine("{### END OF SCREENSHOT ###}");
+  const std::string clipboard = "xclip -selection clipboard -o -t ";
+  EXPECT_EQ(outputOf(clipboard + "TARGETS"), "TARGETS\nimage/png\nimage/bmp\n");
+  for (const std::string form : {"png", "bmp"}) {
+    const std::string path = folder_.file("taken.ppm");
+    outputOf(clipboard + "image/" + form + " | convert " + form + ":- '" + path + "'");
+    EXPECT_TRUE(readPpm(path) == reportPart(before)) << form;
+  }
 }
 
 TEST_F(Report, OfNothingSaysSo) {

@@ -136,6 +136,7 @@ TEST_F(ScreenCapture, LeavesThePictureOnTheClipboard) {
   const HGDIOBJ previous = SelectObject(context, bitmap);
   EXPECT_EQ(GetPixel(context, kSplit - 41, 200), RGB(255, 0, 0));
   EXPECT_EQ(GetPixel(context, kSplit - 40, 200), RGB(0, 255, 0));
+  EXPECT_NE(IsClipboardFormatAvailable(RegisterClipboardFormatW(L"PNG")), 0);
   SelectObject(context, previous);
   DeleteDC(context);
   CloseClipboard();

@@ -1,0 +1,104 @@
+// The toolkit offers a picture as a bitmap only. So the program owns the clipboard by a window that
+// is never shown, and hands out the picture in the form that is asked for.
+#include <FL/Fl.H>
+#include <FL/x.H>
+#include <X11/Xatom.h>
+#include <png.h>
+
+#include <algorithm>
+#include <array>
+
+#include "export/screen_picture.h"
+
+namespace morvane {
+namespace {
+
+Bytes pngFile(const RgbImage& image) {
+  png_image png{};
+  png.version = PNG_IMAGE_VERSION;
+  png.width = static_cast<png_uint_32>(image.width);
+  png.height = static_cast<png_uint_32>(image.height);
+  png.format = PNG_FORMAT_RGB;
+  png_alloc_size_t size = PNG_IMAGE_PNG_SIZE_MAX(png);
+  Bytes file(size);
+  if (png_image_write_to_memory(&png, file.data(), &size, 0, image.pixels.data(), 0, nullptr) ==
+      0) {
+    return {};
+  }
+  file.resize(size);
+  return file;
+}
+
+struct Form {
+  const char* name;
+  Bytes (*file)(const RgbImage&);
+};
+// The last is far larger than the first.
+constexpr std::array<Form, 2> kForms = {{{"image/png", pngFile}, {"image/bmp", bitmapFile}}};
+
+RgbImage offered;
+Window owner = None;
+
+Atom atom(const char* name) { return XInternAtom(fl_display, name, False); }
+
+/// Whether the server takes so much in one request; transfers in pieces are not offered.
+bool fits(std::size_t bytes) {
+  constexpr std::size_t kRequestHead = 64;
+  const long words = std::max(XExtendedMaxRequestSize(fl_display), XMaxRequestSize(fl_display));
+  return bytes + kRequestHead <= 4 * static_cast<std::size_t>(words);
+}
+
+/// Puts what is asked for into the asking window's property. False when there is no such thing.
+bool handOver(const XSelectionRequestEvent& request, Atom property) {
+  const Atom targets = atom("TARGETS");
+  const auto put = [&](Atom type, int bits, const void* data, std::size_t count) {
+    XChangeProperty(fl_display, request.requestor, property, type, bits, PropModeReplace,
+                    static_cast<const unsigned char*>(data), static_cast<int>(count));
+    return true;
+  };
+  if (request.target == targets) {
+    const std::array<Atom, 3> names = {targets, atom(kForms[0].name), atom(kForms[1].name)};
+    return put(XA_ATOM, 32, names.data(), fits(bitmapFileBytes(offered)) ? 3 : 2);
+  }
+  for (const Form& form : kForms) {
+    if (request.target != atom(form.name)) continue;
+    const Bytes file = form.file(offered);
+    return !file.empty() && fits(file.size()) && put(request.target, 8, file.data(), file.size());
+  }
+  return false;
+}
+
+int onSystemEvent(void* data, void* /*user*/) {
+  const XEvent& event = *static_cast<XEvent*>(data);
+  // The toolkit must hear of that, too.
+  if (event.type == SelectionClear && event.xselectionclear.window == owner) offered = {};
+  if (event.type != SelectionRequest || event.xselectionrequest.owner != owner) return 0;
+  const XSelectionRequestEvent& request = event.xselectionrequest;
+  // Old programs name no property and mean the target's name.
+  const Atom property = request.property != None ? request.property : request.target;
+  XEvent answer{};
+  answer.xselection.type = SelectionNotify;
+  answer.xselection.requestor = request.requestor;
+  answer.xselection.selection = request.selection;
+  answer.xselection.target = request.target;
+  answer.xselection.property = handOver(request, property) ? property : None;
+  answer.xselection.time = request.time;
+  XSendEvent(fl_display, request.requestor, False, NoEventMask, &answer);
+  return 1;
+}
+
+}  // namespace
+
+void copyToClipboard(const RgbImage& image) {
+  if (owner == None) {
+    owner = XCreateSimpleWindow(fl_display, DefaultRootWindow(fl_display), 0, 0, 1, 1, 0, 0, 0);
+    Fl::add_system_handler(onSystemEvent, nullptr);
+  }
+  offered = image;
+  // The toolkit would go on pasting a text of the program's own that it takes to be there.
+  Fl::copy("", 0, 1);
+  XSetSelectionOwner(fl_display, atom("CLIPBOARD"), owner, fl_event_time);
+  XFlush(fl_display);
+}
+
+}  // namespace morvane
