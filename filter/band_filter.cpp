@@ -12,6 +12,7 @@
 
 #include "base/memory_advice.h"
 #include "base/number_text.h"
+#include "filter/filter_words.h"
 
 namespace morvane {
 namespace {
@@ -217,7 +218,7 @@ FilterRun runFilter(const FilterSettings& settings, const Measurement& measureme
                   *type)) {
     return {FilterStatus::kNoMemory, nullptr};
   }
-  return {FilterStatus::kDone, filtered};
+  return {FilterStatus::kDone, filtered, filterWords(settings)};
 }
 
 }  // namespace morvane

@@ -59,6 +59,7 @@ enum class FilterStatus { kDone, kNoType, kNoGrid, kNoMemory };
 struct FilterRun {
   FilterStatus status = FilterStatus::kNoGrid;
   std::shared_ptr<const HeightGrid> filtered;  ///< of the measurement's size; null unless done
+  std::string words = {};                      ///< what was done, to be shown with it
 };
 
 /// Filters the heights of `measurement` as `settings` say and writes the log lines of a run to

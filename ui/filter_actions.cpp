@@ -26,7 +26,7 @@ void applyFilter() {
   if (run.status == FilterStatus::kNoMemory) {
     tellUser("There is not enough memory to filter this measurement.");
   }
-  app.glView->setFiltered(std::move(run.filtered));
+  app.glView->setFiltered(std::move(run.filtered), std::move(run.words));
   app.mainWindow->redraw();
   const bool odd = app.filterWindow->updateHint();
   if (run.status == FilterStatus::kNoType) {

@@ -2,6 +2,7 @@
 
 #include <FL/Fl.H>
 
+#include <algorithm>
 #include <array>
 #include <chrono>
 #include <cstdio>
@@ -10,6 +11,7 @@
 
 #include "base/debug_log.h"
 #include "base/memory_advice.h"
+#include "base/number_text.h"
 #include "base/paths.h"
 #include "geometry/key_column.h"
 #include "ui/gl_mode.h"
@@ -135,7 +137,8 @@ void GLWindow::setFilterEnabled(bool enabled) {
   requestRebuild();
 }
 
-void GLWindow::setFiltered(std::shared_ptr<const HeightGrid> grid) {
+void GLWindow::setFiltered(std::shared_ptr<const HeightGrid> grid, std::string words) {
+  filterWords_ = std::move(words);
   model_.setFiltered(std::move(grid));
   requestRebuild();
   if (!glReady_) ensureMeasured();  // no frame will
@@ -224,6 +227,7 @@ void GLWindow::draw() {
   // Over the tools, so that no pin stands before a number and the key shows its own colours.
   if (axesVisible_) Axes::drawLabels(matrices_, axesRange(), w(), h(), text_);
   if (keyShown) drawKey();
+  drawAlterations();
   checkGl("surface");
 }
 
@@ -312,6 +316,28 @@ void GLWindow::drawKeyLabels() {
     text_.draw(number.text, number.x, number.y, column.scale, kTextColour);
   }
   text_.draw(fileNameOf(measurement_.path), 20.0F, 750.0F, 0.3F, kTextColour);
+}
+
+std::string GLWindow::alterations() const {
+  std::string words = model_.shown() == model_.raw() ? std::string() : filterWords_;
+  const Crop& crop = model_.crop;
+  if (crop.on) {
+    if (!words.empty()) words += " · ";
+    words += "Limits " + shownText(crop.min, 2) + " to " + shownText(crop.max, 2) + " µm";
+  }
+  return words;
+}
+
+void GLWindow::drawAlterations() {
+  const std::string words = alterations();
+  if (words.empty()) return;
+  constexpr float kLeft = 20.0F;
+  constexpr float kScale = 0.3F;
+  constexpr glm::vec3 kQuiet{0.06F, 0.06F, 0.06F};
+  text_.setPixels(w(), h());
+  const float room = kTextSpaceWidth - 2 * kLeft;
+  const float scale = kScale * std::min(1.0F, room / text_.widthInSpace(words, kScale));
+  text_.draw(words, kLeft, 730.0F, scale, kQuiet);
 }
 
 }  // namespace morvane

@@ -99,8 +99,8 @@ class GLWindow : public GlPane {
   [[nodiscard]] bool filterEnabled() const { return model_.useFiltered; }
   /// Shows the filtered heights, where there are some that fit, or the raw ones.
   void setFilterEnabled(bool enabled);
-  /// Takes the outcome of a filter run; null for none.
-  void setFiltered(std::shared_ptr<const HeightGrid> grid);
+  /// Takes the outcome of a filter run, null for none, and the words that go with its picture.
+  void setFiltered(std::shared_ptr<const HeightGrid> grid, std::string words);
   /// Colours the surface, and labels the key, from `min` to `max` in place of its own limits.
   void setGlobalLimits(float max, float min);
   /// Gives surface and key their own limits again.
@@ -146,6 +146,8 @@ class GLWindow : public GlPane {
   [[nodiscard]] AxesRange axesRange() const;
   void drawKey();
   void drawKeyLabels();
+  [[nodiscard]] std::string alterations() const;
+  void drawAlterations();
 
   void updateTools();
   void drawTools();
@@ -183,6 +185,7 @@ class GLWindow : public GlPane {
   BitmapImage bitmap_;
   std::string bitmapPath_;
   bool bitmapColours_ = false;  // where no heat map colours the surface, a bitmap may
+  std::string filterWords_;     // of the filtered grid
   Crop crop_;  // in force with the next rebuild; the model's own is that of the last
 
   bool modelBound_ = false;     // the surface buffers hold the present model

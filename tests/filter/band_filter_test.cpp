@@ -13,6 +13,7 @@
 #include "filter/band_filter.h"
 #include "filter/filter_diagnostics.h"
 #include "filter/filter_hint.h"
+#include "filter/filter_words.h"
 #include "tests/support/temporary_folder.h"
 #include "tests/support/test_grid.h"
 #include "tools/measurement_builder.h"
@@ -147,6 +148,7 @@ TEST(FilterRun, FollowsTheSettings) {
   // High pass stands first; a cut-off of 0 removes everything.
   const FilterRun run = runFilter({"", "x", true, true, true}, measurement, console);
   ASSERT_EQ(run.status, FilterStatus::kDone);
+  EXPECT_EQ(run.words, "High pass 0.00 mm");
   expectAllNear(run.filtered->values(), std::vector<double>(48), 1e-12);
   EXPECT_EQ(console.str(),
             "FILTER TYPE: hpf\nRES DIMENSIONS: (X) = 8  (Y) =  6\n"
@@ -161,6 +163,13 @@ TEST(FilterRun, FollowsTheSettings) {
     EXPECT_EQ(empty.filtered, nullptr);
     EXPECT_THAT(console.str(), testing::HasSubstr("FILTER TYPE: hpf\nRES DIMENSIONS: (X) = 0"));
   }
+}
+
+TEST(FilterRun, IsNamedByTheCutOffsThatCount) {
+  EXPECT_EQ(filterWords({.l1 = "-.8mm", .l2 = "9", .lowPass = true}), "Low pass 0.80 mm");
+  EXPECT_EQ(filterWords({.l1 = "0.0025", .l2 = "x", .bandPass = true}),
+            "Band pass 0.0025 to 0.00 mm");
+  EXPECT_EQ(filterWords({}), "");
 }
 
 TEST(FilterRun, TakesTheNumberACutOffBeginsWith) {

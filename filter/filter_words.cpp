@@ -1,0 +1,40 @@
+#include "filter/filter_words.h"
+
+#include <cmath>
+#include <string_view>
+
+#include "base/number_text.h"
+
+namespace morvane {
+namespace {
+
+/// A cut-off with two decimals, or as many more as tell it.
+std::string cutOffText(std::string_view typed) {
+  const float cutOff = std::abs(cutOffOf(typed));
+  constexpr int kMostDecimals = 6;
+  int decimals = 2;
+  std::string text = shownText(cutOff, decimals);
+  while (leadingFloat(text) != cutOff && decimals < kMostDecimals) {
+    text = shownText(cutOff, ++decimals);
+  }
+  return text;
+}
+
+}  // namespace
+
+std::string filterWords(const FilterSettings& settings) {
+  const std::optional<FilterType> type = typeOf(settings);
+  if (!type) return {};
+  const std::string l1 = cutOffText(settings.l1);
+  switch (*type) {
+    case FilterType::kHighPass:
+      return "High pass " + l1 + " mm";
+    case FilterType::kLowPass:
+      return "Low pass " + l1 + " mm";
+    case FilterType::kBandPass:
+      break;
+  }
+  return "Band pass " + l1 + " to " + cutOffText(settings.l2) + " mm";
+}
+
+}  // namespace morvane
