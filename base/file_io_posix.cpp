@@ -8,6 +8,8 @@
 #include <cerrno>
 #include <csignal>
 
+#include "base/paths.h"
+
 namespace morvane {
 namespace {
 
@@ -36,8 +38,8 @@ std::uint64_t lengthOf(std::FILE* file) {
 }
 
 FilePtr createForWriting(const std::string& path) {
-  const std::size_t name = path.find_last_of('/');
-  const std::string folder = name == std::string::npos ? "." : path.substr(0, name + 1);
+  const std::string prefix = folderPrefix(path);
+  const std::string folder = prefix.empty() ? "." : prefix;
   // A file without a name gets one by way of /proc.
   const bool possible = ::access(kOwnFiles, X_OK) == 0;
   const int file = possible ? ::open(folder.c_str(), O_TMPFILE | O_WRONLY | O_CLOEXEC, 0666) : -1;

@@ -41,6 +41,10 @@ std::string folderOf(std::string_view path) {
   return std::string(path.substr(0, path.find_last_of("/\\")));
 }
 
+std::string folderPrefix(std::string_view path) {
+  return std::string(path.substr(0, path.find_last_of(kPathSeparators) + 1));
+}
+
 std::string fileNameOf(std::string_view path) {
   const auto separator = path.find_last_of("/\\");
   return std::string(separator == std::string_view::npos ? path : path.substr(separator + 1));

@@ -8,6 +8,8 @@ namespace morvane {
 
 /// `\` on Windows, `/` elsewhere.
 extern const char kPathSeparator;
+/// All that separate folders in a path of this system: `\` and `/` on Windows.
+extern const std::string_view kPathSeparators;
 
 /// Value of an environment variable in UTF-8; empty when it is not set.
 std::string environmentText(const char* name);
@@ -21,6 +23,10 @@ std::string pathOfLink(std::string_view dropped);
 
 /// `path` up to, not including, its last `/` or `\`; the whole text when it has neither.
 std::string folderOf(std::string_view path);
+
+/// The folder of `path`, with the separator behind it; empty for a bare name, which holds none of
+/// the system's separators.
+std::string folderPrefix(std::string_view path);
 
 /// What stands behind the last `/` or `\`; the whole text when it has neither.
 std::string fileNameOf(std::string_view path);

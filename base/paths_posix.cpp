@@ -8,6 +8,7 @@
 namespace morvane {
 
 const char kPathSeparator = '/';
+const std::string_view kPathSeparators = "/";
 
 std::string environmentText(const char* name) {
   const char* value = std::getenv(name);

@@ -7,6 +7,7 @@
 namespace morvane {
 
 const char kPathSeparator = '\\';
+const std::string_view kPathSeparators = "\\/";
 
 std::string environmentText(const char* name) {
   const std::wstring wideName(name, name + std::char_traits<char>::length(name));

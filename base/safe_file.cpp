@@ -8,6 +8,8 @@
 #include <system_error>
 #include <utility>
 
+#include "base/paths.h"
+
 namespace morvane {
 namespace {
 
@@ -18,8 +20,7 @@ std::string prefix() { return ".morvane-" + ownMachine() + '-'; }
 
 /// A short name in the folder of `path` that nothing has yet and only this process gives.
 std::string temporaryNameBeside(const std::string& path) {
-  const std::string base =
-      path.substr(0, path.find_last_of("/\\") + 1) + prefix() + std::to_string(ownProcess());
+  const std::string base = folderPrefix(path) + prefix() + std::to_string(ownProcess());
   for (int number = 1;; ++number) {
     std::string name = base + '-' + std::to_string(number);
     name += kEnding;

@@ -10,12 +10,6 @@
 namespace morvane {
 namespace {
 
-std::string folderOfMeasurement(const std::string& path) {
-  const auto separator = path.find_last_of(kPathSeparator);
-  if (separator == std::string::npos) return ".";
-  return path.substr(0, separator);
-}
-
 bool isBitmapName(std::string_view name) {
   constexpr std::string_view kEnding = ".bmp";
   return name.ends_with(kEnding);
@@ -24,11 +18,12 @@ bool isBitmapName(std::string_view name) {
 }  // namespace
 
 BitmapFolder scanBitmaps(const std::string& resPath, std::ostream& log) {
-  BitmapFolder found{folderOfMeasurement(resPath), {}};
+  // Listed with its separator: without one a disk's top folder would be another, or none.
+  std::string listed = folderPrefix(resPath);
+  if (listed.empty()) listed = std::string(".") + kPathSeparator;
+  BitmapFolder found{listed.substr(0, listed.size() - 1), {}};
   log << "PATH TO FOLDER: " << found.folder << '\n';
   dirent** entries = nullptr;
-  // A measurement in the top folder of a disk leaves an empty text before its separator.
-  const std::string listed = found.folder.empty() ? std::string(1, kPathSeparator) : found.folder;
   const int count = fl_filename_list(listed.c_str(), &entries);
   for (int i = 0; i < count; ++i) {
     const std::string_view name = entries[i]->d_name;

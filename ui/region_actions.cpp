@@ -12,14 +12,6 @@
 #include "ui/gl_window.h"
 
 namespace morvane {
-namespace {
-
-/// The folder of a path with the separator behind it; empty for a bare name.
-std::string folderPrefix(const std::string& path) {
-  return path.substr(0, path.find_last_of(kPathSeparator == '/' ? "/" : "/\\") + 1);
-}
-
-}  // namespace
 
 void saveShownRegion() {
   GLWindow& view = *appState().glView;

@@ -15,6 +15,14 @@ TEST(Paths, AreCutAtTheLastSeparatorOfEitherKind) {
   EXPECT_EQ(fileNameOf("left.res"), "left.res");
 }
 
+TEST(Paths, AreBareOnlyWithoutTheSystemsSeparators) {
+  const bool windows = kPathSeparator == '\\';
+  EXPECT_EQ(folderPrefix("x.res"), "");
+  EXPECT_EQ(folderPrefix("C:/data/x.res"), "C:/data/");
+  EXPECT_EQ(folderPrefix("C:\\data\\x.res"), windows ? "C:\\data\\" : "");
+  EXPECT_EQ(folderPrefix("C:\\data/a\\x.res"), windows ? "C:\\data/a\\" : "C:\\data/");
+}
+
 TEST(Paths, ComeOutOfDroppedLinks) {
   EXPECT_EQ(pathOfLink("/data/a b%20.res"), "/data/a b%20.res");
   EXPECT_EQ(pathOfLink("relative.res"), "relative.res");
