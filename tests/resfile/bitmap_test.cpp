@@ -22,15 +22,26 @@ void expectPixels(const std::string& name, const BitmapImage& image) {
   const std::size_t row = static_cast<std::size_t>(image.header().width) * image.bytesPerPixel();
   for (const std::string& line : golden::lines(golden::file(name + ".pixels.txt"))) {
     const auto words = golden::words(line);
-    if (words[0] == "sum") {
+    if (words[0] == "bits") {
+      EXPECT_EQ(words[1], std::to_string(image.header().bitsPerPixel));
+    } else if (words[0] == "size") {
+      EXPECT_EQ(words[1], std::to_string(image.header().width));
+      EXPECT_EQ(words[2], std::to_string(image.header().height));
+      EXPECT_EQ(pixels.size(), row * std::stoul(words[2]));
+    } else if (words[0] == "sum") {
       EXPECT_EQ(std::accumulate(pixels.begin(), pixels.end(), 0U), std::stoul(words[1]));
     } else if (words[0] == "at") {
+      ASSERT_LT(std::stoul(words[1]), pixels.size());
       EXPECT_EQ(pixels[std::stoul(words[1])], std::stoul(words[2])) << line;
     } else if (words[0] == "row") {
+      ASSERT_EQ(words.size(), row + 2);
+      ASSERT_LE((std::stoul(words[1]) + 1) * row, pixels.size());
       for (std::size_t i = 0; i < row; ++i) {
         if (words[2 + i] == "-") continue;
         EXPECT_EQ(pixels[std::stoul(words[1]) * row + i], std::stoul(words[2 + i])) << line;
       }
+    } else {
+      EXPECT_EQ(words[0], "drape");
     }
   }
 }

@@ -36,18 +36,6 @@ std::string replaced(std::string line, const std::string& path) {
   return line;
 }
 
-/// The first of `wanted` that is missing behind those before it; empty when all are there.
-std::string firstMissing(const std::vector<std::string>& wanted,
-                         const std::vector<std::string>& written) {
-  auto from = written.begin();
-  for (const std::string& line : wanted) {
-    from = std::find(from, written.end(), line);
-    if (from == written.end()) return "missing: " + line;
-    ++from;
-  }
-  return {};
-}
-
 }  // namespace
 
 fs::path file(const std::string& name) { return fs::path(MORVANE_GOLDEN_FOLDER) / name; }
@@ -57,6 +45,7 @@ std::vector<std::string> lines(const fs::path& path) {
   EXPECT_TRUE(in) << path;
   std::vector<std::string> all;
   for (std::string line; std::getline(in, line);) all.push_back(unescaped(line));
+  EXPECT_FALSE(all.empty()) << path;
   return all;
 }
 
@@ -85,6 +74,16 @@ bool isClose(double value, double expected) {
   return std::abs(value - expected) <= std::max(2e-5 * std::abs(expected), 1e-6);
 }
 
+bool isExactly(double value, const std::string& word) {
+  const double expected = number(word);
+  return value == expected || (std::isnan(value) && std::isnan(expected));
+}
+
+bool isExactly(float value, const std::string& word) {
+  const auto expected = static_cast<float>(number(word));
+  return value == expected || (std::isnan(value) && std::isnan(expected));
+}
+
 void expectLog(const fs::path& expected, const std::string& log, const std::string& path) {
   std::vector<std::string> written;
   std::istringstream in(log);
@@ -92,23 +91,20 @@ void expectLog(const fs::path& expected, const std::string& log, const std::stri
 
   std::vector<std::string> needed;
   std::vector<std::string> all;
-  bool anyOptional = false;
   for (const std::string& line : lines(expected)) {
-    const std::string text =
-        withoutBlanksAtEnd(replaced(line.size() < 2 ? "" : line.substr(2), path));
-    all.push_back(text);
-    if (line[0] == '=') needed.push_back(text);
-    if (line[0] == '?') anyOptional = anyOptional || std::ranges::count(written, text) > 0;
+    const bool optional = line.starts_with("? ");
+    EXPECT_TRUE(optional || line.starts_with("= ") || line == "=") << expected << ": " << line;
+    all.push_back(withoutBlanksAtEnd(replaced(line.size() < 2 ? "" : line.substr(2), path)));
+    if (!optional) needed.push_back(all.back());
   }
-  ASSERT_FALSE(needed.empty()) << expected;
-  const std::string missing = firstMissing(anyOptional ? all : needed, written);
-  EXPECT_EQ(missing, "") << expected << "\nwritten:\n" << log;
+  EXPECT_TRUE(written == all || written == needed) << expected << "\nwritten:\n" << log;
 }
 
-void expectFloats(std::span<const float> floats, const std::string& line, double tolerance,
-                  float unwritten) {
+void expectFloats(const std::string& name, std::span<const float> floats, const std::string& line,
+                  double tolerance, float unwritten) {
   const std::vector<std::string> expected = words(line);
   ASSERT_EQ(floats.size() + 1, expected.size()) << line;
+  EXPECT_EQ(expected[0], name);
   for (std::size_t i = 0; i < floats.size(); ++i) {
     const std::string& word = expected[i + 1];
     if (word == "?") continue;

@@ -11,7 +11,7 @@ namespace morvane::golden {
 /// A file or folder of the reference cases.
 std::filesystem::path file(const std::string& name);
 
-/// The lines of a reference file, `\xNN` turned back into bytes.
+/// The lines of a reference file, `\xNN` turned back into bytes. Expects that there are some.
 std::vector<std::string> lines(const std::filesystem::path& path);
 
 /// The words of a line.
@@ -23,17 +23,24 @@ double number(const std::string& word);
 /// All reference cases below the reference folder that hold the file `name`, e.g. "codes/4".
 std::vector<std::string> casesWith(const std::string& name);
 
-/// Whether a single-precision value is the expected one: 2e-5 relative or 1e-6 absolute.
+/// Whether a computed value in single precision is the expected one: 2e-5 relative or 1e-6
+/// absolute.
 bool isClose(double value, double expected);
 
-/// Expects `log` (the text written) to hold the lines of a reference log in their order: all that
-/// begin with "= ", and all or none of those with "? ". `{path}` stands for `path`.
+/// Whether a value that was only read is the one that `word` stands for, a double or, written with
+/// nine digits, a float.
+bool isExactly(double value, const std::string& word);
+bool isExactly(float value, const std::string& word);
+
+/// Expects `log` (the text written) to be the lines of a reference log: all that begin with "= ",
+/// and all or none of those with "? ". `{path}` stands for `path`. The reference would let lines of
+/// the program's own stand between; there are none.
 void expectLog(const std::filesystem::path& expected, const std::string& log,
                const std::string& path);
 
-/// Expects `floats` to equal the words behind the first, within `tolerance`. A word "-" stands for
+/// Expects `line` to be `name` and then `floats`, within `tolerance`. A word "-" stands for
 /// `unwritten`, "?" for anything.
-void expectFloats(std::span<const float> floats, const std::string& line, double tolerance,
-                  float unwritten = 0.0F);
+void expectFloats(const std::string& name, std::span<const float> floats, const std::string& line,
+                  double tolerance, float unwritten = 0.0F);
 
 }  // namespace morvane::golden

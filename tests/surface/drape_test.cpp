@@ -36,7 +36,8 @@ TEST(GoldenDrape, ColoursItsCells) {
       const std::size_t cell = std::stoul(words[1]) * 399 + std::stoul(words[2]);
       const std::string floats =
           line.substr(words[0].size() + words[1].size() + words[2].size() + 2);
-      golden::expectFloats(std::span(colours).subspan(cell * 18, 18), "drape" + floats, 2e-4);
+      golden::expectFloats("drape", std::span(colours).subspan(cell * 18, 18), "drape" + floats,
+                           2e-4);
       ++cells;
     }
     EXPECT_GT(cells, 0);

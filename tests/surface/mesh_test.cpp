@@ -164,15 +164,6 @@ TEST(Mesh, TwoBuildsAreBitEqual) {
   EXPECT_TRUE(same(first.faces, second.faces));
 }
 
-TEST(Limits, IgnoreRowAndColumnZeroBeyondTheFirstHeight) {
-  auto grid = gridOf(3, 3, {5, 99, 1, -99, 4, 6, 2, 3, 5});
-  EXPECT_EQ(findLimits(*grid, {}).trueMax, 6.0F);
-  EXPECT_EQ(findLimits(*grid, {}).trueMin, 3.0F);
-  // The last row and column count.
-  grid->values()[8] = 50.0;
-  EXPECT_EQ(findLimits(*grid, {}).trueMax, 50.0F);
-}
-
 TEST(Scale, ColoursItsEndsAndNothingBeyond) {
   const HeatMapScale scale(-1.5F, 3.7F);
   EXPECT_EQ(scale.colourOf(-1.5F), kHeatStops.front());
