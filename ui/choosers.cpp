@@ -1,7 +1,8 @@
 #include "ui/choosers.h"
 
+#include <FL/Fl.H>
+#include <FL/Fl_Double_Window.H>
 #include <FL/Fl_Native_File_Chooser.H>
-#include <FL/Fl_Window.H>
 #include <FL/fl_ask.H>
 #include <FL/fl_draw.H>
 
