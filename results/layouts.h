@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "base/number_text.h"
+#include "base/pixel_area.h"
 #include "resfile/res_header.h"
 #include "resfile/res_results.h"
 
@@ -20,19 +21,11 @@ inline constexpr char kMicroSign = '\xB5';
 /// Width of the results column in pixels; what reaches beyond is cut.
 inline constexpr int kResultsColumnWidth = 220;
 
-/// A rectangle in pixels, measured from the top-left corner of the results column.
-struct PixelArea {
-  int x = 0;
-  int y = 0;
-  int w = 0;
-  int h = 0;
-};
-
 /// A label with the value that stands beside it.
 struct ResultRow {
   std::string label;
   std::string value;
-  PixelArea labelArea;
+  PixelArea labelArea;  ///< from the top left corner of the column
   PixelArea valueArea;
   int labelIndent = 0;   ///< pixels between the label's place and its text
   bool heading = false;  ///< the label stands alone

@@ -18,6 +18,7 @@ struct Crop {
     if (height > max) return max;
     return height < min ? min : height;
   }
+  bool operator==(const Crop&) const = default;
 };
 
 struct SurfaceLimits {

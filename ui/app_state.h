@@ -52,11 +52,6 @@ struct AppState {
   Fl_Button* detailsButton = nullptr;
 
   std::vector<std::string> bitmapPaths;  ///< the bitmaps of the "&BMPs" menu, in its order
-
-  bool heatMapOn = true;     ///< the surface wears the heat map, not a bitmap
-  bool cropMode = false;     ///< the next press of the crop button returns to automatic limits
-  bool detailsShown = true;  ///< the next press of the details button shows the results column
-  bool fileLoaded = false;
 };
 
 /// The record itself.

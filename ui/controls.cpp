@@ -14,6 +14,7 @@
 #include "ui/report_actions.h"
 #include "ui/view_controls.h"
 #include "ui/view_layout.h"
+#include "ui/window_geometry.h"
 #include "widgets/button_box.h"
 #include "widgets/look.h"
 #include "widgets/number_input.h"

@@ -62,39 +62,38 @@ bool readMeasurement(const std::string& path) {
 /// order; when "captured_white.bmp" comes first, both are marked and the later one is taken.
 void offerBitmaps(const BitmapFolder& bitmaps) {
   AppState& app = appState();
+  ShownSurface& shown = app.glView->surface();
   app.bitmapPaths.clear();
-  app.glView->chooseBitmap({});
   for (const std::string& name : bitmaps.names) {
-    const bool chosen = name == "surface_image_f.bmp" ||
-                        (name == "captured_white.bmp" && !app.glView->bitmapAvailable());
+    const bool chosen =
+        name == "surface_image_f.bmp" || (name == "captured_white.bmp" && !shown.bitmapAvailable());
     addBitmapItem(name, static_cast<long>(app.bitmapPaths.size()), chosen);
     app.bitmapPaths.push_back(bitmaps.folder + "/" + name);
-    if (chosen) app.glView->chooseBitmap(app.bitmapPaths.back());
+    if (chosen) shown.chooseBitmap(app.bitmapPaths.back());
   }
 }
 
 void showSurface() {
-  AppState& app = appState();
-  if (!app.heatMapOn && app.glView->bitmapAvailable()) app.glView->flatten();
+  const AppState& app = appState();
   app.menuBar->redraw();
-  if (!app.glView->profileShown) app.profileButton->show();
-  app.glView->showMeasurement();
+  if (!app.glView->tools().profileMode()) app.profileButton->show();
+  app.glView->showNow();
   app.controlsPanel->show();  // on top: its right edge lies over the view's left one
 }
 
 void resetControls() {
-  AppState& app = appState();
-  app.scaleSlider->bounds(1e-10, 2.0 * finiteScale(app.glView->sliderScale()));
-  logStream() << "MAX SCALE: " << app.glView->maxScale() << '\n';
-  app.cropMode = true;
-  applyLimits(nullptr, kLimitsButton);
+  Fl_Slider& slider = *appState().scaleSlider;
+  ShownSurface& shown = appState().glView->surface();
+  slider.bounds(1e-10, 2.0 * finiteScale(shown.sliderScale()));
+  logStream() << "MAX SCALE: " << shown.maxScale() << '\n';
+  useAutomaticLimits();
   showMeasured();
-  app.scaleSlider->value(finiteScale(app.glView->sliderScale()));
+  slider.value(finiteScale(shown.sliderScale()));
 }
 
 void offerResults() {
-  AppState& app = appState();
-  const Measurement& measurement = app.glView->measurement();
+  const AppState& app = appState();
+  const Measurement& measurement = app.glView->surface().measurement();
   app.resultsPanel->take(measurement);
   if (offersResultsColumn(measurement.header.algorithmType)) {
     app.resultsPanel->showResults();
@@ -103,31 +102,24 @@ void offerResults() {
   }
   app.detailsButton->hide();
   app.resultsPanel->hide();
-  app.detailsShown = true;
   layoutViews();
 }
 
 void showOpened() {
   const WaitCursor wait;
   AppState& app = appState();
-  app.glView->updateMeasurement();
-  // Before the first numbers are taken, which filtering may do.
-  app.glView->useAutomaticScale();
-  if (app.glView->filterEnabled()) {
+  ShownSurface& shown = app.glView->surface();
+  shown.show(app.glView->file().measurement());
+  if (shown.filterEnabled()) {
     applyFilter();
   } else {
     app.filterWindow->updateHint();
   }
   app.logoBox->hide();
-  app.fileLoaded = true;
-  const BitmapFolder bitmaps = scanBitmaps(app.glView->measurement().path, logStream());
+  const BitmapFolder bitmaps = scanBitmaps(shown.measurement().path, logStream());
   removeAbandoned(bitmaps.folder);
   rebuildMenu();
   offerBitmaps(bitmaps);
-  // Limits typed for the last measurement mean nothing for this one.
-  Crop crop = app.glView->crop();
-  crop.on = false;
-  app.glView->setCrop(crop);
   offerResults();
   showSurface();
   resetControls();
@@ -136,7 +128,7 @@ void showOpened() {
 }  // namespace
 
 std::string startFolder() {
-  const std::string& path = appState().glView->measurement().path;
+  const std::string& path = appState().glView->surface().measurement().path;
   return path.empty() ? documentsFolder() : absoluteFolderOf(path);
 }
 
@@ -173,7 +165,7 @@ void saveCopy() {
     return;
   }
   const std::string destination = name + ".res";
-  const std::string& source = appState().glView->measurement().path;
+  const std::string& source = appState().glView->surface().measurement().path;
   logStream() << "filename to save as: " << destination << '\n'
               << "destination: " << destination << '\n'
               << "source: " << source << '\n';

@@ -1,7 +1,6 @@
 #include "ui/filter_actions.h"
 
-#include <iostream>
-
+#include "base/debug_log.h"
 #include "ui/app_state.h"
 #include "ui/console.h"
 #include "ui/filter_window.h"
@@ -9,6 +8,7 @@
 #include "ui/owned_window.h"
 #include "ui/view_layout.h"
 #include "ui/wait_cursor.h"
+#include "ui/window_geometry.h"
 
 namespace morvane {
 namespace {
@@ -22,26 +22,27 @@ void sayTypeIsMissing() {
 void applyFilter() {
   const AppState& app = appState();
   const WaitCursor wait;
-  FilterRun run = runFilter(app.filterWindow->settings(), app.glView->measurement(), std::cout);
+  FilterRun run =
+      runFilter(app.filterWindow->settings(), app.glView->surface().measurement(), logStream());
   if (run.status == FilterStatus::kNoMemory) {
     tellUser("There is not enough memory to filter this measurement.");
   }
-  app.glView->setFiltered(std::move(run.filtered), std::move(run.words));
+  app.glView->surface().setFiltered(std::move(run.filtered), std::move(run.words));
   app.mainWindow->redraw();
   const bool odd = app.filterWindow->updateHint();
   if (run.status == FilterStatus::kNoType) {
     sayTypeIsMissing();
-  } else if (!odd && !app.glView->filterEnabled()) {
+  } else if (!odd && !app.glView->surface().filterEnabled()) {
     app.filterWindow->showHint("Filtering is off: switch it on in the menu to see it.");
   }
 }
 
 void toggleFilter() {
-  GLWindow& view = *appState().glView;
-  view.setFilterEnabled(!view.filterEnabled());
+  ShownSurface& shown = appState().glView->surface();
+  shown.setFilterEnabled(!shown.filterEnabled());
   applyFilter();
   // Switched on without a type nothing would be seen to happen; the window says what is missing.
-  if (view.filterEnabled() && !typeOf(appState().filterWindow->settings())) {
+  if (shown.filterEnabled() && !typeOf(appState().filterWindow->settings())) {
     showFilterWindow();
     sayTypeIsMissing();
   }

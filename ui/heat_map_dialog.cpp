@@ -23,10 +23,11 @@ class HeatMapDialog : public Fl_Double_Window {
     min_ = addInput(60, "Global Min (");
     addButton(15, "Apply", [](Fl_Widget*, void* dialog) {
       const auto& self = *static_cast<HeatMapDialog*>(dialog);
-      appState().glView->setGlobalLimits(leadingFloat(self.max_->value()),
-                                         leadingFloat(self.min_->value()));
+      appState().glView->surface().setGlobalScale(HeatMapScale(
+          leadingFloat(self.min_->value()), leadingFloat(self.max_->value()), Beyond::kNearerEnd));
     });
-    addButton(105, "Reset", [](Fl_Widget*, void*) { appState().glView->clearGlobalLimits(); });
+    addButton(105, "Reset",
+              [](Fl_Widget*, void*) { appState().glView->surface().setGlobalScale({}); });
     addButton(195, "Cancel",
               [](Fl_Widget*, void* dialog) { static_cast<HeatMapDialog*>(dialog)->hide(); });
     end();

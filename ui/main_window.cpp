@@ -31,19 +31,14 @@
 #include "ui/status_line.h"
 #include "ui/view_controls.h"
 #include "ui/view_layout.h"
+#include "ui/window_geometry.h"
 #include "widgets/button_box.h"
 #include "widgets/look.h"
 
 namespace morvane {
 namespace {
 
-constexpr int kWindowWidth = 1280;
-constexpr int kWindowHeight = 800;
-constexpr int kViewWidth = kWindowWidth - kControlsWidth;
-constexpr int kViewHeight = kWindowHeight - kMenuHeight;
-// The smallest window in which no control is cut off and the view can still be used.
-constexpr int kLeastWidth = kControlsWidth + kResultsWidth + 320;
-constexpr int kLeastHeight = kMenuHeight + 690;
+constexpr int kLogoX = 140;
 
 /// Gives every window of the program its icon.
 void setIcon() {
@@ -130,13 +125,13 @@ Fl_Menu_Bar* makeMenuBar() {
 }
 
 GLWindow* makeView(AppState& app) {
-  auto* view = new GLWindow(kControlsWidth, kMenuHeight, kViewWidth, kViewHeight, "TestOPGL");
+  constexpr PixelArea area = kFirstLayout.view;
+  auto* view = new GLWindow(area.x, area.y, area.w, area.h, "TestOPGL");
   view->hide();
-  view->exeFolder = app.exeFolder;
-  view->profiler().exeFolder = app.exeFolder;
+  view->setExeFolder(app.exeFolder);
   view->onTrouble = [](const std::string& text) { callSoon(tellUser, text); };
   view->onNotShown = showAlertSoon;
-  view->onMeasured = showMeasured;
+  view->surface().onMeasured = showMeasured;
   view->onDraw = [] { appState().statusLine->release(); };
   return view;
 }
@@ -144,18 +139,19 @@ GLWindow* makeView(AppState& app) {
 FilterWindow* makeFilterWindow() {
   auto* window = new FilterWindow;
   window->onApply = applyFilter;
-  window->header = [] { return appState().glView->measurement().header; };
+  window->header = [] { return appState().glView->surface().measurement().header; };
   return window;
 }
 
 Fl_Box* makeLogoBox() {
-  auto* box = new Fl_Box(140, kMenuHeight, kViewWidth, kViewHeight);
+  auto* box = new Fl_Box(kLogoX, kMenuHeight, kFirstLayout.view.w, kFirstLayout.view.h);
   box->image(loadImage("Logos", "CX-Logo-white.png", 1000, 120));
   return box;
 }
 
 Fl_Window* makeControlsPanel() {
-  auto* panel = new Fl_Window(2, kMenuHeight, kControlsWidth, kViewHeight, "controls");
+  constexpr PixelArea area = kFirstLayout.controls;
+  auto* panel = new Fl_Window(area.x, area.y, area.w, area.h, "controls");
   panel->color(kBlack);
   buildControls();
   panel->end();
@@ -163,10 +159,12 @@ Fl_Window* makeControlsPanel() {
 }
 
 Fl_Window* makeConsolePanel(AppState& app) {
-  auto* panel = new Fl_Window(135, 650, 1160, 150, "Console");
+  constexpr PixelArea area = kFirstLayout.console;
+  constexpr int kTextHeight = kConsoleHeight - kConsoleInputHeight;
+  auto* panel = new Fl_Window(area.x, area.y, area.w, area.h, "Console");
   app.consoleText = new Fl_Text_Buffer;
-  (new Fl_Text_Display(0, 0, 1160, 120))->buffer(app.consoleText);
-  new Fl_Input(0, 120, 1160, 30);
+  (new Fl_Text_Display(0, 0, area.w, kTextHeight))->buffer(app.consoleText);
+  new Fl_Input(0, kTextHeight, area.w, kConsoleInputHeight);
   panel->end();
   panel->hide();
   return panel;

@@ -28,49 +28,10 @@
 namespace morvane {
 namespace {
 
-struct MenuEntry {
-  const char* path;
-  int shortcut;
-  int flags;
-  bool (*state)();  ///< of a check box
-};
-
-constexpr MenuEntry kMenu[] = {
-    {"&File/&Open", FL_CTRL + 'o', 0, nullptr},
-    {"&File/&Save Copy as...", FL_CTRL + 's', FL_MENU_DIVIDER, nullptr},
-    {"&File/&Quit", FL_CTRL + 'q', 0, nullptr},
-    // Kept: the action's label is "&FullScreen", so this item does nothing.
-    {"&Edit/&Fullscreen", FL_ALT + 'f', 0, nullptr},
-    {"&Options/Axis Key", 0, FL_MENU_TOGGLE, [] { return appState().glView->axesVisible(); }},
-    {"&Options/Heatmap/Scale", 0, 0, nullptr},
-    {"&Help/About", 0, 0, nullptr},
-};
+constexpr const char* kBitmapMenu = "&BMPs/";
 
 /// Asked of the window: its manager may have left full screen by itself.
 bool fillsScreen() { return appState().mainWindow->fullscreen_active() != 0; }
-
-// What the standard menu leaves out.
-constexpr MenuEntry kFullMenu[] = {
-    {"&Tools/&Filter", 0, FL_MENU_TOGGLE, [] { return appState().glView->filterEnabled(); }},
-    {"&Tools/&Filter Settings", 0, FL_MENU_DIVIDER, nullptr},
-    {"&Tools/Surface as Points", 0, FL_MENU_TOGGLE,
-     [] { return !appState().glView->filledPolygons(); }},
-    {"&Tools/Lighting", 0, FL_MENU_TOGGLE, [] { return appState().glView->lightingOn(); }},
-    {"&Tools/&Heat Map Key", 0, FL_MENU_TOGGLE | FL_MENU_DIVIDER,
-     [] { return appState().glView->keyVisible(); }},
-    {"&Tools/Whole Profile Line", 0, FL_MENU_TOGGLE,
-     [] { return appState().glView->profileLineMode; }},
-    {"&Tools/Grid Box", 0, FL_MENU_TOGGLE, [] { return appState().glView->gridMode(); }},
-    {"&Tools/Save region...", 0, 0, nullptr},
-    {"&Tools/Screenshot", 0, FL_MENU_DIVIDER, nullptr},
-    {"&Tools/Results Column", 0, FL_MENU_TOGGLE,
-     [] { return appState().resultsPanel->visible() != 0; }},
-    {"&Tools/Console", 0, FL_MENU_TOGGLE, [] { return appState().consolePanel->visible() != 0; }},
-    {"&Tools/&FullScreen", 0, FL_MENU_TOGGLE, fillsScreen},
-    {"&Tools/&Connections", 0, 0, nullptr},
-};
-
-constexpr const char* kBitmapMenu = "&BMPs/";
 
 void toggleFullScreen() {
   AppState& app = appState();
@@ -89,40 +50,79 @@ void toggleConsole() {
 
 void toggleGridBox() {
   GLWindow& view = *appState().glView;
-  view.setGridMode(!view.gridMode());
+  view.setGridMode(!view.tools().gridMode());
 }
 
 void toggleWholeLine() {
-  GLWindow& view = *appState().glView;
-  view.profileLineMode = !view.profileLineMode;
+  bool& wholeLine = appState().glView->tools().profileLineMode;
+  wholeLine = !wholeLine;
 }
 
-struct MenuAction {
-  std::string_view label;
+template <bool SceneOptions::*option>
+bool isOn() {
+  return appState().glView->options().*option;
+}
+
+template <bool SceneOptions::*option>
+void toggle() {
+  appState().glView->setOption(option, !isOn<option>());
+}
+
+/// Which menus an entry belongs to.
+enum class MenuSet { kStandard, kFull };
+
+/// One entry of the menu: everything about it.
+struct MenuEntry {
+  const char* path;
   void (*run)();
+  MenuSet set = MenuSet::kStandard;
+  int flags = 0;
+  bool (*state)() = nullptr;  ///< of a check box
+  int shortcut = 0;
+
+  /// What the item shows and is found by.
+  [[nodiscard]] std::string_view label() const {
+    const std::string_view whole = path;
+    return whole.substr(whole.rfind('/') + 1);
+  }
 };
 
-constexpr MenuAction kActions[] = {
-    {"&Open", [] { openMeasurement(nullptr, kOpenFromMenu); }},
-    {"&Save Copy as...", saveCopy},
-    {"About", [] { showOwned(*appState().aboutWindow); }},
-    {"&FullScreen", toggleFullScreen},
-    {"&Connections", [] { showOwned(*appState().configManager); }},
-    {"&Filter", toggleFilter},
-    {"&Filter Settings", showFilterWindow},
-    {"Scale", showHeatMapDialog},
-    {"Axis Key", [] { appState().glView->setAxesVisible(!appState().glView->axesVisible()); }},
-    {"&Quit", [] { std::exit(0); }},
-    {"Surface as Points",
-     [] { appState().glView->setFilledPolygons(!appState().glView->filledPolygons()); }},
-    {"Lighting", [] { appState().glView->setLighting(!appState().glView->lightingOn()); }},
-    {"&Heat Map Key", [] { appState().glView->setKeyVisible(!appState().glView->keyVisible()); }},
-    {"Whole Profile Line", toggleWholeLine},
-    {"Grid Box", toggleGridBox},
-    {"Save region...", saveShownRegion},
-    {"Screenshot", takeScreenshot},
-    {"Results Column", toggleResultsColumn},
-    {"Console", toggleConsole},
+constexpr MenuSet kFull = MenuSet::kFull;
+constexpr MenuSet kStandard = MenuSet::kStandard;
+
+constexpr MenuEntry kMenu[] = {
+    {"&File/&Open", [] { openMeasurement(nullptr, kOpenFromMenu); }, kStandard, 0, nullptr,
+     FL_CTRL + 'o'},
+    {"&File/&Save Copy as...", saveCopy, kStandard, FL_MENU_DIVIDER, nullptr, FL_CTRL + 's'},
+    {"&File/&Quit", [] { std::exit(0); }, kStandard, 0, nullptr, FL_CTRL + 'q'},
+    // Kept: it does nothing; the action is that of "&FullScreen".
+    {"&Edit/&Fullscreen", nullptr, kStandard, 0, nullptr, FL_ALT + 'f'},
+    {"&Options/Axis Key", toggle<&SceneOptions::axesVisible>, kStandard, FL_MENU_TOGGLE,
+     isOn<&SceneOptions::axesVisible>},
+    {"&Options/Heatmap/Scale", showHeatMapDialog},
+    {"&Help/About", [] { showOwned(*appState().aboutWindow); }},
+    // What the standard menu leaves out.
+    {"&Tools/&Filter", toggleFilter, kFull, FL_MENU_TOGGLE,
+     [] { return appState().glView->surface().filterEnabled(); }},
+    {"&Tools/&Filter Settings", showFilterWindow, kFull, FL_MENU_DIVIDER},
+    {"&Tools/Surface as Points", toggle<&SceneOptions::filledPolygons>, kFull, FL_MENU_TOGGLE,
+     [] { return !isOn<&SceneOptions::filledPolygons>(); }},
+    {"&Tools/Lighting", toggle<&SceneOptions::lightingOn>, kFull, FL_MENU_TOGGLE,
+     isOn<&SceneOptions::lightingOn>},
+    {"&Tools/&Heat Map Key", toggle<&SceneOptions::keyVisible>, kFull,
+     FL_MENU_TOGGLE | FL_MENU_DIVIDER, isOn<&SceneOptions::keyVisible>},
+    {"&Tools/Whole Profile Line", toggleWholeLine, kFull, FL_MENU_TOGGLE,
+     [] { return appState().glView->tools().profileLineMode; }},
+    {"&Tools/Grid Box", toggleGridBox, kFull, FL_MENU_TOGGLE,
+     [] { return appState().glView->tools().gridMode(); }},
+    {"&Tools/Save region...", saveShownRegion, kFull},
+    {"&Tools/Screenshot", takeScreenshot, kFull, FL_MENU_DIVIDER},
+    {"&Tools/Results Column", toggleResultsColumn, kFull, FL_MENU_TOGGLE,
+     [] { return appState().resultsPanel->visible() != 0; }},
+    {"&Tools/Console", toggleConsole, kFull, FL_MENU_TOGGLE,
+     [] { return appState().consolePanel->visible() != 0; }},
+    {"&Tools/&FullScreen", toggleFullScreen, kFull, FL_MENU_TOGGLE, fillsScreen},
+    {"&Tools/&Connections", [] { showOwned(*appState().configManager); }, kFull},
 };
 
 /// The one callback of every fixed item: acts by the item's own label.
@@ -132,8 +132,8 @@ void onMenu(Fl_Widget* /*widget*/, void* /*data*/) {
   if (item == nullptr || item->label() == nullptr) return;
   // The item goes when an action rebuilds the menu.
   const std::string label = item->label();
-  for (const MenuAction& action : kActions) {
-    if (label == action.label) action.run();
+  for (const MenuEntry& entry : kMenu) {
+    if (label == entry.label() && entry.run != nullptr) entry.run();
   }
 }
 
@@ -154,32 +154,28 @@ std::string menuText(const std::string& name) {
 }  // namespace
 
 void buildMenu() {
-  const auto add = [](const MenuEntry& entry) {
+  const bool full = environmentText("MORVANE_MENU") == "full";
+  for (const MenuEntry& entry : kMenu) {
+    if (entry.set == kFull && !full) continue;
     appState().menuBar->add(entry.path, entry.shortcut, onMenu, nullptr, entry.flags);
-  };
-  for (const MenuEntry& entry : kMenu) add(entry);
-  if (environmentText("MORVANE_MENU") == "full") {
-    for (const MenuEntry& entry : kFullMenu) add(entry);
   }
   checkMenuBoxes();
 }
 
 void checkMenuBoxes() {
   Fl_Menu_Bar* menu = appState().menuBar;
-  const auto check = [menu](const MenuEntry& entry) {
+  for (const MenuEntry& entry : kMenu) {
     const int item = menu->find_index(entry.path);
-    if (entry.state == nullptr || item < 0) return;
+    if (entry.state == nullptr || item < 0) continue;
     const int others = menu->mode(item) & ~FL_MENU_VALUE;
     menu->mode(item, others | (entry.state() ? FL_MENU_VALUE : 0));
-  };
-  for (const MenuEntry& entry : kMenu) check(entry);
-  for (const MenuEntry& entry : kFullMenu) check(entry);
+  }
 }
 
 void rebuildMenu() {
   appState().menuBar->clear();
   // A new measurement shows its axes, as the menu then says.
-  appState().glView->setAxesVisible(true);
+  appState().glView->setOption(&SceneOptions::axesVisible, true);
   buildMenu();
 }
 

@@ -15,11 +15,11 @@ namespace morvane {
 
 void saveShownRegion() {
   GLWindow& view = *appState().glView;
-  if (!view.modelLoaded()) {
+  if (!view.surface().modelLoaded()) {
     showAlert("Open a measurement first: there is nothing to cut a region from.");
     return;
   }
-  const HeightGrid& grid = *view.model().shown();
+  const HeightGrid& grid = *view.surface().measured().shown();
   if (grid.width() < 2 || grid.height() < 2) {
     showAlert("This measurement is too small to cut a region from.");
     return;
@@ -30,14 +30,15 @@ void saveShownRegion() {
     showAlert("A region's name may hold letters, digits, blanks and the signs - _ . only.");
     return;
   }
-  const Measurement& source = view.measurement();
+  const Measurement& source = view.surface().measurement();
   const std::string path = folderPrefix(source.path) + name + ".res";
   if (isSameFile(source.path, path)) {
     showAlert("This is the measurement that is open. Please choose another name.");
     return;
   }
   if (fileExists(path) && !confirmReplace(path)) return;
-  const GridRegion region = regionBetween(view.gridTool().places(), {grid.width(), grid.height()});
+  const GridRegion region =
+      regionBetween(view.tools().gridTool().places(), {grid.width(), grid.height()});
   const std::string reason = saveRegion(view.file(), source, grid, region, path);
   if (!reason.empty()) {
     showAlert("The region could not be saved: " + reason);

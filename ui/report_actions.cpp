@@ -4,7 +4,6 @@
 #include <FL/Fl_Float_Input.H>
 
 #include <array>
-#include <iostream>
 #include <string>
 #include <string_view>
 
@@ -22,6 +21,7 @@
 #include "ui/file_actions.h"
 #include "ui/gl_window.h"
 #include "ui/view_layout.h"
+#include "ui/window_geometry.h"
 
 namespace morvane {
 namespace {
@@ -29,7 +29,7 @@ namespace {
 void log(std::string_view text) { DebugLog::write("pdf_report.log", text); }
 
 void tell(const std::string& trouble) {
-  std::cout << trouble << '\n';
+  logStream() << trouble << '\n';
   tellUser(trouble);
 }
 
@@ -49,8 +49,8 @@ Screenshot captureView() {
 ReportValues presentValues() {
   const AppState& app = appState();
   return {.moment = localNow(),
-          .measurementPath = app.glView->measurement().path,
-          .zScale = app.glView->zScale(),
+          .measurementPath = app.glView->surface().measurement().path,
+          .zScale = app.glView->surface().zScale(),
           .minimum = stripUnit(app.minimumInput->value()),
           .maximum = stripUnit(app.maximumInput->value())};
 }
@@ -62,7 +62,7 @@ std::string chooseReportPath() {
   log("Displaying File Chooser");
   const std::string chosen =
       chooseFileToSave({"Save report", "*.pdf", startFolder(),
-                        suggestedName(appState().glView->measurement().path)});
+                        suggestedName(appState().glView->surface().measurement().path)});
   log("Copying Filename to Char*");
   log("Filename is : " + chosen);
   if (chosen.empty()) {
@@ -70,7 +70,7 @@ std::string chooseReportPath() {
     return {};
   }
   const std::string path = reportPath(chosen);
-  if (isSameFile(appState().glView->measurement().path, path)) {
+  if (isSameFile(appState().glView->surface().measurement().path, path)) {
     tell("The report may not take the place of the open measurement.");
     return {};
   }

@@ -9,11 +9,12 @@
 #include <algorithm>
 
 #include "base/paths.h"
+#include "ui/window_geometry.h"
 
 namespace morvane {
 namespace {
 
-constexpr PixelArea kPlaceInWindow = {1060, 25, kResultsColumnWidth, 775};
+constexpr PixelArea kPlaceInWindow = windowLayout(kWindowWidth, kWindowHeight, true, false).results;
 constexpr PixelArea kTitleArea = {5, 5, 195, 60};
 constexpr Fl_Color kBackground = 56;
 constexpr Fl_Color kTextColour = 255;

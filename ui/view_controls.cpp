@@ -7,10 +7,10 @@
 #include <FL/Fl_Window.H>
 
 #include <algorithm>
-#include <iostream>
 #include <limits>
 #include <string>
 
+#include "base/debug_log.h"
 #include "results/layouts.h"
 #include "ui/app_state.h"
 #include "ui/control_rules.h"
@@ -38,139 +38,128 @@ void setLimitText(Fl_Float_Input* input, const std::string& stripped) {
   input->position(static_cast<int>(std::min(digits, stripped.size())));
 }
 
+ShownSurface& shown() { return appState().glView->surface(); }
+
 void showAutomaticLimits() {
   const AppState& app = appState();
-  const SurfaceLimits& limits = app.glView->model().limits();
+  const SurfaceLimits& limits = shown().measured().limits();
   setLimitText(app.maximumInput, shownText(limits.trueMax, 1));
   setLimitText(app.minimumInput, shownText(limits.trueMin, 1));
 }
 
 void showScale() {
   const AppState& app = appState();
-  app.scaleSlider->value(finiteScale(app.glView->zScale()));
+  const float scale = shown().zScale();
+  app.scaleSlider->value(finiteScale(scale));
   app.scaleSlider->redraw();
-  app.scaleReadout->text(readoutText(app.glView->zScale()).c_str());
+  app.scaleReadout->text(readoutText(scale).c_str());
 }
 
-Crop typedLimits(const std::string& maximum, const std::string& minimum) {
+/// What the limit inputs hold, without units.
+struct LimitTexts {
+  std::string maximum;
+  std::string minimum;
+};
+
+/// Takes the limit texts, and logs the upper one.
+LimitTexts takeLimitTexts() {
+  const AppState& app = appState();
+  LimitTexts texts = {stripUnit(app.maximumInput->value()), stripUnit(app.minimumInput->value())};
+  logStream() << "cropMaxFormat:" << texts.maximum << '\n' << "CROP MAX: " << texts.maximum << '\n';
+  return texts;
+}
+
+Crop cropOf(const LimitTexts& texts, bool on) {
   // What lies beyond single precision cannot be drawn.
   const auto limit = [](const std::string& typed) {
     constexpr float kMost = std::numeric_limits<float>::max();
     return std::clamp(leadingFloat(typed), -kMost, kMost);
   };
-  return {.on = appState().glView->crop().on, .min = limit(minimum), .max = limit(maximum)};
+  return {.on = on, .min = limit(texts.minimum), .max = limit(texts.maximum)};
 }
 
-/// The crop button's press; returns the limits then in force.
-Crop pressCropButton(const std::string& maximum, const std::string& minimum) {
-  AppState& app = appState();
-  const bool automatic = app.cropMode;
-  app.cropMode = !app.cropMode;
-  setIcon(app.cropButton, automatic ? "crop.png" : "auto.png");
+/// Makes button and inputs those of typed or of automatic limits.
+void showLimitMode(bool typed) {
+  const AppState& app = appState();
+  setIcon(app.cropButton, typed ? "auto.png" : "crop.png");
   for (Fl_Float_Input* input : {app.maximumInput, app.minimumInput}) {
-    automatic ? input->deactivate() : input->activate();
+    typed ? input->activate() : input->deactivate();
   }
-  if (automatic) {
-    showAutomaticLimits();
-    Crop crop = app.glView->crop();
-    crop.on = false;
-    return crop;
-  }
-  Crop crop = typedLimits(maximum, minimum);
-  crop.on = true;
-  return crop;
 }
 
-/// Kept: while the heat map is off new limits wait for the next rebuild.
-void takeCrop(const Crop& crop) {
-  appState().glView->setCrop(crop, appState().heatMapOn ? Rebuild::kNow : Rebuild::kLater);
+void useTypedLimits() {
+  const LimitTexts texts = takeLimitTexts();
+  showLimitMode(true);
+  shown().setCrop(cropOf(texts, true));
 }
 
 }  // namespace
 
+void useAutomaticLimits() {
+  takeLimitTexts();
+  showLimitMode(false);
+  showAutomaticLimits();
+  Crop crop = shown().crop();
+  crop.on = false;
+  shown().setCrop(crop);
+}
+
 void showMeasured() {
   showScale();
-  if (!appState().glView->crop().on) showAutomaticLimits();
+  if (!shown().crop().on) showAutomaticLimits();
 }
 
 void toggleHeatMap(Fl_Widget* /*widget*/, long /*action*/) {
-  AppState& app = appState();
-  GLWindow& view = *app.glView;
-  setIcon(app.heatMapButton, app.heatMapOn ? "hmOff.png" : "hmOn.png");
-  if (!app.heatMapOn) {
-    view.useAutomaticScale();
-  } else if (view.bitmapAvailable()) {
-    view.flatten();
-  }
-  app.heatMapOn = !app.heatMapOn;
-  view.swapColourSource();
-  if (!view.bitmapAvailable()) return;
-  view.requestRebuild();
-  view.ensureMeasured();
+  const bool toBitmap = shown().colourSource() == ColourSource::kHeatMap;
+  setIcon(appState().heatMapButton, toBitmap ? "hmOff.png" : "hmOn.png");
+  shown().setColourSource(toBitmap ? ColourSource::kBitmap : ColourSource::kHeatMap);
 }
 
 void changeScale(Fl_Widget* /*widget*/, long action) {
-  const AppState& app = appState();
-  GLWindow& view = *app.glView;
-  if (action == 0) {
-    view.setZScale(static_cast<float>(app.scaleSlider->value()));
-  } else {
-    view.setZScale(
-        steppedScale(static_cast<int>(action), view.sliderScale(), view.maxScale(), view.zScale()));
-  }
+  ShownSurface& surface = shown();
+  surface.setZScale(action == 0 ? static_cast<float>(appState().scaleSlider->value())
+                                : steppedScale(static_cast<int>(action), surface.sliderScale(),
+                                               surface.maxScale(), surface.zScale()));
   showScale();
 }
 
 void applyLimits(Fl_Widget* /*widget*/, long action) {
-  const AppState& app = appState();
-  const std::string maximum = stripUnit(app.maximumInput->value());
-  const std::string minimum = stripUnit(app.minimumInput->value());
-  std::cout << "cropMaxFormat:" << maximum << '\n' << "CROP MAX: " << maximum << '\n';
   if (action == kLimitsButton) {
-    takeCrop(pressCropButton(maximum, minimum));
+    shown().crop().on ? useAutomaticLimits() : useTypedLimits();
     return;
   }
-  setLimitText(app.maximumInput, maximum);
-  setLimitText(app.minimumInput, minimum);
-  takeCrop(typedLimits(maximum, minimum));
+  const LimitTexts texts = takeLimitTexts();
+  setLimitText(appState().maximumInput, texts.maximum);
+  setLimitText(appState().minimumInput, texts.minimum);
+  shown().setCrop(cropOf(texts, shown().crop().on));
 }
 
 void resetView(Fl_Widget* /*widget*/, long /*action*/) {
-  GLWindow& view = *appState().glView;
-  view.resetCamera();
-  if (!view.modelLoaded()) return;
-  view.useAutomaticScale();
-  const SurfaceLimits& limits = view.model().limits();
-  view.setCrop({.on = view.crop().on, .min = limits.trueMin, .max = limits.trueMax});
+  appState().glView->resetCamera();
+  if (!shown().modelLoaded()) return;
+  shown().resetScaleAndLimits();
   showAutomaticLimits();
-  view.requestRebuild();
-  view.ensureMeasured();
 }
 
 void selectBitmap(long index) {
-  const AppState& app = appState();
-  app.glView->chooseBitmap(app.bitmapPaths.at(static_cast<std::size_t>(index)));
-  if (app.heatMapOn) return;
-  app.glView->flatten();
-  app.glView->requestRebuild();
+  shown().chooseBitmap(appState().bitmapPaths.at(static_cast<std::size_t>(index)));
 }
 
 void setProfileMode(Fl_Widget* /*widget*/, long action) {
-  AppState& app = appState();
+  const AppState& app = appState();
   GLWindow& view = *app.glView;
   if (action == kProfileSwapPins) {
     if (view.visible()) view.swapPins();
     return;
   }
   const bool on = action == kProfileOn;
-  if (on) std::cout << "PROFILER ENABLED\n";
-  if (!on && app.resultsPanel->visible()) std::cout << "SHOWN\n";
-  view.profileShown = on;
+  if (on) logStream() << "PROFILER ENABLED\n";
+  if (!on && app.resultsPanel->visible()) logStream() << "SHOWN\n";
+  view.setProfileMode(on);
   for (Fl_Button* button : {app.swapPinsButton, app.profileOffButton}) {
     on ? button->show() : button->hide();
   }
   on ? app.profileButton->hide() : app.profileButton->show();
-  if (on || view.visible()) view.setProfileMode(on);
   on&& view.glUsable() ? view.profiler().show() : view.profiler().hide();
   app.controlsPanel->show();  // on top: its right edge lies over theirs
   layoutViews();

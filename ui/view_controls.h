@@ -18,6 +18,9 @@ inline constexpr long kLimitsButton = 4;
 /// Takes the typed limits, or alternates between automatic and user limits.
 void applyLimits(Fl_Widget* widget, long action);
 
+/// Puts the limits back to those of the surface, as the button does.
+void useAutomaticLimits();
+
 /// Puts camera, scale and limits back to what suits the measurement.
 void resetView(Fl_Widget* widget, long action);
 

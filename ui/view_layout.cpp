@@ -8,13 +8,14 @@
 #include "ui/gl_window.h"
 #include "ui/results_panel.h"
 #include "ui/status_line.h"
+#include "ui/window_geometry.h"
 
 namespace morvane {
 namespace {
 
-constexpr int kConsoleX = 135;
-constexpr int kConsoleHeight = 150;
-constexpr int kConsoleOverhang = 15;  // kept: the strip is wider than the room beside the controls
+void place(Fl_Widget& widget, const PixelArea& area) {
+  widget.resize(area.x, area.y, area.w, area.h);
+}
 
 void logGeometry(const char* width, const char* height, const char* x, const char* y,
                  const Fl_Widget& widget) {
@@ -28,18 +29,14 @@ void logGeometry(const char* width, const char* height, const char* x, const cha
 
 void layoutViews() {
   const AppState& app = appState();
-  const int results = app.resultsPanel->visible() ? kResultsWidth : 0;
-  const int profile = app.glView->profileShown ? kProfileHeight : 0;
-  const int width = app.mainWindow->w() - kControlsWidth - results;
-  const int height = app.mainWindow->h() - kMenuHeight - profile;
-  app.glView->resize(kControlsWidth, kMenuHeight, width, height);
-  app.glView->profiler().resize(kControlsWidth, app.mainWindow->h() - kProfileHeight, width,
-                                kProfileHeight);
-  app.resultsPanel->resize(kControlsWidth + width, kMenuHeight, kResultsWidth,
-                           app.mainWindow->h() - kMenuHeight);
-  app.controlsPanel->resize(2, kMenuHeight, kControlsWidth, app.mainWindow->h() - kMenuHeight);
-  app.consolePanel->resize(kConsoleX, app.mainWindow->h() - kConsoleHeight,
-                           app.mainWindow->w() - kConsoleX + kConsoleOverhang, kConsoleHeight);
+  const WindowLayout layout =
+      windowLayout(app.mainWindow->w(), app.mainWindow->h(), app.resultsPanel->visible() != 0,
+                   app.glView->tools().profileMode());
+  place(*app.glView, layout.view);
+  place(app.glView->profiler(), layout.profile);
+  place(*app.resultsPanel, layout.results);
+  place(*app.controlsPanel, layout.controls);
+  place(*app.consolePanel, layout.console);
   app.statusLine->place();
   // What was placed by hand is the new starting point of the toolkit's own resizing.
   app.mainWindow->init_sizes();
@@ -47,23 +44,22 @@ void layoutViews() {
 }
 
 void toggleDetails() {
-  AppState& app = appState();
-  app.detailsShown ? app.resultsPanel->show() : app.resultsPanel->hide();
+  const AppState& app = appState();
+  const bool show = app.resultsPanel->visible() == 0;
+  show ? app.resultsPanel->show() : app.resultsPanel->hide();
   layoutViews();
-  if (app.detailsShown && !app.glView->profileShown) {
+  if (show && !app.glView->tools().profileMode()) {
     logGeometry("OPGL WIDTH: ", "OPGL Height: ", "OPGL X: ", "OPGL y: ", *app.glView);
     logGeometry("WINDOW WIDTH: ", "WINDOW Height: ", "WINDOW x: ", "WINDOW y: ", *app.mainWindow);
     logGeometry(
         "Details Width: ", "Details Height: ", "Details X: ", "Details Y: ", *app.resultsPanel);
   }
-  app.detailsShown = !app.detailsShown;
 }
 
 void toggleResultsColumn() {
-  AppState& app = appState();
-  if (!app.glView->modelLoaded()) return;
-  app.detailsShown = app.resultsPanel->visible() == 0;
-  if (app.detailsShown) {
+  const AppState& app = appState();
+  if (!app.glView->surface().modelLoaded()) return;
+  if (app.resultsPanel->visible() == 0) {
     app.resultsPanel->showResults();
     app.detailsButton->show();
   }

@@ -3,12 +3,7 @@
 
 namespace morvane {
 
-inline constexpr int kMenuHeight = 25;
-inline constexpr int kControlsWidth = 150;
-inline constexpr int kResultsWidth = 220;
-inline constexpr int kProfileHeight = 250;
-
-/// Places the three for the main window's present size and what of them is shown.
+/// Places them for the main window's present size and what of them is shown.
 void layoutViews();
 
 /// Shows the results column, for every measurement, or hides it.

@@ -6,7 +6,7 @@
 #include <memory>
 
 #include "geometry/camera.h"
-#include "view/pin.h"
+#include "geometry/pin.h"
 
 namespace morvane {
 

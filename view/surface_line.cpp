@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "geometry/surface_line.h"
+#include "view/gl_state.h"
 #include "view/shader_sources.h"
 
 namespace morvane {
@@ -45,18 +46,16 @@ void SurfaceLineRenderer::draw(const ViewMatrices& matrices, std::span<const glm
   glBindBuffer(GL_ARRAY_BUFFER, vertices_.name());
   glBufferData(GL_ARRAY_BUFFER, static_cast<GLsizeiptr>(vertices.size() * sizeof(glm::vec3)),
                vertices.data(), GL_STREAM_DRAW);
-  glDisable(GL_DEPTH_TEST);
+  const GlSwitch noDepth(GL_DEPTH_TEST, false);
   for (const auto& [lineWidth, colour] :
        {std::pair{kRimWidth, kRimColour}, {kLineWidth, kLineColour}}) {
-    glLineWidth(lineWidth);
+    const GlLineWidth width(lineWidth);
     glPointSize(lineWidth);
     glUniform4fv(program_.uniform("colorOvrr"), 1, glm::value_ptr(colour));
     glDrawArrays(GL_LINES, 0, ends);
     glDrawArrays(GL_POINTS, ends, dots);
   }
-  glLineWidth(1.0F);
   glPointSize(1.0F);
-  glEnable(GL_DEPTH_TEST);
 }
 
 }  // namespace morvane

@@ -186,7 +186,7 @@ TEST_F(OpenMutants, AreRefusedOrShownAndTheLastGoodOneStays) {
       const std::string path = folder_.file(opened % 2 == 0 ? "even.res" : "odd.res");
       std::ofstream(path, std::ios::binary) << bytes;
       const bool valid = isValid(path);
-      const SurfaceModel& model = appState().glView->model();
+      const SurfaceModel& model = appState().glView->surface().measured();
       const HeightGrid* const before = model.raw().get();
 
       const auto start = std::chrono::steady_clock::now();
@@ -202,7 +202,7 @@ TEST_F(OpenMutants, AreRefusedOrShownAndTheLastGoodOneStays) {
         EXPECT_EQ(messages, std::vector<std::string>{"Invalid file"});
         EXPECT_EQ(model.raw().get(), before);
       }
-      ASSERT_EQ(appState().glView->measurement().path, shown);
+      ASSERT_EQ(appState().glView->surface().measurement().path, shown);
       if (number > seeds.size() * mutants.size() / 5 && settled == 0) {
         settled = residentKilobytes();
       }

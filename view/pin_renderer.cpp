@@ -1,10 +1,11 @@
-#include "view/pin.h"
+#include "view/pin_renderer.h"
 
 #include <cstddef>
 #include <glm/gtc/matrix_transform.hpp>
 #include <glm/gtc/type_ptr.hpp>
 
 #include "base/debug_log.h"
+#include "view/gl_state.h"
 #include "view/shader_sources.h"
 
 namespace morvane {
@@ -68,17 +69,6 @@ GlBuffer upload(GLuint attribute, const Vertices<count>& vertices) {
 
 }  // namespace
 
-PinPair placesOf(const Pins& pins) { return {pins[0].position, pins[1].position}; }
-
-void placePins(Pins& pins, const PinPair& places) {
-  pins[0].position = places.a;
-  pins[1].position = places.b;
-}
-
-glm::mat4 pinMatrix(const Pin& pin, const glm::mat4& overlay) {
-  return glm::translate(overlay, pin.position) * glm::mat4_cast(pin.rotation);
-}
-
 void PinRenderer::generate() {
   program_ = ShaderProgram(kPinShader);
   logStream() << "PIN INIT::::<<< " << program_.name() << '\n';
@@ -113,21 +103,16 @@ void PinRenderer::drawPin(const ViewMatrices& matrices, const Pin& pin) const {
   glDepthFunc(GL_LEQUAL);
   setColour(kEdgeColour);
   glBindVertexArray(edgeArray_.name());
-  glLineWidth(1.0F);
+  const GlLineWidth width(1.0F);
   glDrawArrays(GL_LINES, 0, kEdgeVertices);
   glDepthFunc(GL_LESS);
 }
 
 void PinRenderer::drawTranslucent(const ViewMatrices& matrices, const Pin& box) const {
   begin(matrices, box);
-  glEnable(GL_CULL_FACE);
-  glEnable(GL_BLEND);
-  glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
-  glDepthMask(GL_FALSE);
+  const GlBlending blending;
+  const GlDepthReadOnly depthReadOnly;
   glDrawArrays(GL_TRIANGLES, 0, kCubeVertices);
-  glDepthMask(GL_TRUE);
-  glDisable(GL_BLEND);
-  glDisable(GL_CULL_FACE);
 }
 
 }  // namespace morvane

@@ -1,8 +1,7 @@
 // The grid tool: two corner pins and the translucent box between them, which marks an area.
 #pragma once
 
-#include "geometry/pin_motion.h"
-#include "view/pin.h"
+#include "geometry/pin.h"
 
 namespace morvane {
 
@@ -21,8 +20,8 @@ class GridTool {
   /// Moves the grabbed corner by a motion in model units.
   void move(glm::vec2 motion);
 
-  /// Draws corners and box; needs a current GL context.
-  void draw(const ViewMatrices& matrices, const PinRenderer& renderer) const;
+  /// The translucent box between the corners.
+  [[nodiscard]] Pin box() const;
 
  private:
   GridSize grid_;

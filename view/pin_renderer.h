@@ -1,36 +1,14 @@
-// Pins: the upright boxes on the surface by which the profile line and the grid box are moved.
+// Drawing pins and the box between them.
 #pragma once
 
-#include <array>
-#include <glm/gtc/quaternion.hpp>
-#include <glm/mat4x4.hpp>
-#include <glm/vec3.hpp>
 #include <glm/vec4.hpp>
 
 #include "geometry/camera.h"
-#include "geometry/pin_motion.h"
+#include "geometry/pin.h"
 #include "view/gl_objects.h"
 #include "view/shader_program.h"
 
 namespace morvane {
-
-/// One pin. The picking world points at it, so that it keeps its address while it can be picked.
-struct Pin {
-  glm::vec3 position{0.0F};  ///< of its centre, model units
-  glm::quat rotation = glm::identity<glm::quat>();
-  glm::vec3 halfExtents{1.0F};
-  glm::vec4 colour{0.0F, 0.0F, 0.0F, 1.0F};  ///< RGBA
-};
-
-/// The two pins of one tool.
-using Pins = std::array<Pin, 2>;
-
-/// Where the two stand, and putting them there.
-PinPair placesOf(const Pins& pins);
-void placePins(Pins& pins, const PinPair& places);
-
-/// Places a pin's box, still of half-extents 1, in the space that `overlay` places.
-glm::mat4 pinMatrix(const Pin& pin, const glm::mat4& overlay);
 
 /// Draws pins and translucent boxes. All of it needs a current GL context.
 class PinRenderer {

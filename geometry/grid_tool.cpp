@@ -1,4 +1,4 @@
-#include "view/grid_tool.h"
+#include "geometry/grid_tool.h"
 
 #include <glm/common.hpp>
 #include <utility>
@@ -32,14 +32,11 @@ void GridTool::move(glm::vec2 motion) {
   grabbed_->position = movePin(grabbed_->position, motion, grid_);
 }
 
-void GridTool::draw(const ViewMatrices& matrices, const PinRenderer& renderer) const {
-  for (const Pin& corner : corners_) renderer.drawPin(matrices, corner);
+Pin GridTool::box() const {
   const auto& [a, b] = placesOf(corners_);
-  const Pin box{
-      .position = {(a.x + b.x) / 2.0F, (a.y + b.y) / 2.0F, a.z},
-      .halfExtents = {glm::abs(b.x - a.x) / 2.0F, glm::abs(b.y - a.y) / 2.0F, kBoxHalfHeight},
-      .colour = kBoxColour};
-  renderer.drawTranslucent(matrices, box);
+  return {.position = {(a.x + b.x) / 2.0F, (a.y + b.y) / 2.0F, a.z},
+          .halfExtents = {glm::abs(b.x - a.x) / 2.0F, glm::abs(b.y - a.y) / 2.0F, kBoxHalfHeight},
+          .colour = kBoxColour};
 }
 
 }  // namespace morvane

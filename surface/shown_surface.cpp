@@ -1,0 +1,137 @@
+#include "surface/shown_surface.h"
+
+#include <ostream>
+#include <utility>
+
+#include "base/number_text.h"
+
+namespace morvane {
+
+ShownSurface::ShownSurface(std::ostream& log) : log_(&log), model_(log), bitmap_(log) {}
+
+void ShownSurface::show(Measurement measurement) {
+  *log_ << "Updating Res File...\n"
+        << "Updating Profile Res File...\n"
+        << "Updating Autoscaling...\n";
+  measurement_ = std::move(measurement);
+  ++measurementRevision_;
+  model_.setRaw(measurement_.grid);
+  // Limits and a scale set for the last measurement mean nothing for this one.
+  crop_.on = false;
+  scaleSource_ = ScaleSource::kAutomatic;
+  bitmapPath_.clear();
+  rebuild();
+}
+
+void ShownSurface::setFiltered(std::shared_ptr<const HeightGrid> grid, std::string words) {
+  filterWords_ = std::move(words);
+  model_.setFiltered(std::move(grid));
+  rebuild();
+}
+
+void ShownSurface::setFilterEnabled(bool enabled) {
+  model_.useFiltered = enabled;
+  rebuild();
+}
+
+void ShownSurface::setCrop(const Crop& crop) {
+  crop_ = crop;
+  const Crop& built = model_.crop;
+  const bool changesHeights = built != crop && (built.on || crop.on);
+  if (colourSource_ == ColourSource::kHeatMap && changesHeights) {
+    rebuild();
+  } else {
+    changed();
+  }
+}
+
+void ShownSurface::resetScaleAndLimits() {
+  const SurfaceLimits& limits = measured().limits();
+  crop_ = {.on = crop_.on, .min = limits.trueMin, .max = limits.trueMax};
+  scaleSource_ = ScaleSource::kAutomatic;
+  rebuild();
+}
+
+void ShownSurface::setGlobalScale(const std::optional<HeatMapScale>& scale) {
+  model_.globalScale = scale;
+  rebuild();
+}
+
+void ShownSurface::setColourSource(ColourSource source) {
+  colourSource_ = source;
+  if (source == ColourSource::kHeatMap) {
+    scaleSource_ = ScaleSource::kAutomatic;
+  } else if (bitmapAvailable()) {
+    flatten();
+  }
+  bitmapAvailable() ? rebuild() : changed();
+}
+
+void ShownSurface::chooseBitmap(const std::string& path) {
+  bitmapPath_ = path;
+  if (colourSource_ != ColourSource::kBitmap) return;
+  flatten();
+  rebuild();
+}
+
+void ShownSurface::flatten() {
+  constexpr float kFlat = 1e-7F;
+  scaleSource_ = ScaleSource::kByHand;
+  zScale_ = kFlat;
+}
+
+void ShownSurface::setZScale(float zScale) {
+  scaleSource_ = ScaleSource::kByHand;
+  zScale_ = zScale;
+  changed();
+}
+
+float ShownSurface::zScale() {
+  if (scaleSource_ == ScaleSource::kAutomatic) (void)measured();
+  return zScale_;
+}
+
+const SurfaceModel& ShownSurface::measured() {
+  if (measured_ || !modelLoaded()) return model_;
+  *log_ << "Binding Model Data...\n";
+  measured_ = true;
+  model_.crop = crop_;
+  model_.skipScale = scaleSource_ == ScaleSource::kByHand;
+  model_.heatMap = colourSource_ == ColourSource::kHeatMap;
+  model_.measure();
+  if (!model_.skipScale) zScale_ = model_.autoScale();
+  if (onMeasured) onMeasured();
+  return model_;
+}
+
+std::string ShownSurface::alterations() {
+  const SurfaceModel& model = measured();
+  std::string words = model.shown() == model.raw() ? std::string() : filterWords_;
+  if (model.crop.on) {
+    if (!words.empty()) words += " · ";
+    words +=
+        "Limits " + shownText(model.crop.min, 2) + " to " + shownText(model.crop.max, 2) + " µm";
+  }
+  return words;
+}
+
+std::optional<BitmapDrape> ShownSurface::drape() {
+  const HeightGrid& grid = *measured().shown();
+  if (model_.heatMap || !bitmapAvailable() || cellCount(grid) == 0) return {};
+  bitmap_.readBitmap(bitmapPath_);
+  *log_ << "BMP ARRAY: " << 8 << '\n' << "RES WIDTH: " << grid.width() << '\n';
+  if (bitmap_.pixels().empty()) return {};
+  return BitmapDrape(bitmap_, grid.width(), grid.height());
+}
+
+void ShownSurface::rebuild() {
+  ++meshRevision_;
+  measured_ = false;
+  changed();
+}
+
+void ShownSurface::changed() const {
+  if (onChange) onChange();
+}
+
+}  // namespace morvane

@@ -1,0 +1,61 @@
+// GL state that holds for a scope and is then put back to what it was.
+#pragma once
+
+#include <GL/glew.h>
+
+namespace morvane {
+
+/// Switches a capability of the current context on or off while it lives.
+class GlSwitch {
+ public:
+  GlSwitch(GLenum capability, bool on)
+      : capability_(capability), was_(glIsEnabled(capability) == GL_TRUE) {
+    set(on);
+  }
+  ~GlSwitch() { set(was_); }
+  GlSwitch(const GlSwitch&) = delete;
+  GlSwitch& operator=(const GlSwitch&) = delete;
+
+ private:
+  void set(bool on) const { on ? glEnable(capability_) : glDisable(capability_); }
+
+  GLenum capability_;
+  bool was_;
+};
+
+/// Lets what lies behind show through by the drawn alpha while it lives, and draws only what faces
+/// the eye.
+class GlBlending {
+ public:
+  GlBlending() { glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA); }
+
+ private:
+  GlSwitch blend_{GL_BLEND, true};
+  GlSwitch cull_{GL_CULL_FACE, true};
+};
+
+/// Leaves the depth buffer as it is while it lives.
+class GlDepthReadOnly {
+ public:
+  GlDepthReadOnly() { glDepthMask(GL_FALSE); }
+  ~GlDepthReadOnly() { glDepthMask(GL_TRUE); }
+  GlDepthReadOnly(const GlDepthReadOnly&) = delete;
+  GlDepthReadOnly& operator=(const GlDepthReadOnly&) = delete;
+};
+
+/// Draws lines `width` pixels wide while it lives.
+class GlLineWidth {
+ public:
+  explicit GlLineWidth(float width) {
+    glGetFloatv(GL_LINE_WIDTH, &was_);
+    glLineWidth(width);
+  }
+  ~GlLineWidth() { glLineWidth(was_); }
+  GlLineWidth(const GlLineWidth&) = delete;
+  GlLineWidth& operator=(const GlLineWidth&) = delete;
+
+ private:
+  GLfloat was_ = 1.0F;
+};
+
+}  // namespace morvane
