@@ -312,9 +312,15 @@ TEST(Open, GoldenFilesInTurnAreEachLogged) {
     program.mainWindow().key({"ctrl+o"});
     program.answerChooser(path);
     program.awaitLine("fileSize: ");
+    // What the reader and its judgement wrote.
     const std::vector<std::string> lines = program.lines();
-    golden::expectLog(folder / ("step" + words[0] + "_log.txt"),
-                      joined(std::span(lines).subspan(before)), path);
+    const auto first = std::find(lines.begin() + static_cast<std::ptrdiff_t>(before), lines.end(),
+                                 ">>(resFile) -- File updated: " + path);
+    const auto last = std::find_if(
+        first, lines.end(), [](const std::string& line) { return line.starts_with("fileSize: "); });
+    ASSERT_NE(last, lines.end());
+    golden::expectLog(folder / ("step" + words[0] + "_log.txt"), joined(std::span(first, last + 1)),
+                      path);
     if (words[1] == "odd.res") program.alert().key({"Return"});
     ++opened;
   }
