@@ -6,7 +6,6 @@
 #include <cstdarg>
 #include <cstdio>
 #include <cstdlib>
-#include <iostream>
 #include <optional>
 #include <string>
 #include <vector>
@@ -38,9 +37,6 @@ void stop(const char* format, ...) {
 int main(int argc, char** argv) {
   using namespace morvane;
   openStandardStreams();
-  std::cout.rdbuf(logStream().rdbuf());
-  // The library's stream outlives the log's buffer.
-  std::atexit([] { std::cout.rdbuf(nullptr); });
   Fl::fatal = stop;
   const std::vector<std::string> words = commandLine(argc, argv);
   if (const std::optional<int> status = answerOption(words)) return *status;

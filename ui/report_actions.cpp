@@ -26,7 +26,7 @@
 namespace morvane {
 namespace {
 
-void log(std::string_view text) { DebugLog::write("pdf_report.log", text); }
+constexpr const char* kLogFile = "pdf_report.log";
 
 void tell(const std::string& trouble) {
   logStream() << trouble << '\n';
@@ -57,16 +57,16 @@ ReportValues presentValues() {
 
 /// Where the report is to go; empty when the operator leaves it.
 std::string chooseReportPath() {
-  log("Creating File Chooser");
-  log("Adding File Filter");
-  log("Displaying File Chooser");
+  DebugLog::write(kLogFile, "Creating File Chooser");
+  DebugLog::write(kLogFile, "Adding File Filter");
+  DebugLog::write(kLogFile, "Displaying File Chooser");
   const std::string chosen =
       chooseFileToSave({"Save report", "*.pdf", startFolder(),
                         suggestedName(appState().glView->surface().measurement().path)});
-  log("Copying Filename to Char*");
-  log("Filename is : " + chosen);
+  DebugLog::write(kLogFile, "Copying Filename to Char*");
+  DebugLog::write(kLogFile, "Filename is : " + chosen);
   if (chosen.empty()) {
-    log("No Filename given, cancelling operation");
+    DebugLog::write(kLogFile, "No Filename given, cancelling operation");
     return {};
   }
   const std::string path = reportPath(chosen);
@@ -80,12 +80,12 @@ std::string chooseReportPath() {
 }  // namespace
 
 void writePdfReport(Fl_Widget* /*widget*/, long /*action*/) {
-  log("\n####PDF ROUTINE CALLED ####");
+  DebugLog::write(kLogFile, "\n####PDF ROUTINE CALLED ####");
   {
     PdfReport report;
     const ReportPage page = describePage(presentValues());
     report.writeTexts(page, appState().maximumInput->value());
-    log("Taking Screenshot");
+    DebugLog::write(kLogFile, "Taking Screenshot");
     report.drawPicture(captureView().jpeg, page.picture);
     const std::string path = chooseReportPath();
     if (!path.empty()) {
@@ -94,7 +94,8 @@ void writePdfReport(Fl_Widget* /*widget*/, long /*action*/) {
                      : tell("The report could not be saved: " + reason);
     }
   }
-  log("=========================================================================\n");
+  DebugLog::write(kLogFile,
+                  "=========================================================================\n");
 }
 
 void takeScreenshot() {

@@ -14,6 +14,7 @@
 #include <vector>
 
 #include "base/debug_log.h"
+#include "view/gl_state.h"
 #include "view/shader_sources.h"
 
 namespace morvane {
@@ -204,10 +205,8 @@ void TextRenderer::drawInSpace(std::string_view text, const glm::mat4& matrix, f
 void TextRenderer::drawGlyphs(std::string_view text, glm::vec2 pen, glm::vec2 scale,
                               const glm::mat4& projection, const glm::vec3& colour) const {
   // Half a label says less than none: text lies over everything.
-  glDisable(GL_DEPTH_TEST);
-  glEnable(GL_CULL_FACE);
-  glEnable(GL_BLEND);
-  glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
+  const GlSwitch noDepth(GL_DEPTH_TEST, false);
+  const GlBlending blending;
   glUseProgram(program_.name());
   glUniformMatrix4fv(program_.uniform("projection"), 1, GL_FALSE, glm::value_ptr(projection));
   // Dark strokes thinner than a pixel look paler than they are where light is added as light.
@@ -221,9 +220,6 @@ void TextRenderer::drawGlyphs(std::string_view text, glm::vec2 pen, glm::vec2 sc
   drawLayer(&Glyph::rim, text, pen, scale, rimColour_);
   drawLayer(&Glyph::ink, text, pen, scale, colour);
   glBindTexture(GL_TEXTURE_2D, 0);
-  glDisable(GL_BLEND);
-  glDisable(GL_CULL_FACE);
-  glEnable(GL_DEPTH_TEST);
 }
 
 void TextRenderer::drawLayer(GlyphPicture Glyph::*layer, std::string_view text, glm::vec2 pen,
