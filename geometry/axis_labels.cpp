@@ -31,52 +31,49 @@ constexpr float kStepOut = 0.01F;
 constexpr int kStepsOut = 25;
 constexpr std::array kLines = {0.0F, -1.0F, 1.0F, -2.0F, 2.0F, -3.0F, 3.0F};
 
+constexpr std::size_t kLengthX = 3;
+constexpr std::size_t kLengthY = 4;
 constexpr std::size_t kBottomLabel = 5;
 constexpr std::size_t kTopLabel = 6;
 using Labels = std::array<AxisLabel, 7>;
 
-/// Four corners in pixels; two of them twice for a line.
-using Quad = std::array<glm::vec2, 4>;
-
-/// Whether a side of `a` has all of `b` beyond it.
-bool sideParts(const Quad& a, const Quad& b) {
-  for (std::size_t i = 0; i < a.size(); ++i) {
-    const glm::vec2 side = a[(i + 1) % a.size()] - a[i];
-    const glm::vec2 normal(side.y, -side.x);
-    const auto along = [&](const glm::vec2& point) { return glm::dot(point, normal); };
-    const auto [aLow, aHigh] = std::ranges::minmax(a, {}, along);
-    const auto [bLow, bHigh] = std::ranges::minmax(b, {}, along);
-    if (along(aHigh) < along(bLow) || along(bHigh) < along(aLow)) return true;
-  }
-  return false;
-}
-
-bool overlap(const Quad& a, const Quad& b) { return !sideParts(a, b) && !sideParts(b, a); }
-
-/// Finds places for the labels of the heights.
-class HeightLabels {
+/// Finds free places for the labels that would overlap something.
+class FreePlaces {
  public:
-  HeightLabels(const glm::mat4& toClip, int width, int height, const TextWidth& textWidth)
-      : toClip_(toClip), width_(width), height_(height), textWidth_(textWidth) {}
+  FreePlaces(const glm::mat4& toClip, int width, int height, const TextWidth& textWidth,
+             std::vector<ScreenQuad> taken)
+      : toClip_(toClip),
+        width_(width),
+        height_(height),
+        textWidth_(textWidth),
+        obstacles_(std::move(taken)) {}
 
   void place(Labels& labels, const AxisLines& lines) {
-    for (std::size_t i = 0; i < kBottomLabel; ++i) addObstacle(quadOf(labels[i]));
+    const auto isFree = [this](const AxisLabel& moved) { return free(moved); };
+    // Lengths keep clear of what is taken, and of the rest where they have to move anyway.
+    std::vector<AxisLabel*> moving;
+    for (const std::size_t i : {kLengthX, kLengthY}) {
+      if (!free(labels[i])) moving.push_back(&labels[i]);
+    }
+    for (std::size_t i = 0; i < kLengthX; ++i) addObstacle(quadOf(labels[i]));
     for (const auto& [from, to] : {std::pair{lines.corner, lines.endX},
                                    {lines.corner, lines.endY},
                                    {lines.bottom, lines.top}}) {
       const auto a = onScreen(from);
       const auto b = onScreen(to);
-      if (a && b) addObstacle(Quad{*a, *a, *b, *b});
+      if (a && b) addObstacle(ScreenQuad{*a, *a, *b, *b});
     }
+    for (AxisLabel* label : moving) move(*label, 1, isFree);
+    for (const std::size_t i : {kLengthX, kLengthY}) addObstacle(quadOf(labels[i]));
     AxisLabel& bottom = labels[kBottomLabel];
     AxisLabel& top = labels[kTopLabel];
     if (standOneOnTheOther(bottom, lines)) {
-      move(bottom,
+      move(bottom, kStepsOut,
            [&](const AxisLabel& moved) { return free(moved) && free(onTopOf(moved, top)); });
       top = onTopOf(bottom, top);
     } else {
       for (AxisLabel* label : {&bottom, &top}) {
-        move(*label, [this](const AxisLabel& moved) { return free(moved); });
+        move(*label, kStepsOut, isFree);
         addObstacle(quadOf(*label));
       }
     }
@@ -90,8 +87,8 @@ class HeightLabels {
     return glm::vec2(seen);
   }
 
-  [[nodiscard]] std::optional<Quad> quadOf(const AxisLabel& label) const {
-    Quad quad;
+  [[nodiscard]] std::optional<ScreenQuad> quadOf(const AxisLabel& label) const {
+    ScreenQuad quad;
     const auto corners = cornersOf(label, textWidth_);
     for (std::size_t i = 0; i < quad.size(); ++i) {
       const auto seen = onScreen(corners[i]);
@@ -101,14 +98,15 @@ class HeightLabels {
     return quad;
   }
 
-  void addObstacle(const std::optional<Quad>& quad) {
+  void addObstacle(const std::optional<ScreenQuad>& quad) {
     if (quad) obstacles_.push_back(*quad);
   }
 
   [[nodiscard]] bool free(const AxisLabel& label) const {
     const auto quad = quadOf(label);
-    return !quad || std::ranges::none_of(
-                        obstacles_, [&](const Quad& obstacle) { return overlap(*quad, obstacle); });
+    return !quad || std::ranges::none_of(obstacles_, [&](const ScreenQuad& obstacle) {
+      return overlap(*quad, obstacle);
+    });
   }
 
   /// Whether the ends of the Z axis give the heights no order that reads from the top down.
@@ -149,12 +147,12 @@ class HeightLabels {
     return glm::vec2(near + part * (far - near));
   }
 
-  /// Moves `label` outwards and by whole lines to the first place that `fits`; where none does it
-  /// stays.
+  /// Moves `label` by whole lines and fewer than `steps` steps outwards to the first place that
+  /// `fits`; where none does it stays.
   template <typename Fits>
-  static void move(AxisLabel& label, const Fits& fits) {
+  static void move(AxisLabel& label, int steps, const Fits& fits) {
     for (const float lines : kLines) {
-      for (int step = 0; step < kStepsOut; ++step) {
+      for (int step = 0; step < steps; ++step) {
         AxisLabel moved = label;
         moved.place += glm::vec3(-kStepOut * static_cast<float>(step), lines * kLine, 0.0F);
         if (!fits(moved)) continue;
@@ -168,7 +166,7 @@ class HeightLabels {
   int width_;
   int height_;
   const TextWidth& textWidth_;
-  std::vector<Quad> obstacles_;
+  std::vector<ScreenQuad> obstacles_;
 };
 
 }  // namespace
@@ -192,7 +190,8 @@ std::array<glm::vec3, 4> cornersOf(const AxisLabel& label, const TextWidth& text
 }
 
 std::array<AxisLabel, 7> axisLabels(const AxesRange& range, const glm::mat4& toClip, int width,
-                                    int height, const TextWidth& textWidth) {
+                                    int height, const TextWidth& textWidth,
+                                    std::vector<ScreenQuad> taken) {
   const ResHeader& header = *range.header;
   const float x = static_cast<float>(header.width) / kPointsPerUnit;
   const float y = static_cast<float>(header.height) / kPointsPerUnit;
@@ -213,7 +212,7 @@ std::array<AxisLabel, 7> axisLabels(const AxesRange& range, const glm::mat4& toC
       heightLabel(range.bottom, lines.bottom.z),
       heightLabel(range.top, lines.top.z),
   }};
-  HeightLabels(toClip, width, height, textWidth).place(labels, lines);
+  FreePlaces(toClip, width, height, textWidth, std::move(taken)).place(labels, lines);
   return labels;
 }
 

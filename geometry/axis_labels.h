@@ -5,7 +5,9 @@
 #include <glm/mat4x4.hpp>
 #include <glm/vec3.hpp>
 #include <string>
+#include <vector>
 
+#include "geometry/screen_quad.h"
 #include "geometry/text_width.h"
 #include "resfile/res_header.h"
 
@@ -43,11 +45,13 @@ struct AxisLabel {
 
 /// Names, lengths and heights, the bottom height and the top height last, as they stand in a window
 /// of `width` × `height` pixels to which `toClip` takes the space of the pins. Names and lengths
-/// have fixed places. The heights stand at the ends of the Z axis; where one would overlap another
+/// have fixed places; a length that would overlap what is `taken` on the screen stands a few lines
+/// from there. The heights stand at the ends of the Z axis; where one would overlap another
 /// label or a line on the screen it is moved in its plane. Seen from above, where both ends are
 /// nearly one point, the top height stands on the bottom height.
 std::array<AxisLabel, 7> axisLabels(const AxesRange& range, const glm::mat4& toClip, int width,
-                                    int height, const TextWidth& textWidth);
+                                    int height, const TextWidth& textWidth,
+                                    std::vector<ScreenQuad> taken = {});
 
 /// The corners of the room a label takes with its rim, in the space of the pins, from the lower
 /// left one counter-clockwise.

@@ -14,6 +14,8 @@ constexpr float kMargin = 6.0F;         // units to the edge of the view
 constexpr const char* kGap = "  ";      // between key and number
 
 constexpr float acrossOf(float deviceX) { return kTextSpaceWidth / 2 * (1.0F + deviceX); }
+// Kept: not quite the middle of the space.
+constexpr float upOf(float deviceY) { return 387.0F + 387.5F * deviceY; }
 
 }  // namespace
 
@@ -24,8 +26,7 @@ KeyColumn keyColumn(float max, float min, const TextWidth& textWidth) {
   for (std::size_t i = 0; i < texts.size(); ++i) {
     KeyNumber& number = column.numbers[i];
     number.text = kGap + unsignedZero(texts[i]) + "µm";
-    // Kept: not quite the middle of the space.
-    number.y = 387.0F + 387.5F * keyLabelY(i);
+    number.y = upOf(keyLabelY(i));
     widest = std::max(widest, textWidth(number.text, kScale));
   }
   const float right = acrossOf(kKeyCentreX + kKeyWidth / 2 + kLabelOffset);
@@ -40,6 +41,30 @@ KeyColumn keyColumn(float max, float min, const TextWidth& textWidth) {
     number.x = atRight ? right : left - gap - textWidth(number.text, column.scale);
   }
   return column;
+}
+
+std::vector<ScreenQuad> roomOf(const KeyColumn& column, const TextWidth& textWidth,
+                               float textHeight, int width, int height) {
+  constexpr float kAscent = 0.75F;  // parts of the height
+  constexpr float kDescent = 0.25F;
+  const glm::vec2 pixels(static_cast<float>(width) / kTextSpaceWidth,
+                         static_cast<float>(height) / kTextSpaceHeight);
+  std::vector<ScreenQuad> room;
+  const auto add = [&](float left, float bottom, float right, float top) {
+    const auto corner = [&](float x, float y) {
+      return glm::vec2(x, kTextSpaceHeight - y) * pixels;
+    };
+    room.push_back(
+        {corner(left, bottom), corner(right, bottom), corner(right, top), corner(left, top)});
+  };
+  add(acrossOf(kKeyCentreX - kKeyWidth / 2), upOf(-kKeyHeight / 2),
+      acrossOf(kKeyCentreX + kKeyWidth / 2), upOf(kKeyHeight / 2));
+  const float em = textHeight * column.scale;
+  for (const KeyNumber& number : column.numbers) {
+    add(number.x, number.y - kDescent * em, number.x + textWidth(number.text, column.scale),
+        number.y + kAscent * em);
+  }
+  return room;
 }
 
 }  // namespace morvane

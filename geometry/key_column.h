@@ -3,7 +3,9 @@
 
 #include <array>
 #include <string>
+#include <vector>
 
+#include "geometry/screen_quad.h"
 #include "geometry/text_width.h"
 #include "surface/heat_map_scale.h"
 
@@ -29,5 +31,10 @@ struct KeyColumn {
 /// room asks for it; left of it where they would be too small to read. `textWidth` tells units of
 /// the text space, in which narrow windows make glyphs wider.
 KeyColumn keyColumn(float max, float min, const TextWidth& textWidth);
+
+/// The room that the key and its numbers take in a view of `width` × `height` pixels, in which
+/// glyphs are `textHeight` units of the text space high at a scale of 1.
+std::vector<ScreenQuad> roomOf(const KeyColumn& column, const TextWidth& textWidth,
+                               float textHeight, int width, int height);
 
 }  // namespace morvane

@@ -4,6 +4,7 @@
 #include <glm/gtc/matrix_transform.hpp>
 #include <glm/gtc/type_ptr.hpp>
 #include <string_view>
+#include <utility>
 
 #include "base/debug_log.h"
 #include "view/shader_sources.h"
@@ -57,12 +58,13 @@ void Axes::draw(const ViewMatrices& matrices, const AxesRange& range) const {
 }
 
 void Axes::drawLabels(const ViewMatrices& matrices, const AxesRange& range, int width, int height,
-                      const TextRenderer& text) {
+                      std::vector<ScreenQuad> taken, const TextRenderer& text) {
   const glm::mat4 toClip = matrices.projection * matrices.view * matrices.overlay;
   const TextWidth textWidth = [&text](std::string_view label, float scale) {
     return text.width(label, scale);
   };
-  for (const AxisLabel& label : axisLabels(range, toClip, width, height, textWidth)) {
+  for (const AxisLabel& label :
+       axisLabels(range, toClip, width, height, textWidth, std::move(taken))) {
     const glm::mat4 plane =
         glm::scale(glm::translate(toClip, label.place), glm::vec3(kTextToModel));
     text.drawInSpace(label.text, plane, kAxisTextScale, kLabelColour);

@@ -17,9 +17,10 @@ class Axes {
 
   /// Draws the lines beside the surface that `matrices` place.
   void draw(const ViewMatrices& matrices, const AxesRange& range) const;
-  /// Draws names, lengths and heights in a window of `width` × `height` pixels.
+  /// Draws names, lengths and heights in a window of `width` × `height` pixels, beside what is
+  /// `taken` of it.
   static void drawLabels(const ViewMatrices& matrices, const AxesRange& range, int width,
-                         int height, const TextRenderer& text);
+                         int height, std::vector<ScreenQuad> taken, const TextRenderer& text);
 
  private:
   ShaderProgram program_;

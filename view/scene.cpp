@@ -6,7 +6,6 @@
 #include "base/debug_log.h"
 #include "base/paths.h"
 #include "geometry/drawn_surface.h"
-#include "geometry/key_column.h"
 #include "view/gl_driver.h"
 #include "view/gl_state.h"
 #include "view/stopwatch.h"
@@ -42,11 +41,19 @@ FrameReport Scene::draw(ShownSurface& shown, Tools& tools, const Camera& camera,
   frame.print("Drawing Time for HM Key: ");
   tools.draw(shown, matrices);
   // Over the tools, so that no pin stands before a number and the key shows its own colours.
+  const auto [width, height] = std::pair{viewport.width, viewport.height};
+  text_.setPixels(width, height);
+  const TextWidth textWidth = [this](std::string_view text, float scale) {
+    return text_.widthInSpace(text, scale);
+  };
+  const HeatMapScale scale = shown.measured().colourScale();
+  const KeyColumn column = keyColumn(scale.upper(), scale.lower(), textWidth);
   if (options.axesVisible) {
-    Axes::drawLabels(matrices, axesRange(shown), viewport.width, viewport.height, text_);
+    std::vector<ScreenQuad> taken;
+    if (keyShown) taken = roomOf(column, textWidth, text_.heightInSpace(), width, height);
+    Axes::drawLabels(matrices, axesRange(shown), width, height, std::move(taken), text_);
   }
-  text_.setPixels(viewport.width, viewport.height);
-  if (keyShown) drawKey(shown);
+  if (keyShown) drawKey(shown, column);
   drawAlterations(shown);
   checkGl("surface");
   return report;
@@ -91,16 +98,12 @@ void Scene::drawSurface(const ViewMatrices& matrices, const Camera& camera,
   surface_.draw(matrices, camera.eye, {options.lightingOn, options.filledPolygons});
 }
 
-void Scene::drawKey(ShownSurface& shown) {
+void Scene::drawKey(ShownSurface& shown, const KeyColumn& column) {
   {
     // However near the surface comes, the key lies over it.
     const GlSwitch noDepth(GL_DEPTH_TEST, false);
     key_.draw();
   }
-  const HeatMapScale scale = shown.measured().colourScale();
-  const KeyColumn column = keyColumn(
-      scale.upper(), scale.lower(),
-      [this](std::string_view text, float size) { return text_.widthInSpace(text, size); });
   for (const KeyNumber& number : column.numbers) {
     text_.draw(number.text, number.x, number.y, column.scale, kTextColour);
   }

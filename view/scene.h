@@ -4,6 +4,7 @@
 #include <string>
 
 #include "geometry/camera.h"
+#include "geometry/key_column.h"
 #include "surface/shown_surface.h"
 #include "view/axes.h"
 #include "view/key_renderer.h"
@@ -57,7 +58,7 @@ class Scene {
   }
   void drawSurface(const ViewMatrices& matrices, const Camera& camera, const SceneOptions& options,
                    const Viewport& viewport);
-  void drawKey(ShownSurface& shown);
+  void drawKey(ShownSurface& shown, const KeyColumn& column);
   void drawAlterations(ShownSurface& shown);
 
   std::string fontPath_;

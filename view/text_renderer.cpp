@@ -20,7 +20,7 @@
 namespace morvane {
 namespace {
 
-constexpr FT_UInt kPixelSize = 48;
+constexpr auto kPixelSize = static_cast<FT_UInt>(kGlyphHeight);
 constexpr int kRim = 6;     // pixels of the face; at the size of the labels one and a half
 constexpr int kBorder = 8;  // texels; a pixel of the smallest text that is read covers as many
 constexpr std::size_t kFloatsPerQuad = std::size_t{6} * 4;

@@ -31,6 +31,9 @@ struct Glyph {
 /// Characters below this code are loaded: Latin-1 as far as the micro sign and a little beyond.
 inline constexpr std::size_t kGlyphs = 230;
 
+/// Units that glyphs are high at a scale of 1: pixels that the face is loaded at.
+inline constexpr float kGlyphHeight = 48.0F;
+
 /// All of it needs a current GL context; each window has a renderer of its own.
 class TextRenderer {
  public:
@@ -48,7 +51,8 @@ class TextRenderer {
   void setPixels(int width, int height);
 
   /// Draws UTF-8 text with its pen starting at (x, y) of the layout space, over everything else.
-  /// Glyphs are 48 units high times `scale`; characters that are not loaded draw nothing.
+  /// Glyphs are `kGlyphHeight` units high times `scale`; characters that are not loaded draw
+  /// nothing.
   void draw(std::string_view text, float x, float y, float scale, const glm::vec3& colour) const;
 
   /// Draws text from the origin of a plane that `matrix` places in clip space, over everything
@@ -62,6 +66,8 @@ class TextRenderer {
   [[nodiscard]] float widthInSpace(std::string_view text, float scale) const {
     return width(text, scale * shape_.x);
   }
+  /// The height of glyphs there at a scale of 1.
+  [[nodiscard]] float heightInSpace() const { return kGlyphHeight * shape_.y; }
 
  private:
   void loadGlyphs(const std::string& fontPath);

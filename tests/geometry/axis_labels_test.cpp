@@ -7,10 +7,12 @@
 
 #include "geometry/axis_labels.h"
 #include "geometry/camera.h"
+#include "geometry/key_column.h"
 
 namespace morvane {
 namespace {
 
+constexpr std::size_t kLengthX = 3;
 constexpr std::size_t kBottom = 5;
 constexpr std::size_t kTop = 6;
 
@@ -64,7 +66,7 @@ class AxisLabels : public testing::Test {
         viewMatrices(camera, width, kHeight, header.width, header.height, zScale);
     const glm::mat4 all = matrices.projection * matrices.view * matrices.overlay;
     const AxesRange range{&header, -5.0F, 5.0F, heightToModel(zScale)};
-    labels = axisLabels(range, all, width, kHeight, monospaced);
+    labels = axisLabels(range, all, width, kHeight, monospaced, taken);
     const auto shapeOf = [&](const auto& corners) {
       Shape shape;
       for (const glm::vec3& corner : corners) {
@@ -88,6 +90,7 @@ class AxisLabels : public testing::Test {
     }
   }
 
+  std::vector<ScreenQuad> taken;
   std::array<AxisLabel, 7> labels;
   std::vector<Shape> shapes;  // of the labels, then of the lines along x and y
 };
@@ -122,6 +125,18 @@ TEST_F(AxisLabels, HeightsStandAtTheEndsOfAnAxisThatIsSeenFromTheSide) {
   EXPECT_EQ(labels[kBottom].place.y, 0.0F);
   EXPECT_EQ(labels[kTop].place.y, 0.0F);
   EXPECT_EQ(labels[kTop].place.x, -0.2F);
+}
+
+TEST_F(AxisLabels, LengthsKeepClearOfTheKey) {
+  for (const int columns : {2900, 3000, 3100}) {
+    const KeyColumn column = keyColumn(5.0F, -5.0F, monospaced);
+    taken = roomOf(column, monospaced, 48.0F, 1130, 775);
+    show(columns, 1000, 0.3F, 0.0F);
+    for (const ScreenQuad& room : taken) {
+      EXPECT_FALSE(meet(shapes[kLengthX], Shape(room.begin(), room.end()))) << columns;
+    }
+    EXPECT_EQ(labels[kLengthX].place.x, static_cast<float>(columns) / 1000.0F);
+  }
 }
 
 }  // namespace
