@@ -1,0 +1,75 @@
+// What is on show: one call of a setter, and the next frame is right.
+#include <gtest/gtest.h>
+
+#include <sstream>
+#include <utility>
+
+#include "surface/shown_surface.h"
+#include "tests/support/test_grid.h"
+
+namespace morvane {
+namespace {
+
+class Shown : public testing::Test {
+ protected:
+  Shown() {
+    Measurement measurement;
+    measurement.grid = roughGrid(6, 5);
+    shown_.show(measurement);
+    automatic_ = shown_.zScale();
+  }
+
+  /// Whether a frame would build the mesh anew; one that is drawn now has.
+  bool needsMesh() { return std::exchange(bound_, shown_.meshRevision()) != shown_.meshRevision(); }
+
+  std::ostringstream log_;
+  ShownSurface shown_{log_};
+  float automatic_ = 0.0F;
+  std::uint64_t bound_ = 0;
+};
+
+TEST_F(Shown, TypedLimitsWaitForTheNextRebuildWhileABitmapColoursTheSurface) {
+  const Crop crop = {.on = true, .min = -0.25F, .max = 0.25F};
+  EXPECT_TRUE(needsMesh());
+  shown_.setCrop({.on = false, .min = 1.0F, .max = 2.0F});
+  EXPECT_FALSE(needsMesh()) << "limits that are off change nothing";
+  shown_.setColourSource(ColourSource::kBitmap);
+  shown_.setCrop(crop);
+  EXPECT_FALSE(needsMesh());
+  EXPECT_FALSE(shown_.measured().crop.on);
+  EXPECT_TRUE(shown_.crop().on) << "the section is clipped at once";
+  shown_.resetScaleAndLimits();
+  EXPECT_TRUE(needsMesh());
+  EXPECT_TRUE(shown_.measured().crop.on);
+  EXPECT_EQ(shown_.crop().max, shown_.measured().limits().trueMax);
+}
+
+TEST_F(Shown, ABitmapLiesOnAFlatSurfaceUntilTheHeatMapIsBack) {
+  shown_.setZScale(3.0F);
+  shown_.setColourSource(ColourSource::kBitmap);
+  EXPECT_EQ(shown_.zScale(), 3.0F) << "there is no bitmap";
+  shown_.chooseBitmap("picture.bmp");
+  EXPECT_EQ(shown_.zScale(), 1e-7F);
+  EXPECT_FALSE(shown_.measured().heatMap);
+  shown_.setColourSource(ColourSource::kHeatMap);
+  EXPECT_EQ(shown_.zScale(), automatic_);
+  EXPECT_TRUE(shown_.measured().heatMap);
+}
+
+TEST_F(Shown, AnotherMeasurementStartsAnewButKeepsFilterAndColourSource) {
+  shown_.setZScale(3.0F);
+  shown_.setCrop({.on = true, .min = -0.1F, .max = 0.1F});
+  shown_.setFilterEnabled(true);
+  shown_.setFiltered(roughGrid(6, 5), "Low pass 0.80 mm");
+  EXPECT_EQ(shown_.alterations(), "Low pass 0.80 mm · Limits -0.10 to 0.10 µm");
+  Measurement next;
+  next.grid = roughGrid(6, 5);
+  shown_.show(next);
+  EXPECT_EQ(shown_.zScale(), automatic_);
+  EXPECT_EQ(shown_.alterations(), "");
+  EXPECT_EQ(shown_.measured().shown(), next.grid);
+  EXPECT_TRUE(shown_.filterEnabled());
+}
+
+}  // namespace
+}  // namespace morvane
