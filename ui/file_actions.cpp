@@ -28,6 +28,7 @@
 #include "ui/gl_window.h"
 #include "ui/menu.h"
 #include "ui/results_panel.h"
+#include "ui/saving.h"
 #include "ui/status_line.h"
 #include "ui/view_controls.h"
 #include "ui/view_layout.h"
@@ -169,17 +170,7 @@ void saveCopy() {
   logStream() << "filename to save as: " << destination << '\n'
               << "destination: " << destination << '\n'
               << "source: " << source << '\n';
-  if (isSameFile(source, destination)) {
-    showAlert("This is the measurement that is open. Please choose another name.");
-    return;
-  }
-  if (fileExists(destination) && !confirmReplace(destination)) return;
-  const std::string reason = copyFile(source, destination);
-  if (reason.empty()) {
-    tellUser("Copy saved: " + destination);
-  } else {
-    showAlert("The copy could not be saved: " + reason);
-  }
+  save({"copy", destination, [&] { return copyFile(source, destination); }});
 }
 
 }  // namespace morvane

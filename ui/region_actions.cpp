@@ -10,6 +10,7 @@
 #include "ui/console.h"
 #include "ui/file_actions.h"
 #include "ui/gl_window.h"
+#include "ui/saving.h"
 
 namespace morvane {
 
@@ -32,20 +33,11 @@ void saveShownRegion() {
   }
   const Measurement& source = view.surface().measurement();
   const std::string path = folderPrefix(source.path) + name + ".res";
-  if (isSameFile(source.path, path)) {
-    showAlert("This is the measurement that is open. Please choose another name.");
-    return;
-  }
-  if (fileExists(path) && !confirmReplace(path)) return;
   const GridRegion region =
       regionBetween(view.tools().gridTool().places(), {grid.width(), grid.height()});
-  const std::string reason = saveRegion(view.file(), source, grid, region, path);
-  if (!reason.empty()) {
-    showAlert("The region could not be saved: " + reason);
-    return;
-  }
-  tellUser("Region saved: " + path);
-  if (confirmOpen(path)) openFile(path);
+  const bool saved =
+      save({"region", path, [&] { return saveRegion(view.file(), source, grid, region, path); }});
+  if (saved && confirmOpen(path)) openFile(path);
 }
 
 }  // namespace morvane

@@ -20,6 +20,7 @@
 #include "ui/draw_pending.h"
 #include "ui/file_actions.h"
 #include "ui/gl_window.h"
+#include "ui/saving.h"
 #include "ui/view_layout.h"
 #include "ui/window_geometry.h"
 
@@ -55,7 +56,7 @@ ReportValues presentValues() {
           .maximum = stripUnit(app.maximumInput->value())};
 }
 
-/// Where the report is to go; empty when the operator leaves it.
+/// Where the report is to go; empty when the operator cancels.
 std::string chooseReportPath() {
   DebugLog::write(kLogFile, "Creating File Chooser");
   DebugLog::write(kLogFile, "Adding File Filter");
@@ -69,12 +70,7 @@ std::string chooseReportPath() {
     DebugLog::write(kLogFile, "No Filename given, cancelling operation");
     return {};
   }
-  const std::string path = reportPath(chosen);
-  if (isSameFile(appState().glView->surface().measurement().path, path)) {
-    tell("The report may not take the place of the open measurement.");
-    return {};
-  }
-  return fileExists(path) && !confirmReplace(path) ? std::string() : path;
+  return reportPath(chosen);
 }
 
 }  // namespace
@@ -89,9 +85,7 @@ void writePdfReport(Fl_Widget* /*widget*/, long /*action*/) {
     report.drawPicture(captureView().jpeg, page.picture);
     const std::string path = chooseReportPath();
     if (!path.empty()) {
-      const std::string reason = report.save(path);
-      reason.empty() ? tellUser("Report saved: " + path)
-                     : tell("The report could not be saved: " + reason);
+      save({"report", path, [&] { return report.save(path); }, tell});
     }
   }
   DebugLog::write(kLogFile,
