@@ -13,6 +13,7 @@
 #include "ui/call_soon.h"
 #include "ui/draw_pending.h"
 #include "ui/wrapped_text.h"
+#include "widgets/styles.h"
 
 namespace morvane {
 namespace {
@@ -20,15 +21,8 @@ namespace {
 // Not the main window's own, so that a list of windows tells them apart.
 constexpr const char* kBoxTitle = "Morvane Reader";
 
-/// `text` as the toolkit's boxes show it unchanged: their sign for a symbol is doubled.
-std::string plain(const std::string& text) {
-  std::string masked;
-  for (const char c : text) {
-    if (c == '@') masked += c;
-    masked += c;
-  }
-  return masked;
-}
+/// `text` as the toolkit's boxes show it unchanged.
+std::string plain(const std::string& text) { return labelText(text, "@"); }
 
 /// Makes the toolkit's message box ready for `text`, as a box of the main window over the middle of
 /// that, and returns the text in lines that keep it there.

@@ -15,9 +15,9 @@
 #include "ui/view_controls.h"
 #include "ui/view_layout.h"
 #include "ui/window_geometry.h"
-#include "widgets/button_box.h"
 #include "widgets/look.h"
 #include "widgets/number_input.h"
+#include "widgets/styles.h"
 
 namespace morvane {
 namespace {
@@ -105,9 +105,7 @@ void addLogo(const LogoEntry& entry) {
 void addButton(const ButtonEntry& entry) {
   auto* button = entry.toggles ? new Fl_Toggle_Button(entry.x, entry.y, entry.w, entry.h)
                                : new Fl_Button(entry.x, entry.y, entry.w, entry.h);
-  button->box(buttonBox());
-  button->down_box(buttonBox());
-  button->color(kBlack, kBlack);
+  styleButton(*button);
   button->image(loadImage("Icons", entry.icon));
   button->tooltip(entry.tooltip);
   button->callback(entry.callback, entry.userData);
@@ -141,9 +139,7 @@ void addScaleControls(AppState& app) {
 void addInput(const InputEntry& entry) {
   auto* input = new NumberInput(0, entry.y, 80, 40);
   input->value(entry.text);
-  input->color(kBlack);
-  input->textcolor(kWhite);
-  input->cursor_color(kWhite);
+  styleInput(*input);
   input->tooltip(entry.tooltip);
   input->when(FL_WHEN_CHANGED);
   input->callback(applyLimits, kLimitsTyped);

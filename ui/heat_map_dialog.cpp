@@ -11,6 +11,7 @@
 #include "widgets/button_box.h"
 #include "widgets/look.h"
 #include "widgets/number_input.h"
+#include "widgets/styles.h"
 
 namespace morvane {
 namespace {
@@ -37,19 +38,13 @@ class HeatMapDialog : public Fl_Double_Window {
  private:
   static Fl_Float_Input* addInput(int y, const char* label) {
     auto* input = new NumberInput(120, y, 150, 30, label);
-    input->color(kBlack);
-    input->textcolor(kWhite);
-    input->cursor_color(kWhite);
-    input->labelcolor(kWhite);
+    styleInput(*input);
     return input;
   }
 
   void addButton(int x, const char* label, Fl_Callback* action) {
     auto* button = new Fl_Button(x, 110, 80, 35, label);
-    button->box(buttonBox());
-    button->down_box(buttonBox());
-    button->color(kBlack, kBlack);
-    button->labelcolor(kWhite);
+    styleButton(*button);
     button->callback(action, this);
   }
 

@@ -24,6 +24,7 @@
 #include "ui/results_panel.h"
 #include "ui/view_controls.h"
 #include "ui/view_layout.h"
+#include "widgets/styles.h"
 
 namespace morvane {
 namespace {
@@ -141,16 +142,6 @@ void onBitmapItem(Fl_Widget* /*widget*/, void* index) {
   selectBitmap(static_cast<long>(reinterpret_cast<fl_intptr_t>(index)));
 }
 
-/// A file name as a menu label: what the toolkit would take for a sign of its own is masked.
-std::string menuText(const std::string& name) {
-  std::string text;
-  for (const char c : name) {
-    if (c == '&' || c == '@') text += c;
-    text += c;
-  }
-  return text;
-}
-
 }  // namespace
 
 void buildMenu() {
@@ -186,7 +177,7 @@ void addBitmapItem(const std::string& name, long index, bool chosen) {
       menu->add((kBitmapMenu + std::to_string(index)).c_str(), 0, onBitmapItem,
                 // NOLINTNEXTLINE(performance-no-int-to-ptr): the toolkit's way to hand on a number
                 reinterpret_cast<void*>(static_cast<fl_intptr_t>(index)), FL_MENU_RADIO);
-  menu->replace(item, menuText(name).c_str());
+  menu->replace(item, labelText(name, "&@").c_str());
   if (!chosen) return;
   // Kept: two items may be marked, though they are radio items.
   menu->mode(item, menu->mode(item) | FL_MENU_VALUE);

@@ -12,6 +12,7 @@
 #include "base/debug_log.h"
 #include "widgets/button_box.h"
 #include "widgets/look.h"
+#include "widgets/styles.h"
 
 namespace morvane {
 namespace {
@@ -41,10 +42,7 @@ class QuitDialog : public Fl_Double_Window {
  private:
   static void addButton(int x, const char* label, Fl_Callback* action) {
     auto* button = new Fl_Button(x, 60, 80, 30, label);
-    button->box(buttonBox());
-    button->down_box(buttonBox());
-    button->color(kBlack, kBlack);
-    button->labelcolor(kWhite);
+    styleButton(*button);
     button->callback(action);
   }
 
