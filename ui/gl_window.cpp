@@ -132,8 +132,10 @@ void GLWindow::draw() {
     Scene::drawNothing();
     return;
   }
+  if (showKept()) return;
   const FrameReport frame =
       scene_.draw(shown_, tools_, camera_, options_, {w(), h(), pixel_w(), pixel_h()});
+  keepFrame();
   if (!frame.trouble.empty()) reportTrouble(frame.trouble);
   if (!frame.meshBuilt) return;
   if (!frame.notShown.empty() && onNotShown) {

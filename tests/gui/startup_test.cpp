@@ -208,6 +208,11 @@ TEST(Open, IsSaidBeforeItBegins) {
     }) == 430 * 55;
   };
   program.mainWindow().awaitPicture("the view alone", sky);
+  const auto frames = [](const std::vector<std::string>& lines) {
+    return std::count_if(lines.begin(), lines.end(),
+                         [](const std::string& line) { return line.starts_with(kFrameDrawn); });
+  };
+  EXPECT_EQ(frames(program.lines()), 1) << "what comes and goes over the view costs no frame";
 }
 
 TEST(Open, AMissingFileIsNoReasonToStop) {
