@@ -20,11 +20,19 @@ constexpr float kLabelGap = 0.05F;   // between the surface and the labels besid
 constexpr float kHeightGap = 0.2F;   // between the surface and the labels of its heights
 constexpr float kLetterGap = 0.01F;  // between a label and a line
 
-constexpr float kTextUnit = kAxisTextScale * kTextToModel;  // model units per unit of text
-constexpr float kRim = 5.0F * kTextUnit;                    // around a label
-constexpr float kDescent = 11.0F * kTextUnit + kRim;        // below the baseline
-constexpr float kAscent = 36.0F * kTextUnit + kRim;         // above it
-constexpr float kLine = kAscent + kDescent;
+// Units of text.
+constexpr float kRim = 5.0F;              // around a label
+constexpr float kDescent = 11.0F + kRim;  // below the baseline
+constexpr float kAscent = 36.0F + kRim;   // above it
+
+/// The distance of two lines of text that touch, model units.
+float lineOf(const AxisLabel& label) { return (kAscent + kDescent) * label.scale * kTextToModel; }
+
+/// How much larger than usual labels are, so that in a low view the first picture can be read.
+float growth(int height) {
+  constexpr float kLeastHeight = 650.0F;  // pixels of a view in which they can be as they are
+  return std::max(1.0F, kLeastHeight / static_cast<float>(std::max(height, 1)));
+}
 
 // How far the search for a free place goes from a label's own.
 constexpr float kStepOut = 0.01F;
@@ -116,8 +124,8 @@ class FreePlaces {
     const auto tip = onScreen(lines.top);
     const auto foot = onScreen(lines.bottom);
     const auto start = onScreen(bottom.place);
-    const auto lineUp = onScreen(bottom.place + glm::vec3(0.0F, kLine, 0.0F));
-    const auto lineRight = onScreen(bottom.place + glm::vec3(kLine, 0.0F, 0.0F));
+    const auto lineUp = onScreen(bottom.place + glm::vec3(0.0F, lineOf(bottom), 0.0F));
+    const auto lineRight = onScreen(bottom.place + glm::vec3(lineOf(bottom), 0.0F, 0.0F));
     if (!tip || !foot || !start || !lineUp || !lineRight) return false;
     const glm::vec2 up = *lineUp - *start;
     const glm::vec2 right = *lineRight - *start;
@@ -154,7 +162,7 @@ class FreePlaces {
     for (const float lines : kLines) {
       for (int step = 0; step < steps; ++step) {
         AxisLabel moved = label;
-        moved.place += glm::vec3(-kStepOut * static_cast<float>(step), lines * kLine, 0.0F);
+        moved.place += glm::vec3(-kStepOut * static_cast<float>(step), lines * lineOf(label), 0.0F);
         if (!fits(moved)) continue;
         label = moved;
         return;
@@ -183,10 +191,11 @@ AxisLines axisLines(const AxesRange& range) {
 }
 
 std::array<glm::vec3, 4> cornersOf(const AxisLabel& label, const TextWidth& textWidth) {
-  const float right = textWidth(label.text, kAxisTextScale) * kTextToModel + kRim;
-  const auto corner = [&](float x, float y) { return label.place + glm::vec3(x, y, 0.0F); };
-  return {corner(-kRim, -kDescent), corner(right, -kDescent), corner(right, kAscent),
-          corner(-kRim, kAscent)};
+  const float unit = label.scale * kTextToModel;
+  const float right = textWidth(label.text, label.scale) * kTextToModel + kRim * unit;
+  const auto corner = [&](float x, float y) { return label.place + glm::vec3(x, y * unit, 0.0F); };
+  return {corner(-kRim * unit, -kDescent), corner(right, -kDescent), corner(right, kAscent),
+          corner(-kRim * unit, kAscent)};
 }
 
 std::array<AxisLabel, 7> axisLabels(const AxesRange& range, const glm::mat4& toClip, int width,
@@ -197,18 +206,21 @@ std::array<AxisLabel, 7> axisLabels(const AxesRange& range, const glm::mat4& toC
   const float y = static_cast<float>(header.height) / kPointsPerUnit;
   const auto length = [](double millimetres) { return shownText(millimetres, 2) + "mm"; };
   const AxisLines lines = axisLines(range);
+  const float scale = AxisLabel{}.scale * growth(height);
+  const float gap = kLabelGap * growth(height);
   // Long ones stand further out, so that they end before the lines.
   const auto heightLabel = [&](float micrometres, float z) -> AxisLabel {
     std::string text = shownText(micrometres, 2) + "µm";
-    const float textEnd = textWidth(text, kAxisTextScale) * kTextToModel;
-    return {std::move(text), {std::min(-kHeightGap, -kLineGap - kLetterGap - textEnd), 0.0F, z}};
+    const float textEnd = textWidth(text, scale) * kTextToModel;
+    const float left = std::min(-kHeightGap, -kLineGap - kLetterGap - textEnd);
+    return {std::move(text), {left, 0.0F, z}, scale};
   };
   Labels labels = {{
-      {"X", {x / 2, -kLabelGap, 0}},
-      {"Y", {-kLabelGap, y / 2, 0}},
-      {"Z", {-kHeightGap, y, 0}},
-      {length(header.width * header.pixelSizeX), {x, -kLabelGap, 0}},
-      {length(header.height * header.pixelSizeY), {-kLabelGap, y, 0}},
+      {"X", {x / 2, -gap, 0}, scale},
+      {"Y", {-gap, y / 2, 0}, scale},
+      {"Z", {-kHeightGap, y, 0}, scale},
+      {length(header.width * header.pixelSizeX), {x, -gap, 0}, scale},
+      {length(header.height * header.pixelSizeY), {-gap, y, 0}, scale},
       heightLabel(range.bottom, lines.bottom.z),
       heightLabel(range.top, lines.top.z),
   }};

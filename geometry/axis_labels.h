@@ -33,14 +33,14 @@ struct AxisLines {
 };
 AxisLines axisLines(const AxesRange& range);
 
-/// Text units to model units, and the scale that labels are drawn at.
+/// Text units to model units.
 inline constexpr float kTextToModel = 0.001F;
-inline constexpr float kAxisTextScale = 0.8F;
 
 /// A text that lies in a plane of one height, its baseline along x.
 struct AxisLabel {
   std::string text;
   glm::vec3 place{0.0F};  ///< where the baseline starts
+  float scale = 0.8F;     ///< that it is drawn at; more where it would be too small to read
 };
 
 /// Names, lengths and heights, the bottom height and the top height last, as they stand in a window

@@ -67,7 +67,7 @@ void Axes::drawLabels(const ViewMatrices& matrices, const AxesRange& range, int 
        axisLabels(range, toClip, width, height, textWidth, std::move(taken))) {
     const glm::mat4 plane =
         glm::scale(glm::translate(toClip, label.place), glm::vec3(kTextToModel));
-    text.drawInSpace(label.text, plane, kAxisTextScale, kLabelColour);
+    text.drawInSpace(label.text, plane, label.scale, kLabelColour);
   }
 }
 

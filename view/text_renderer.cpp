@@ -21,7 +21,7 @@ namespace morvane {
 namespace {
 
 constexpr auto kPixelSize = static_cast<FT_UInt>(kGlyphHeight);
-constexpr int kRim = 6;     // pixels of the face; at the size of the labels one and a half
+constexpr int kRim = 8;     // pixels of the face; two of the screen at the size of the labels
 constexpr int kBorder = 8;  // texels; a pixel of the smallest text that is read covers as many
 constexpr std::size_t kFloatsPerQuad = std::size_t{6} * 4;
 
