@@ -49,7 +49,20 @@ GLWindow::GLWindow(int x, int y, int w, int h, const char* label)
   shown_.onChange = [this] {
     redraw();
     profiler_->redraw();
+    if (!glReady_) measureSoon();
   };
+  shown_.onMeasured = [this] {
+    tools_.follow(shown_);
+    if (onMeasured) onMeasured();
+  };
+}
+
+void GLWindow::measureSoon() {
+  const Fl_Timeout_Handler measure = [](void* view) {
+    (void)static_cast<GLWindow*>(view)->shown_.measured();
+  };
+  Fl::remove_timeout(measure, this);
+  Fl::add_timeout(0.0, measure, this);
 }
 
 void GLWindow::setExeFolder(const std::string& folder) {

@@ -53,6 +53,8 @@ class GLWindow : public GlPane {
   std::function<void(const std::string&)> onTrouble;
   /// Told why a measurement that is open cannot be shown. Called while a frame is drawn.
   std::function<void(const std::string&)> onNotShown;
+  /// Called when limits or scale have been brought up to date.
+  std::function<void()> onMeasured;
   /// Called when a frame is about to be drawn.
   std::function<void()> onDraw;
 
@@ -60,6 +62,8 @@ class GLWindow : public GlPane {
   void draw() override;
 
  private:
+  /// Brings the numbers up to date where no frame will.
+  void measureSoon();
   void initialiseGlew();
   void reportTrouble(const std::string& reason);
 

@@ -131,7 +131,7 @@ GLWindow* makeView(AppState& app) {
   view->setExeFolder(app.exeFolder);
   view->onTrouble = [](const std::string& text) { callSoon(tellUser, text); };
   view->onNotShown = showAlertSoon;
-  view->surface().onMeasured = showMeasured;
+  view->onMeasured = showMeasured;
   view->onDraw = [] { appState().statusLine->release(); };
   return view;
 }

@@ -20,12 +20,16 @@ void Tools::setGridMode(bool on) {
   release();
 }
 
-void Tools::draw(ShownSurface& shown, const ViewMatrices& matrices) {
-  if (!pickWorld_) pickWorld_ = std::make_unique<PickWorld>();
-  pickWorld_->setMatrices(matrices);
+void Tools::follow(ShownSurface& shown) {
   const HeightGrid& grid = *shown.measured().shown();
   profile_.setSurface(profileSurface(shown));
   gridTool_.setGrid({grid.width(), grid.height()});
+}
+
+void Tools::draw(ShownSurface& shown, const ViewMatrices& matrices) {
+  if (!pickWorld_) pickWorld_ = std::make_unique<PickWorld>();
+  pickWorld_->setMatrices(matrices);
+  follow(shown);
   if (profileMode_ || gridMode_) {
     if (!pinRenderer_.generated()) pinRenderer_.generate();
     if (!lineRenderer_.generated()) lineRenderer_.generate();

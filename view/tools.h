@@ -31,6 +31,8 @@ class Tools {
   [[nodiscard]] bool gridMode() const { return gridMode_; }
   [[nodiscard]] const GridTool& gridTool() const { return gridTool_; }
 
+  /// Takes the size and heights of the surface on show; pins of a larger one come inside.
+  void follow(ShownSurface& shown);
   /// Draws the tools that are on over the surface that `matrices` place, and makes them what a
   /// press can grab. Needs a current GL context.
   void draw(ShownSurface& shown, const ViewMatrices& matrices);
