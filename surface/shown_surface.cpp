@@ -106,11 +106,17 @@ const SurfaceModel& ShownSurface::measured() {
 
 std::string ShownSurface::alterations() {
   const SurfaceModel& model = measured();
-  std::string words = model.shown() == model.raw() ? std::string() : filterWords_;
-  if (model.crop.on) {
-    if (!words.empty()) words += " · ";
-    words +=
-        "Limits " + shownText(model.crop.min, 2) + " to " + shownText(model.crop.max, 2) + " µm";
+  std::string words;
+  const auto add = [&words](const std::string& alteration) {
+    words += (words.empty() ? "" : " · ") + alteration;
+  };
+  const auto range = [](float low, float high) {
+    return shownText(low, 2) + " to " + shownText(high, 2) + " µm";
+  };
+  if (model.shown() != model.raw()) add(filterWords_);
+  if (model.crop.on) add("Limits " + range(model.crop.min, model.crop.max));
+  if (const auto& scale = model.globalScale) {
+    add("Colours " + range(scale->lower(), scale->upper()));
   }
   return words;
 }

@@ -72,13 +72,14 @@ void Tools::drawGrid(ShownSurface& shown, const ViewMatrices& matrices) {
   if (!pickWorld_->contains(ToolKind::kGrid)) {
     for (Pin& corner : gridTool_.corners()) pickWorld_->addObject(corner, ToolKind::kGrid);
   }
-  for (const Pin& corner : gridTool_.corners()) pinRenderer_.drawPin(matrices, corner);
-  pinRenderer_.drawTranslucent(matrices, gridTool_.box());
   const DrawnHeights heights = drawnHeights(shown);
   if (cellCount(heights.grid) > 0) {
     const GridSize grid = {heights.grid.width(), heights.grid.height()};
     lineRenderer_.draw(matrices, regionOutline(heights, regionBetween(gridTool_.places(), grid)));
   }
+  // Over the outline, which would hide the thin corners of a small grid.
+  for (const Pin& corner : gridTool_.corners()) pinRenderer_.drawPin(matrices, corner);
+  pinRenderer_.drawTranslucent(matrices, gridTool_.box());
   pickWorld_->refresh(ToolKind::kGrid);
 }
 

@@ -61,12 +61,14 @@ TEST_F(Shown, AnotherMeasurementStartsAnewButKeepsFilterAndColourSource) {
   shown_.setCrop({.on = true, .min = -0.1F, .max = 0.1F});
   shown_.setFilterEnabled(true);
   shown_.setFiltered(roughGrid(6, 5), "Low pass 0.80 mm");
-  EXPECT_EQ(shown_.alterations(), "Low pass 0.80 mm · Limits -0.10 to 0.10 µm");
+  shown_.setGlobalScale(HeatMapScale(-1.0F, 2.0F, Beyond::kNearerEnd));
+  EXPECT_EQ(shown_.alterations(),
+            "Low pass 0.80 mm · Limits -0.10 to 0.10 µm · Colours -1.00 to 2.00 µm");
   Measurement next;
   next.grid = roughGrid(6, 5);
   shown_.show(next);
   EXPECT_EQ(shown_.zScale(), automatic_);
-  EXPECT_EQ(shown_.alterations(), "");
+  EXPECT_EQ(shown_.alterations(), "Colours -1.00 to 2.00 µm");
   EXPECT_EQ(shown_.measured().shown(), next.grid);
   EXPECT_TRUE(shown_.filterEnabled());
 }
