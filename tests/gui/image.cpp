@@ -55,23 +55,6 @@ Image Image::part(const Area& area) const {
   return {area.w, area.h, std::move(pixels)};
 }
 
-Rgb Image::mean() const {
-  std::int64_t r = 0;
-  std::int64_t g = 0;
-  std::int64_t b = 0;
-  const std::int64_t pixels = count([&](const Rgb& colour) {
-    r += colour.r;
-    g += colour.g;
-    b += colour.b;
-    return true;
-  });
-  if (pixels == 0) throw std::out_of_range("the mean of no pixels");
-  const auto share = [&](std::int64_t sum) {
-    return static_cast<int>((sum + pixels / 2) / pixels);
-  };
-  return {share(r), share(g), share(b)};
-}
-
 void Image::savePng(const std::string& path) const {
   std::vector<std::uint8_t> bytes;
   for (const std::uint32_t pixel : pixels_) {

@@ -13,6 +13,7 @@ struct Point {
 };
 struct Area {
   int x = 0, y = 0, w = 0, h = 0;
+  friend bool operator==(const Area&, const Area&) = default;
 };
 
 /// A colour as the screen shows it, 0 to 255.
@@ -41,10 +42,9 @@ class Image {
 
   [[nodiscard]] int width() const { return width_; }
   [[nodiscard]] int height() const { return height_; }
-  /// Throws std::out_of_range beside the picture, as the next two do.
+  /// Throws std::out_of_range beside the picture, as `part` does.
   [[nodiscard]] Rgb at(Point point) const;
   [[nodiscard]] Image part(const Area& area) const;
-  [[nodiscard]] Rgb mean() const;
 
   /// How many pixels fulfil `predicate(Rgb)`.
   template <class Predicate>
