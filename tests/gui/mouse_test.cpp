@@ -177,17 +177,18 @@ TEST_F(Mouse, GrabsTheNearerOfTwoPinsInLine) {
   });
 }
 
-TEST_F(Mouse, KeepsBothPicturesThroughResizingAndFiftySwitches) {
+TEST_F(Mouse, KeepsBothPicturesThroughResizingAndManySwitches) {
   open(60, 60);
-  const auto switchTimes = [this](int times) {
-    for (int i = 0; i < times; ++i) window().click(i % 2 == 0 ? kProfile : kProfileOff);
-  };
-  switchTimes(20);
-  const long before = program_->residentKilobytes();
-  switchTimes(30);
-  const Image after =
-      await("the start view without pins", [this](const Image& p) { return sameView(p); });
-  EXPECT_LT(program_->residentKilobytes() - before, 60'000);
+  // The driver fills pools of its own during the first fifty or so; what leaks, never ends to.
+  constexpr long kLevel = 4000;  // kB; ten buffers of the section's window are more
+  long grown = kLevel;
+  for (int round = 0; round < 10 && grown >= kLevel; ++round) {
+    const long before = program_->residentKilobytes();
+    for (int i = 0; i < 20; ++i) window().click(i % 2 == 0 ? kProfile : kProfileOff);
+    grown = program_->residentKilobytes() - before;
+  }
+  EXPECT_LT(grown, kLevel);
+  await("the start view without pins", [this](const Image& p) { return sameView(p); });
 
   window().click(kProfile);
   await("the plot", [](const Image& p) { return p.part(kPlot).count(isCurve) > 200; });
