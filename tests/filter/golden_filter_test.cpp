@@ -4,7 +4,6 @@
 #include <algorithm>
 #include <cmath>
 #include <map>
-#include <numbers>
 #include <sstream>
 
 #include "filter/band_filter.h"
@@ -132,49 +131,6 @@ TEST(GoldenWeights, FillTheGridsOfLowAndHighPass) {
     ++compared;
   }
   EXPECT_GE(compared, 2);
-}
-
-/// What one wave of a filtered impulse at the first point has kept.
-double kept(const std::vector<double>& heights, std::size_t nx, std::size_t row, std::size_t k) {
-  double sum = 0.0;
-  const std::size_t ny = heights.size() / nx;
-  for (std::size_t i = 0; i < heights.size(); ++i) {
-    const std::size_t x = i % nx;
-    const std::size_t y = i / nx;
-    const double turns = static_cast<double>(k * x) / static_cast<double>(nx) +
-                         static_cast<double>(row * y) / static_cast<double>(ny);
-    sum += heights[i] * std::cos(2.0 * std::numbers::pi * turns);
-  }
-  return sum;
-}
-
-// An impulse holds every wave alike, so its filtered spectrum shows the weights that were applied.
-TEST(GoldenWeights, ActOnEveryWave) {
-  int compared = 0;
-  for (const WeightTable& table : weightTables()) {
-    const auto nx = static_cast<std::size_t>(table.nx);
-    const auto ny = static_cast<std::size_t>(table.ny);
-    const std::size_t columns = spectrumColumns(table.nx);
-    std::vector<double> heights(nx * ny);
-    std::vector<double> result(nx * ny);
-    heights[0] = 1.0;
-    const auto type = table.type == "hpf"   ? FilterType::kHighPass
-                      : table.type == "lpf" ? FilterType::kLowPass
-                                            : FilterType::kBandPass;
-    ASSERT_TRUE(filterGrid(heights, result, table.nx, table.ny, table.l1, table.l1, table.l2,
-                           table.l2, table.pixelX, table.pixelY, type));
-    for (std::size_t i = 0; i < table.weights.size(); ++i) {
-      const std::size_t row = i / columns;
-      const std::size_t k = i % columns;
-      // A real wave in column 0 or in the middle one lies in two rows and takes what both let pass.
-      const bool twice = k == 0 || 2 * k == nx;
-      const double other = table.weights[twice ? (ny - row) % ny * columns + k : i];
-      EXPECT_NEAR(kept(result, nx, row, k), (table.weights[i] + other) / 2.0, kWeightTolerance)
-          << table.type << " row " << row << " column " << k;
-    }
-    ++compared;
-  }
-  EXPECT_GE(compared, 3);
 }
 
 class WorkingFolder {

@@ -1,6 +1,7 @@
 // The labels of the axes as they are read on the screen.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <glm/geometric.hpp>
 #include <string>
 #include <vector>
@@ -23,30 +24,23 @@ float monospaced(std::string_view text, float scale) {
 /// Corners on the screen in pixels, y down; two for a line.
 using Shape = std::vector<glm::vec2>;
 
-/// Whether `point` lies in `shape`, clearly.
-bool contains(const Shape& shape, const glm::vec2& point) {
-  if (shape.size() < 3) return false;
-  for (std::size_t i = 0; i < shape.size(); ++i) {
-    const glm::vec2 side = shape[(i + 1) % shape.size()] - shape[i];
-    const glm::vec2 way = point - shape[i];
-    constexpr float kTouch = 0.1F;  // pixels
-    if (side.y * way.x - side.x * way.y < kTouch * glm::length(side)) return false;
-  }
-  return true;
-}
-
-/// Whether the outline of one comes into the other.
+/// Whether two shapes without dents overlap clearly: no line across a side of either has them on
+/// its two sides.
 bool meet(const Shape& a, const Shape& b) {
-  for (const auto& [outline, shape] : {std::pair{&a, &b}, {&b, &a}}) {
-    for (std::size_t i = 0; i < outline->size(); ++i) {
-      for (float part = 0.0F; part <= 1.0F; part += 0.005F) {
-        const glm::vec2 point =
-            glm::mix((*outline)[i], (*outline)[(i + 1) % outline->size()], part);
-        if (contains(*shape, point)) return true;
-      }
+  for (const Shape* shape : {&a, &b}) {
+    for (std::size_t i = 0; i < shape->size(); ++i) {
+      const glm::vec2 side = (*shape)[(i + 1) % shape->size()] - (*shape)[i];
+      const glm::vec2 across = glm::normalize(glm::vec2(side.y, -side.x));
+      const auto ends = [&](const Shape& points) {
+        std::vector<float> far;
+        for (const glm::vec2& point : points) far.push_back(glm::dot(across, point));
+        return std::ranges::minmax(far);
+      };
+      constexpr float kTouch = 0.1F;  // pixels
+      if (ends(a).max < ends(b).min + kTouch || ends(b).max < ends(a).min + kTouch) return false;
     }
   }
-  return false;
+  return true;
 }
 
 class AxisLabels : public testing::Test {

@@ -74,21 +74,6 @@ TEST(Camera, TurnsOnlyBetweenPressAndRelease) {
   EXPECT_EQ(camera.rotation, kept);
 }
 
-TEST(Camera, ZoomsAndPansTheRightWay) {
-  Camera camera;
-  zoomByDrag(camera, 0.0F);
-  EXPECT_EQ(camera.distance, 3.0F);
-  zoomByDrag(camera, 4.0F);
-  zoomByWheel(camera, 1);
-  EXPECT_GT(camera.distance, 3.2F);
-  zoomByDrag(camera, -4.0F);
-  zoomByWheel(camera, 0);
-  zoomByWheel(camera, -1);
-  EXPECT_LT(camera.distance, 3.0F);
-  panByPixels(camera, {50.0F, 20.0F});
-  EXPECT_EQ(camera.pan, glm::vec2(0.05F, -0.02F));
-}
-
 TEST(Camera, DrawsHeightsFarFromZeroAboutIt) {
   // At the automatic scale a height of 1 is a hundredth of a model unit; half the side is 0.2.
   constexpr float kAutomatic = 0.01F / kHeightToModel;

@@ -1,4 +1,4 @@
-// Saving copies, leaving the program, and opening one file after another.
+// Saving copies, leaving the program, and opening another file.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -42,18 +42,15 @@ class Copy : public testing::Test {
 };
 
 TEST_F(Copy, IsByteForByteAndAlwaysGetsItsExtension) {
+  program_.mainWindow().key({"ctrl+s"});
+  program_.window("Save Copy as").key({"Return"});
+  program_.awaitLine("destination: " + folder() + "/Untitled.res");  // the name that is offered
   save("x.res");
   program_.awaitLine("destination: " + folder() + "/x.res.res");
   program_.awaitLine("source: " + panel());
   EXPECT_EQ(program_.quit(), 0);
   EXPECT_TRUE(contentOf(folder() + "/x.res.res") == contentOf(panel()));
   EXPECT_THAT(program_.lines(), Contains("CANNOT ACCESS: " + folder()));
-}
-
-TEST_F(Copy, IsOfferedANameInTheFolderForSavedFiles) {
-  program_.mainWindow().key({"ctrl+s"});
-  program_.window("Save Copy as").key({"Return"});
-  program_.awaitLine("destination: " + folder() + "/Untitled.res");
 }
 
 TEST_F(Copy, CancelledOrRefusedWritesNothing) {
@@ -134,22 +131,6 @@ TEST(SecondFile, RebuildsTheMenu) {
   program.mainWindow().awaitPicture("no bitmap menu", [&](const Image& picture) {
     return picture.part(bitmapMenu).count(lit) == 0;
   });
-}
-
-TEST(Memory, ReturnsToItsLevelOverManyOpens) {
-  Program program({panel()});
-  program.awaitLine(kFrameDrawn);
-  const std::string small = golden::file("small_odd_rows/measurement.res").string();
-  long tenth = 0;
-  constexpr int kOpens = 60;
-  for (int i = 1; i <= kOpens; ++i) {
-    program.mainWindow().key({"ctrl+o"});
-    program.answerChooser(i % 2 == 0 ? panel() : small);
-    program.awaitLine("Updating Res File...");
-    program.awaitLine(kFrameDrawn);
-    if (i == 10) tenth = program.residentKilobytes();
-  }
-  EXPECT_LT(static_cast<double>(program.residentKilobytes()), 1.05 * static_cast<double>(tenth));
 }
 
 }  // namespace

@@ -3,16 +3,16 @@
 
 #include <sys/types.h>
 
+#include <array>
 #include <chrono>
-#include <condition_variable>
 #include <functional>
-#include <mutex>
 #include <optional>
 #include <stdexcept>
 #include <string>
 #include <string_view>
-#include <thread>
 #include <vector>
+
+#include "tests/support/temporary_folder.h"
 
 namespace morvane::gui {
 
@@ -56,22 +56,12 @@ class Process {
   [[nodiscard]] bool running();
 
  private:
-  struct Output {
-    int descriptor = -1;
-    std::vector<std::string> lines;
-    std::size_t searched = 0;
-    bool ended = false;
-    std::thread reader;
-  };
+  [[nodiscard]] std::string fileOf(Stream stream) const;
 
-  void collect(Output& output);
-  [[nodiscard]] const Output& of(Stream stream) const;
-
+  TemporaryFolder folder_;  // with a file for each stream
   pid_t id_ = -1;
   std::optional<int> status_;
-  mutable std::mutex mutex_;
-  std::condition_variable changed_;
-  Output output_, errors_;
+  std::array<std::size_t, 2> searched_{};  // lines of each
 };
 
 /// Runs a program to its end; throws with what it said when it fails.

@@ -51,30 +51,6 @@ TEST_F(HostileFile, IsNotReadForAReason) {
   EXPECT_EQ(file_.trouble(), "No such file or directory");
 }
 
-TEST_F(HostileFile, SurvivesEveryHeaderByteAtItsExtremes) {
-  for (const std::int32_t version : {2, 3, 4}) {
-    const std::vector<std::byte> whole = encodeMeasurement(smallContent(version));
-    for (std::size_t offset = 0; offset < kHeaderBytes; ++offset) {
-      for (const int value : {0, 127, 128, 255}) {
-        std::vector<std::byte> bytes = whole;
-        bytes[offset] = static_cast<std::byte>(value);
-        if (opens(bytes)) {
-          EXPECT_EQ(file_.grid()->count(), file_.pointCount());
-        }
-      }
-    }
-    for (const std::size_t offset : {0U, 4U, 8U, 20U, 172U, 176U}) {
-      for (const std::int32_t value : {kLeast, -1, 0, 1, kMost}) {
-        std::vector<std::byte> bytes = whole;
-        writeLe(bytes.data() + offset, value);
-        if (opens(bytes)) {
-          EXPECT_EQ(file_.grid()->count(), file_.pointCount());
-        }
-      }
-    }
-  }
-}
-
 TEST_F(HostileFile, TextLengthsAreCutToTheirFields) {
   for (int length = -128; length < 128; ++length) {
     MeasurementContent content = smallContent(4);
