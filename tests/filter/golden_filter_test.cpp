@@ -106,14 +106,8 @@ std::vector<WeightTable> weightTables() {
     }
     const auto value = [&](std::size_t i) { return std::stof(words[i]); };
     EXPECT_TRUE(words[1] == "bpf" || words[5] == "0") << line;
-    tables.push_back({words[1],
-                      std::stoi(words[2]),
-                      std::stoi(words[3]),
-                      value(4),
-                      value(5),
-                      value(6),
-                      value(7),
-                      {}});
+    tables.push_back({words[1], std::stoi(words[2]), std::stoi(words[3]), value(4), value(5),
+                      value(6), value(7), std::vector<double>()});
   }
   return tables;
 }
@@ -133,28 +127,19 @@ TEST(GoldenWeights, FillTheGridsOfLowAndHighPass) {
   EXPECT_GE(compared, 2);
 }
 
-class WorkingFolder {
- public:
-  WorkingFolder() { fs::current_path(folder_.path()); }
-  ~WorkingFolder() { fs::current_path(before_); }
-  WorkingFolder(const WorkingFolder&) = delete;
-  WorkingFolder& operator=(const WorkingFolder&) = delete;
-
- private:
-  fs::path before_ = fs::current_path();
-  TemporaryFolder folder_;
-};
-
 TEST(GoldenWeights, AreWrittenAsATable) {
   const auto expected = golden::lines(golden::file("weights/fg_export_9_7.txt"));
   EXPECT_EQ(expected[0], "nx 9 ny 7 cut 0.3 0.3 pixel 0.1 0.2");
-  const WorkingFolder folder;
+  const TemporaryFolder folder;
+  const fs::path before = fs::current_path();
+  fs::current_path(folder.path());
   std::vector<double> weights(35);
   ASSERT_EQ(exportGaussianWeights(weights, 9, 7, 0.3F, 0.3F, 0.1F, 0.2F), "");
   const auto written = golden::lines("fg_export.csv");
   EXPECT_TRUE(std::equal(written.begin(), written.end(), expected.begin() + 1, expected.end()))
       << contentOf("fg_export.csv");
   EXPECT_NE(exportGaussianWeights(weights, 9, 8, 0.3F, 0.3F, 0.1F, 0.2F), "");
+  fs::current_path(before);
 }
 
 }  // namespace

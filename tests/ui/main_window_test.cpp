@@ -127,7 +127,7 @@ TEST(OpenMutants, AreRefusedOrShownAndTheLastGoodOneStays) {
   const TemporaryFolder folder;
   std::mt19937 random(1);  // NOLINT(bugprone-random-generator-seed): the same files every time
   const char* wanted = std::getenv("MORVANE_MUTANTS");
-  const std::size_t count = wanted != nullptr ? std::strtoul(wanted, nullptr, 10) : 400;
+  const std::size_t count = wanted != nullptr ? std::strtoul(wanted, nullptr, 10) : 240;
   std::size_t opened = 0;
   double settled = 0.0;
   for (std::size_t i = 0; i < count; ++i) {
