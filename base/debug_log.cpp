@@ -9,7 +9,7 @@
 namespace morvane {
 namespace {
 
-/// Writes as much of `text` as there is room for; returns the number of bytes.
+/// Writes as much of `text` as fits without blocking. Returns the number of bytes.
 std::size_t writePieces(std::string_view text) {
   std::size_t written = 0;
   while (written < text.size()) {
@@ -46,7 +46,8 @@ class LogBuffer : public std::streambuf {
     line_.clear();
   }
 
-  /// Whether `text` is written, if only in part: its rest is then written before anything else.
+  /// Writes `text` if any of it fits, and returns whether it did. After a partial write the rest is
+  /// written before anything else.
   bool take(std::string_view text) {
     rest_.erase(0, writePieces(rest_));
     if (!rest_.empty()) return false;

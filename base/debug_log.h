@@ -6,16 +6,16 @@
 
 namespace morvane {
 
-/// The stream of the log, for the GUI thread alone. A line is written when it ends. Whoever reads
-/// the log cannot hold the program up: a line for which there is no room is left out as a whole,
-/// and a line that says how many were precedes the next one that is written.
+/// The stream of the log. Use it on the GUI thread only. It is line-buffered and never blocks: when
+/// the pipe or terminal is full, whole lines are dropped. A line with the number of dropped lines
+/// then precedes the next one that is written.
 std::ostream& logStream();
 
-/// The log as some parts of the program call it. Kept: callers name a file, as each part once had a
-/// log file of its own; everything goes to the one log and the name is ignored.
+/// A second way to write to the log. Kept: callers name a log file, but the name is ignored and
+/// everything goes to the one log.
 class DebugLog {
  public:
-  /// Writes `text` as a line; a line end of its own is not doubled.
+  /// Writes `text` as a line. Adds a newline unless `text` ends with one.
   static void write(std::string_view file, std::string_view text);
 };
 

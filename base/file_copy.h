@@ -6,8 +6,8 @@
 namespace morvane {
 
 /// Copies `source` to `destination`, which appears only when it is complete. An empty source path
-/// gives an empty file. Empty on success, else the system's reason; then the destination is as it
-/// was before.
+/// gives an empty file. Returns an empty text on success. On failure it returns the system's error
+/// message and leaves the destination unchanged.
 [[nodiscard]] std::string copyFile(const std::string& source, const std::string& destination);
 
 }  // namespace morvane

@@ -1,4 +1,5 @@
-// Opening, replacing and removing files by UTF-8 path: the one edge to the system's file names.
+// Opening, replacing and removing files by UTF-8 path. Only this file calls the system with file
+// names.
 #pragma once
 
 #include <cstdint>
@@ -13,46 +14,48 @@ struct FileCloser {
 };
 using FilePtr = std::unique_ptr<std::FILE, FileCloser>;
 
-/// Opens a regular file for binary reading. Null with `errno` set when it cannot be had; folders,
-/// pipes and devices are refused too, since reading one could wait for ever.
+/// Opens a regular file for binary reading. Returns null with `errno` set on failure. Folders,
+/// pipes and devices are refused, since reading one could block for ever.
 FilePtr openForReading(const std::string& path);
 
-/// How many bytes an open file has; 0 when the system does not say.
+/// The size of an open file in bytes; 0 when the system cannot tell.
 std::uint64_t lengthOf(std::FILE* file);
 
-/// Creates a file for binary writing that is to be `path`, which must not exist. Where the system
-/// can, it has no name until `giveName`, and goes with the program if that is killed. Null with
-/// `errno` set on failure.
+/// Creates a file for binary writing that becomes `path`, which must not exist. Where the system
+/// supports it (`O_TMPFILE`) the file has no name until `giveName`, so it vanishes if the program
+/// is killed. Returns null with `errno` set on failure.
 FilePtr createForWriting(const std::string& path);
 
-/// Whether a file made by `createForWriting` has its name by now.
+/// Whether a file made by `createForWriting` has a name already.
 bool hasName(std::FILE* file);
 
-/// Gives it its name, the same `path`, if it has none yet. False with `errno` set on failure.
+/// Gives such a file its name, the same `path`, if it has none yet. False with `errno` set on
+/// failure.
 bool giveName(std::FILE* file, const std::string& path);
 
-/// Whether there is anything under the name `path`.
+/// Whether a file or folder `path` exists.
 bool fileExists(const std::string& path);
 
-/// Whether both names lead to one existing file, through links too.
+/// Whether both paths lead to the same existing file. Links are followed.
 bool isSameFile(const std::string& a, const std::string& b);
 
-/// Puts `from` in the place of `to` in one step; both lie in one folder. False with `errno` set.
+/// Replaces `to` by `from` atomically; both are in the same folder. False with `errno` set on
+/// failure.
 bool replaceFile(const std::string& from, const std::string& to);
 
-/// Removes `path` if it is there.
+/// Removes `path` if it exists.
 void removeFile(const std::string& path);
 
-/// The number of this process.
+/// The id of this process.
 long ownProcess();
 
-/// What this machine is called; processes of others have numbers of their own.
+/// The host name. Process ids are only comparable on one host.
 std::string ownMachine();
 
-/// Whether there is a process of this number.
+/// Whether a process with this id is running.
 bool isRunning(long process);
 
-/// Forces what was written to `file` onto the disk. False with `errno` set on failure.
+/// Flushes `file` to the disk (fsync). False with `errno` set on failure.
 bool syncFile(std::FILE* file);
 
 }  // namespace morvane

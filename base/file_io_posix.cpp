@@ -18,7 +18,7 @@ constexpr const char* kOwnFiles = "/proc/self/fd/";
 }  // namespace
 
 FilePtr openForReading(const std::string& path) {
-  // Without O_NONBLOCK the open itself would wait for a writer when the path is a pipe.
+  // Without O_NONBLOCK, opening a named pipe would block until there is a writer.
   const int descriptor = ::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
   if (descriptor < 0) return nullptr;
   struct stat status {};
@@ -40,7 +40,7 @@ std::uint64_t lengthOf(std::FILE* file) {
 FilePtr createForWriting(const std::string& path) {
   const std::string prefix = folderPrefix(path);
   const std::string folder = prefix.empty() ? "." : prefix;
-  // A file without a name gets one by way of /proc.
+  // An unnamed file is given its name through /proc/self/fd.
   const bool possible = ::access(kOwnFiles, X_OK) == 0;
   const int file = possible ? ::open(folder.c_str(), O_TMPFILE | O_WRONLY | O_CLOEXEC, 0666) : -1;
   if (file >= 0) return FilePtr(::fdopen(file, "wb"));
@@ -68,7 +68,7 @@ bool isSameFile(const std::string& a, const std::string& b) {
 }
 
 bool replaceFile(const std::string& from, const std::string& to) {
-  // A rename asks the folder alone; who has protected the file itself wants to keep it.
+  // rename checks the permissions of the folder only. A write-protected file must not be replaced.
   if (fileExists(to) && ::faccessat(AT_FDCWD, to.c_str(), W_OK, AT_EACCESS) != 0) return false;
   return std::rename(from.c_str(), to.c_str()) == 0;
 }

@@ -47,7 +47,7 @@ constexpr ErrorPair kErrors[] = {
     {ERROR_OUTOFMEMORY, ENOMEM},
 };
 
-/// The C library's number for an error of the system, so that the reason reads the same everywhere.
+/// The `errno` value for a Windows error code, so that error messages are the same on every system.
 int errnoOf(DWORD systemError) {
   const auto* pair = std::find_if(std::begin(kErrors), std::end(kErrors),
                                   [=](const ErrorPair& p) { return p.system == systemError; });
@@ -89,7 +89,7 @@ bool isSameFile(const std::string& a, const std::string& b) {
 
 bool replaceFile(const std::string& from, const std::string& to) {
   const std::wstring target = wide(to);
-  // Not every file system that can be met here asks for this itself.
+  // Not every file system refuses to replace a read-only file.
   const DWORD attributes = GetFileAttributesW(target.c_str());
   if (attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY) != 0) {
     errno = EACCES;
@@ -108,7 +108,7 @@ void removeFile(const std::string& path) { _wunlink(wide(path).c_str()); }
 long ownProcess() { return static_cast<long>(GetCurrentProcessId()); }
 
 std::string ownMachine() {
-  // Such names have no letters beyond ASCII.
+  // NetBIOS computer names are ASCII only.
   std::array<char, MAX_COMPUTERNAME_LENGTH + 1> name{};
   auto length = static_cast<DWORD>(name.size());
   return GetComputerNameA(name.data(), &length) != 0 ? name.data() : "";

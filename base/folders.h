@@ -6,20 +6,22 @@
 
 namespace morvane {
 
-/// Where saved copies of measurements go.
+/// The folder for saved copies of measurements.
 std::string savedFilesFolder();
 
-/// Where pictures of the screen go, with a separator behind it.
+/// The folder for screenshots, with a trailing separator.
 std::string screenshotsFolder();
 
-/// The user's documents; the profile folder where there are none.
+/// The user's documents folder, or the profile folder if there is none.
 std::string documentsFolder();
 
-/// The whole path of the folder that the file `path` lies in; a bare name's is the current folder.
+/// The absolute path of the folder that contains the file `path`. For a bare name that is the
+/// current folder.
 std::string absoluteFolderOf(const std::string& path);
 
-/// Makes sure that `folder` (UTF-8) exists, with all its parents, and writes to `log` how it stood
-/// and, where it had to be made, whether that succeeded. False when there is no such folder then.
+/// Creates `folder` (UTF-8) and its parents where they are missing. Writes to `log` whether it
+/// existed and, if not, whether it could be created. False when the folder does not exist
+/// afterwards.
 bool makeFolder(const std::string& folder, std::ostream& log);
 
 }  // namespace morvane

@@ -10,7 +10,7 @@ namespace morvane {
 static_assert(std::endian::native == std::endian::little,
               "records are copied as they stand; a big-endian machine would need a swap here");
 
-/// The value of type `T` that starts at `bytes`; no alignment is needed.
+/// Reads a value of type `T` at `bytes`, which need not be aligned.
 template <typename T>
 T readLe(const std::byte* bytes) {
   T value;
@@ -18,7 +18,7 @@ T readLe(const std::byte* bytes) {
   return value;
 }
 
-/// Puts `value` at `bytes`; no alignment is needed.
+/// Writes `value` at `bytes`, which need not be aligned.
 template <typename T>
 void writeLe(std::byte* bytes, T value) {
   std::memcpy(bytes, &value, sizeof value);

@@ -21,7 +21,7 @@ void adviseHugePages(void* address, std::size_t bytes) {
   const std::uintptr_t begin = (first + kHugePage - 1) & ~(kHugePage - 1);
   const std::uintptr_t end = (first + bytes) & ~(kHugePage - 1);
   if (end > begin) {
-    // A refusal only costs speed, so the result is of no interest.
+    // A failure only costs speed, so the result is ignored.
     (void)madvise(static_cast<std::byte*>(address) + (begin - first), end - begin, MADV_HUGEPAGE);
   }
 }
@@ -48,7 +48,7 @@ bool fitsIntoMemory(std::uint64_t bytes) {
     kilobytes += value;
     known = known || name == "MemAvailable:";
   }
-  // An eighth is left to whatever else runs.
+  // An eighth of the available memory is left to other programs.
   return !known || bytes / 1024 <= kilobytes / 8 * 7;
 }
 

@@ -33,14 +33,14 @@ namespace {
 
 struct Leading {
   double number = 0.0;
-  std::string_view rest;  ///< what stands behind it; the whole text when there is none
+  std::string_view rest;  ///< what follows it; the whole text when there is none
 };
 
 Leading parsed(std::string_view text) {
   const std::string_view whole = text;
   text.remove_prefix(std::min(text.find_first_not_of(" \t"), text.size()));
   const std::size_t sign = text.starts_with('+') || text.starts_with('-') ? 1 : 0;
-  // Words such as "nan" and "inf" are no decimal numbers.
+  // "nan" and "inf" do not count as numbers.
   if (text.find_first_of("0123456789.", sign) != sign) return {0.0, whole};
   if (text.starts_with('+')) text.remove_prefix(1);
   double value = 0.0;

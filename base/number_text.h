@@ -6,22 +6,22 @@
 
 namespace morvane {
 
-/// `value` in fixed-point notation with `decimals` decimals (at most 80), whatever the locale;
-/// values that are not finite as the words the standard library has for them.
+/// `value` in fixed-point notation with `decimals` decimals (at most 80), independent of the
+/// locale. NaN and infinity are written as the standard library does.
 std::string fixedText(double value, int decimals);
 
-/// The same for the eye: a number that rounds to zero has no sign.
+/// The same for display: a number that rounds to zero has no sign.
 std::string shownText(double value, int decimals);
 
 /// `number`, a decimal number as text, without its sign if it reads as zero.
 std::string unsignedZero(std::string number);
 
-/// The longest leading part of `text` that reads as a decimal number; 0 when there is none,
-/// infinite beyond the range of the type.
+/// The value of the longest prefix of `text` that is a decimal number. 0 when there is none,
+/// infinity beyond the range of the type.
 double leadingNumber(std::string_view text);
 float leadingFloat(std::string_view text);
 
-/// Whether `text` is such a number from end to end, blanks around it apart.
+/// Whether all of `text` is such a number; blanks around it are ignored.
 bool isNumber(std::string_view text);
 
 }  // namespace morvane

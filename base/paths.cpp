@@ -6,7 +6,7 @@
 namespace morvane {
 namespace {
 
-/// `text` with each "%" and two hexadecimal digits turned into the byte they stand for.
+/// `text` with its percent-encoding (`%20`) decoded.
 std::string decoded(std::string_view text) {
   std::string bytes;
   for (; !text.empty(); text.remove_prefix(1)) {
@@ -29,10 +29,10 @@ std::string pathOfLink(std::string_view dropped) {
   constexpr std::string_view kScheme = "file://";
   std::string_view first = dropped.substr(0, dropped.find_first_of("\r\n"));
   if (!first.starts_with(kScheme)) return std::string(first);
-  // What stands before the path is this machine's name, or nothing.
+  // Skips the host name before the path, if there is one.
   first.remove_prefix(kScheme.size());
   first.remove_prefix(std::min(first.find('/'), first.size()));
-  // "/C:/a.res" is "C:/a.res".
+  // Windows: "/C:/a.res" stands for "C:/a.res".
   if (kPathSeparator == '\\' && first.size() > 2 && first[2] == ':') first.remove_prefix(1);
   return decoded(first);
 }

@@ -20,7 +20,7 @@ std::string userProfileFolder() {
   if (!profile.empty()) return profile;
   std::string home = environmentText("HOME");
   if (!home.empty()) return home;
-  // A start from a bare environment: what the system itself knows.
+  // Neither variable is set: ask the user database.
   const passwd* user = getpwuid(getuid());
   return user != nullptr ? user->pw_dir : "";
 }

@@ -3,7 +3,7 @@
 
 namespace morvane {
 
-/// Measured from the top left corner of what holds it.
+/// Relative to the top left corner of its container.
 struct PixelArea {
   int x = 0;
   int y = 0;

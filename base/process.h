@@ -1,4 +1,4 @@
-// What the system hands to the program: its command line and its standard streams.
+// The command line and the standard streams.
 #pragma once
 
 #include <cstddef>
@@ -8,17 +8,18 @@
 
 namespace morvane {
 
-/// The words of the command line in UTF-8, first the program's own path as it was given. `main`'s
-/// own arguments are taken where the system has no better ones.
+/// The arguments of the command line in UTF-8, starting with the program's path as it was given. On
+/// Windows they come from the wide command line, elsewhere from `main`.
 std::vector<std::string> commandLine(int argc, char** argv);
 
-/// Makes the standard streams safe to use. One that the starter closed leads to the null device, so
-/// that nothing opened later gets its number. A reader that reads no further can neither end the
-/// program nor, except on Windows, make it wait. Call first of all.
+/// Makes the standard streams safe to use. A stream that is closed at start is opened on the null
+/// device, so that no file opened later gets its descriptor. A reader that closes its pipe cannot
+/// end the program. Except on Windows, a reader that stops reading cannot block it either. Call
+/// this first.
 void openStandardStreams();
 
-/// Writes the first bytes of `text` to standard output and returns how many. 0 when there is no
-/// room now (a full pipe, a stopped terminal) or on any error.
+/// Writes the first bytes of `text` to standard output without blocking and returns how many. 0
+/// when there is no room now (a full pipe, a stopped terminal) or on an error.
 std::size_t writeOutput(std::string_view text);
 
 }  // namespace morvane

@@ -17,13 +17,13 @@ namespace {
 
 void fillClosedStreams() {
   for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
-    // A new descriptor gets the lowest free number, which is this one.
+    // `open` returns the lowest free descriptor, which is this one.
     if (::fcntl(stream, F_GETFD) < 0) (void)::open("/dev/null", O_RDWR);
   }
 }
 
-/// Opens a pipe or terminal anew, so that writing to it never waits. The flag for that on what the
-/// starter handed over would be set for every process that shares it.
+/// Reopens a pipe or terminal in non-blocking mode. Setting O_NONBLOCK on the inherited descriptor
+/// would change it for every process that shares it.
 void neverWaitFor(int stream) {
   struct stat status {};
   const bool isPipe = ::fstat(stream, &status) == 0 && S_ISFIFO(status.st_mode);
@@ -42,8 +42,8 @@ std::vector<std::string> commandLine(int argc, char** argv) { return {argv, argv
 void openStandardStreams() {
   fillClosedStreams();
   for (const int stream : {STDOUT_FILENO, STDERR_FILENO}) neverWaitFor(stream);
-  // A reader that has gone, a file that may not grow, a terminal that stops what runs in the
-  // background: each is an error of one write then.
+  // A closed pipe, a file size limit and a terminal that stops background output then only make a
+  // single write fail.
   for (const int signal : {SIGPIPE, SIGXFSZ, SIGTTOU}) std::signal(signal, SIG_IGN);
   std::setvbuf(stdout, nullptr, _IOLBF, BUFSIZ);
 }
@@ -52,7 +52,7 @@ std::size_t writeOutput(std::string_view text) {
   const std::size_t length = std::min<std::size_t>(text.size(), PIPE_BUF);
   ssize_t written = ::send(STDOUT_FILENO, text.data(), length, MSG_DONTWAIT);
   if (written < 0 && errno == ENOTSOCK) {
-    // A pipe that could not be opened anew takes this much without waiting when it is ready.
+    // A pipe that could not be reopened accepts PIPE_BUF bytes without blocking once it is ready.
     pollfd output{STDOUT_FILENO, POLLOUT, 0};
     if (::poll(&output, 1, 0) == 1) written = ::write(STDOUT_FILENO, text.data(), length);
   }

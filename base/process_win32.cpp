@@ -1,6 +1,6 @@
 #include <windows.h>
 
-// shellapi.h needs what stands above.
+// shellapi.h needs the declarations of windows.h.
 #include <shellapi.h>
 
 #include <cstdio>
@@ -17,8 +17,8 @@ struct LocalMemory {
   void operator()(wchar_t** words) const { LocalFree(words); }
 };
 
-/// Whether a stream leads to a file, a pipe or a console. A program of the graphical subsystem is
-/// given none of them when it is started from a console or the desktop.
+/// Whether a stream is connected to a file, a pipe or a console. A program of the GUI subsystem
+/// that is started from a console or the desktop has no connected streams.
 bool isConnected(DWORD stream) {
   HANDLE handle = GetStdHandle(stream);
   return handle != nullptr && handle != INVALID_HANDLE_VALUE &&
@@ -27,16 +27,16 @@ bool isConnected(DWORD stream) {
 
 UINT codePageBefore = 0;
 
-/// Leads the streams that lead nowhere to the console of whoever started the program, if any.
+/// Connects unconnected streams to the console of the parent process, if it has one.
 void borrowConsole() {
   const bool hasOutput = isConnected(STD_OUTPUT_HANDLE);
   const bool hasErrors = isConnected(STD_ERROR_HANDLE);
   if (hasOutput && hasErrors) return;
-  // Access is denied to who is in the console already.
+  // ERROR_ACCESS_DENIED means that the process is attached to a console already.
   if (AttachConsole(ATTACH_PARENT_PROCESS) == 0 && GetLastError() != ERROR_ACCESS_DENIED) return;
   if (!hasOutput) (void)std::freopen("CONOUT$", "w", stdout);
   if (!hasErrors) (void)std::freopen("CONOUT$", "w", stderr);
-  // The console outlives the program and keeps what is set there.
+  // The console outlives the program, so its code page is restored at exit.
   codePageBefore = GetConsoleOutputCP();
   if (SetConsoleOutputCP(CP_UTF8) != 0) std::atexit([] { SetConsoleOutputCP(codePageBefore); });
 }
@@ -54,7 +54,7 @@ std::vector<std::string> commandLine(int argc, char** argv) {
 
 void openStandardStreams() {
   borrowConsole();
-  // The system's C library knows no line buffering: it would keep the lines until there are many.
+  // The Windows C library has no line buffering: it would hold lines back until its buffer is full.
   std::setvbuf(stdout, nullptr, _IONBF, 0);
 }
 

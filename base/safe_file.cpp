@@ -15,10 +15,12 @@ namespace {
 
 constexpr std::string_view kEnding = ".part";
 
-/// What all names begin with that are given on this machine: a folder may be shared with others.
+/// The prefix of temporary names. It holds the host name, since the folder may be on a network
+/// share.
 std::string prefix() { return ".morvane-" + ownMachine() + '-'; }
 
-/// A short name in the folder of `path` that nothing has yet and only this process gives.
+/// An unused short name in the folder of `path`. It holds the process id, so no other process uses
+/// it.
 std::string temporaryNameBeside(const std::string& path) {
   const std::string base = folderPrefix(path) + prefix() + std::to_string(ownProcess());
   for (int number = 1;; ++number) {
@@ -28,7 +30,7 @@ std::string temporaryNameBeside(const std::string& path) {
   }
 }
 
-/// The process of this machine that gave a temporary name; 0 for any other name.
+/// The id of the process on this host that made the temporary file `name`; 0 for any other file.
 long giverOf(std::string_view name) {
   const std::string start = prefix();
   if (!name.starts_with(start) || !name.ends_with(kEnding)) return 0;

@@ -8,20 +8,21 @@
 
 namespace morvane {
 
-/// Writes to a temporary name beside the target and puts it in the target's place on `commit()`.
-/// Without a commit, or when any step failed, the target is as it was before and nothing is left.
+/// Writes a temporary file beside the target, which replaces the target on `commit()`. Without a
+/// commit, or when any step fails, the target is unchanged and the temporary file is removed.
 class SafeFile {
  public:
-  /// Starts writing for `target` (UTF-8 path). A failure shows at `commit()`.
+  /// Starts writing for `target` (UTF-8 path). A failure is reported by `commit()`.
   explicit SafeFile(std::string target);
   ~SafeFile();
   SafeFile(const SafeFile&) = delete;
   SafeFile& operator=(const SafeFile&) = delete;
 
-  /// Appends `bytes` bytes; after a failure further calls do nothing.
+  /// Appends `bytes` bytes. After a failure it does nothing.
   void write(const void* data, std::size_t bytes);
 
-  /// Finishes the file under the target's name. Empty on success, else the system's reason.
+  /// Completes the file and gives it the target's name. Returns an empty text on success, else the
+  /// system's error message.
   [[nodiscard]] std::string commit();
 
  private:
@@ -34,7 +35,7 @@ class SafeFile {
   std::string reason_;
 };
 
-/// Removes from `folder` (UTF-8) what `SafeFile`s of programs that have been killed left there.
+/// Removes temporary files from `folder` (UTF-8) that processes left there when they were killed.
 void removeAbandoned(const std::string& folder);
 
 }  // namespace morvane
