@@ -36,13 +36,13 @@ BitmapHeader decode(const std::byte* bytes) {
   return header;
 }
 
-/// The padding of a row of 8-bit pixels.
+/// The padding of a row of 8-bit pixels, in bytes.
 std::uint32_t paddingOf(std::int32_t width) {
   constexpr std::array<std::uint32_t, 4> kPadding = {0, 3, 2, 1};
   return kPadding[static_cast<std::uint32_t>(width) % 4];
 }
 
-/// Reads rows one after the other until all are there or the file ends.
+/// Reads rows of `row` bytes until all are read or the file ends.
 void readRows(std::FILE* file, std::span<std::uint8_t> pixels, std::size_t row, long padding) {
   while (!pixels.empty()) {
     if (std::fread(pixels.data(), 1, row, file) != row) return;

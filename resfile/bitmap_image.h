@@ -1,4 +1,4 @@
-// Windows bitmaps as the program reads them: header, and pixel rows without their padding.
+// Reads Windows bitmaps: the header, and the pixel rows without their padding.
 #pragma once
 
 #include <cstddef>
@@ -10,7 +10,7 @@
 
 namespace morvane {
 
-/// The file and information header of a bitmap, field by field as it stands in the file.
+/// The file header and information header of a bitmap, in the order of the file.
 struct BitmapHeader {
   std::uint16_t signature = 0;
   std::uint32_t fileSize = 0;
@@ -29,22 +29,22 @@ struct BitmapHeader {
   std::uint32_t importantColours = 0;
 };
 
-/// One object is refilled by each read.
+/// Each read replaces the content of the object.
 class BitmapImage {
  public:
   /// Writes its diagnostics to `log`, which must outlive the object.
   explicit BitmapImage(std::ostream& log) : log_(&log) {}
 
   /// Reads the bitmap `path` (UTF-8) of 8 or 24 bits per pixel and returns the bits per pixel. A
-  /// file that cannot be opened leaves what was read before. A wrong signature is logged and
-  /// ignored; of another depth, or with sizes that cannot be true, only the header is taken. What
-  /// the file lacks at its end reads as zero. Kept: rows of 24 bits are taken to be padded like
-  /// rows of 8, so those of an odd width come out shifted.
+  /// file that cannot be opened leaves the previous content. A wrong signature is logged and
+  /// ignored. With another depth, or impossible sizes, only the header is read. Pixels missing at
+  /// the end of the file are zero. Kept: 24-bit rows are assumed to be padded like 8-bit rows, so
+  /// rows of an odd width come out shifted.
   std::int16_t readBitmap(const std::string& path);
 
   [[nodiscard]] const BitmapHeader& header() const { return header_; }
-  /// width × height pixels, bottom row first, one grey byte or blue, green, red; empty when the
-  /// last bitmap gave none.
+  /// width × height pixels, bottom row first: one grey byte each, or blue, green, red. Empty when
+  /// the last read found no pixels.
   [[nodiscard]] std::span<const std::uint8_t> pixels() const { return pixels_; }
   [[nodiscard]] std::size_t bytesPerPixel() const { return header_.bitsPerPixel == 24 ? 3 : 1; }
 

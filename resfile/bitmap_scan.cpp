@@ -18,7 +18,7 @@ bool isBitmapName(std::string_view name) {
 }  // namespace
 
 BitmapFolder scanBitmaps(const std::string& resPath, std::ostream& log) {
-  // Listed with its separator: without one a disk's top folder would be another, or none.
+  // The trailing separator is needed for root folders: "C:" is not "C:\", and "" is not "/".
   std::string listed = folderPrefix(resPath);
   if (listed.empty()) listed = std::string(".") + kPathSeparator;
   BitmapFolder found{listed.substr(0, listed.size() - 1), {}};

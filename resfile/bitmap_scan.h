@@ -1,4 +1,4 @@
-// The bitmaps that lie beside a measurement.
+// Lists the bitmaps in the folder of a measurement.
 #pragma once
 
 #include <iosfwd>
@@ -12,9 +12,9 @@ struct BitmapFolder {
   std::vector<std::string> names;  ///< bitmaps in it, in listing order
 };
 
-/// Lists the files whose name holds ".bmp" four characters before its end (kept: upper case does
-/// not count) in the folder of the measurement `resPath`; a bare name lies in the current folder.
-/// UTF-8 throughout. Writes folder and names to `log`.
+/// Lists the files in the folder of the measurement `resPath` whose names end in ".bmp". Kept:
+/// ".BMP" does not count. A bare name means the current folder. All texts are UTF-8. Writes the
+/// folder and the names to `log`.
 BitmapFolder scanBitmaps(const std::string& resPath, std::ostream& log);
 
 }  // namespace morvane

@@ -46,8 +46,8 @@ constexpr TextField kText1 = {"headerText1 length", 72, 15};
 constexpr TextField kText2 = {"headerText2 length", 92, 15};
 constexpr TextField kText3 = {"headerText3 length", 108, 63};
 
-/// Copies the characters of a text (up to a zero among them, the rest of the length zero-filled)
-/// and returns how many the length byte announces, cut to the field.
+/// Copies a text up to its first zero and fills the rest of the length with zeros. Returns the
+/// length that the length byte announces, at most the field's.
 template <std::size_t N>
 std::size_t takeText(const std::byte* bytes, const TextField& field, std::array<char, N>& target,
                      std::ostream& log) {
@@ -66,7 +66,7 @@ std::size_t takeText(const std::byte* bytes, const TextField& field, std::array<
 
 void takeTexts(const std::byte* bytes, ResHeader& header, std::ostream& log) {
   header.headerText1[takeText(bytes, kText1, header.headerText1, log)] = '\0';
-  // Kept: the zero that should end headerText2 lands in headerText3's field, so a shorter data
+  // Kept: the zero that should terminate headerText2 is written to headerText3. So a short data
   // type shows the tail of an earlier, longer one.
   header.headerText3[takeText(bytes, kText2, header.headerText2, log)] = '\0';
   header.headerText3[takeText(bytes, kText3, header.headerText3, log)] = '\0';

@@ -15,7 +15,7 @@ std::shared_ptr<HeightGrid> HeightGrid::zeroed(std::int64_t width, std::int64_t 
     return nullptr;
   }
   const auto count = static_cast<std::size_t>(width * height);
-  // calloc, so that a short file that announces a huge grid never touches the pages it lacks.
+  // calloc: when a short file announces a huge grid, the pages without data are never touched.
   auto* memory = static_cast<double*>(std::calloc(count > 0 ? count : 1, sizeof(double)));
   if (memory == nullptr) return nullptr;
   adviseHugePages(memory, count * sizeof(double));

@@ -11,18 +11,18 @@
 
 namespace morvane {
 
-/// True for a missing point: a height that is not finite in the single precision of the picture.
+/// True for a missing point: NaN, infinity, or beyond the range of the float that is drawn.
 inline bool isMissing(double height) {
   return !(std::abs(height) <= double{std::numeric_limits<float>::max()});
 }
 
-/// `width` × `height` heights in row order: element (column x, row y) is number y × width + x.
-/// Heights are as the file holds them (µm where the program shows a unit). Values that
-/// `isMissing` are points the instrument could not see.
+/// `width` × `height` heights in row order: element (column x, row y) has index y × width + x.
+/// Heights are those of the file, in µm. Values for which `isMissing` holds are points that the
+/// instrument could not measure.
 class HeightGrid {
  public:
-  /// A grid of zeros whose memory costs nothing until it is written. Null when a size is negative,
-  /// the count is above 2^31 − 1, or memory cannot hold it.
+  /// A grid of zeros. Its pages take no memory until they are written. Null when a size is
+  /// negative, the count is above 2^31 − 1, or there is not enough memory.
   static std::shared_ptr<HeightGrid> zeroed(std::int64_t width, std::int64_t height);
 
   [[nodiscard]] std::size_t width() const { return width_; }

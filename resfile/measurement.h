@@ -1,4 +1,4 @@
-// One measurement as it is shown: a share of everything one read brought.
+// One measurement: everything that one read returned.
 #pragma once
 
 #include <memory>
@@ -10,13 +10,13 @@
 
 namespace morvane {
 
-/// Whoever shows, copies or reports on a measurement holds this, so that a later read that fails
-/// takes nothing from under it.
+/// The parts that show, copy or report on a measurement hold a copy of this, which shares the grid.
+/// So a later read that fails does not affect them.
 struct Measurement {
   std::string path;
   ResHeader header;
   ResResults results;
-  HeaderBytes ownHeader{};  ///< of this file
+  HeaderBytes ownHeader{};  ///< the raw header of this file
   std::shared_ptr<const HeightGrid> grid;
 };
 

@@ -36,7 +36,7 @@ std::string saveRegion(const resFile& file, const Measurement& source, const Hei
   } catch (const std::bad_alloc&) {
     return std::strerror(ENOMEM);
   }
-  // A copied header may be of another file, of an older version or of counts.
+  // `file` may hold the header of another file, and the source may have 16-bit counts.
   HeaderBytes header = source.ownHeader;
   writeLe(header.data(), kNumTypeDoubles);
   return file.writeRegion(heights, static_cast<std::int32_t>(region.width),

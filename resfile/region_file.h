@@ -1,4 +1,4 @@
-// A piece of a measurement as a measurement file of its own.
+// Saves a region of a measurement as a measurement file.
 #pragma once
 
 #include <cstddef>
@@ -20,15 +20,17 @@ struct GridRegion {
   std::size_t height = 0;
 };
 
-/// The heights of `region` of `grid`, in row order; the region must lie inside.
+/// The heights of `region` of `grid`, in row order. The region must lie inside the grid.
 std::vector<double> cutHeights(const HeightGrid& grid, const GridRegion& region);
 
-/// Whether `name` may name a region: letters, digits, blank, `-`, `_` and `.`, not blank alone.
+/// Whether `name` is a valid region name: letters, digits, blanks, `-`, `_` and `.`, and not only
+/// blanks.
 bool isRegionName(std::string_view name);
 
-/// Writes `region` of `grid` to `path` through `file.writeRegion`, with the header of `source`, the
-/// measurement on show, put right for doubles: the file opens again with the same heights, texts
-/// and results. Empty on success, else the system's reason; then `path` is as it was.
+/// Writes `region` of `grid` to `path` through `file.writeRegion`. The header is that of `source`,
+/// the measurement shown, with the element type changed to doubles. So the file opens with the same
+/// heights, texts and results. Returns an empty text on success. On failure it returns the system's
+/// error message and leaves `path` unchanged.
 [[nodiscard]] std::string saveRegion(const resFile& file, const Measurement& source,
                                      const HeightGrid& grid, const GridRegion& region,
                                      const std::string& path);

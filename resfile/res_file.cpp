@@ -18,20 +18,20 @@
 namespace morvane {
 namespace {
 
-/// Reads up to `bytes` bytes and returns how many there were.
+/// Reads up to `bytes` bytes and returns how many were read.
 std::uint64_t readUpTo(std::FILE* file, void* target, std::size_t bytes) {
   return bytes == 0 ? 0 : std::fread(target, 1, bytes, file);
 }
 
-/// Reads doubles into `heights`; returns the bytes taken from the file. Of a number that is cut off
-/// nothing is kept: a part of its bytes would be another number.
+/// Reads doubles into `heights` and returns the number of bytes read. A truncated last number is
+/// set to 0, since some of its bytes would make a different number.
 std::uint64_t readDoubles(std::FILE* file, std::span<double> heights) {
   const std::uint64_t got = readUpTo(file, heights.data(), heights.size_bytes());
   if (got % sizeof(double) != 0) heights[got / sizeof(double)] = 0.0;
   return got;
 }
 
-/// Reads 16-bit counts into `heights`, each times `scale`; returns the bytes taken from the file.
+/// Reads 16-bit counts, times `scale`, into `heights` and returns the number of bytes read.
 std::uint64_t readCounts(std::FILE* file, double scale, std::span<double> heights) {
   std::vector<std::byte> piece(std::size_t{1} << 18);
   std::uint64_t total = 0;
@@ -48,7 +48,7 @@ std::uint64_t readCounts(std::FILE* file, double scale, std::span<double> height
   return total;
 }
 
-/// How much of the grid's memory a file of `length` bytes makes the system find.
+/// How many bytes of the grid a file of `length` bytes fills.
 std::uint64_t bytesToFill(const HeightGrid& grid, std::int32_t numType, std::uint64_t length) {
   const std::uint64_t growth = numType == kNumTypeCounts16 ? 4 : 1;  // 16 bits become 64
   return std::min(std::uint64_t{grid.count()} * sizeof(double), length * growth);
@@ -77,7 +77,7 @@ void resFile::read() {
           << "  err " << systemReason_ << " \n";
     return;
   }
-  // The grid goes straight into its buffer; a second buffer in between would only cost a copy.
+  // The grid is read straight into its memory; a stdio buffer would only cost a copy.
   std::setvbuf(file.get(), nullptr, _IONBF, 0);
   std::int32_t version = 0;
   const HeaderBytes bytes = readHeader(file.get(), version);
@@ -138,7 +138,8 @@ bool resFile::isValid() const {
 }
 
 bool resFile::hasItsLength() const {
-  // Judged by the sizes, not by the grid: after a failed open these are the previous file's.
+  // Checks the sizes, not the grid: after a failed open the sizes are still those of the previous
+  // file.
   const std::int64_t count = std::int64_t{header_.width} * header_.height;
   if (!readable_ || header_.width < 0 || header_.height < 0 || count != pointCount_) return false;
   const auto points = static_cast<std::uint64_t>(count);

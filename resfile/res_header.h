@@ -20,19 +20,19 @@ using HeaderBytes = std::array<std::byte, kHeaderBytes>;
 inline constexpr std::int32_t kNumTypeDoubles = -7;
 inline constexpr std::int32_t kNumTypeCounts16 = -2;
 
-/// What a header says. Fields that an older version lacks keep what an earlier read put there.
+/// The header fields. Fields that an older version lacks keep the values of an earlier read.
 struct ResHeader {
   std::int32_t numType = 0;            ///< element type of the grid in the file
   std::int32_t width = 0;              ///< grid columns
   std::int32_t height = 0;             ///< grid rows
   std::int32_t headerVersion = 0;      ///< format version
-  double pixelSizeX = 0.0;             ///< distance of neighbouring columns, mm
-  double pixelSizeY = 0.0;             ///< distance of neighbouring rows, mm
-  double heightScale = 0.0;            ///< height of one count of a 16-bit grid value
+  double pixelSizeX = 0.0;             ///< pitch of the columns, mm
+  double pixelSizeY = 0.0;             ///< pitch of the rows, mm
+  double heightScale = 0.0;            ///< height of one count of a 16-bit grid value, µm
   std::array<char, 16> headerText1{};  ///< time stamp, 14 digits: year, month, day, h, min, s
   std::array<char, 16> headerText2{};  ///< data type
   std::array<char, 64> headerText3{};  ///< part name
-  float headerValue = 0.0F;            ///< carried, without a meaning here
+  float headerValue = 0.0F;            ///< stored only; not used
   std::uint32_t surfaceType = 0;       ///< 1 reflective, 2 and 3 dull, else not applicable
   std::uint32_t algorithmType = 0;     ///< which result record the file carries
 };
@@ -44,9 +44,8 @@ std::string_view fieldText(const std::array<char, N>& field) {
   return whole.substr(0, whole.find('\0'));
 }
 
-/// Decodes the 256 bytes of a header of the given `version` into `header` and `results`, in the
-/// order and with the log lines of the reader. A size or text length that cannot be true is named
-/// in the log with its value.
+/// Decodes the 256 bytes of a header of the given `version` into `header` and `results` and logs
+/// the fields. An impossible size or text length is logged with its value.
 void decodeHeader(const HeaderBytes& bytes, std::int32_t version, ResHeader& header,
                   ResResults& results, std::ostream& log);
 

@@ -13,7 +13,7 @@ namespace {
 
 constexpr int kNoValue = -1;
 
-/// One line of the read log: a label and the 32-bit word of the record that follows it.
+/// One line of the read log: a label, followed by a 32-bit word of the record.
 struct LogLine {
   std::string_view label;
   int word = kNoValue;
@@ -102,7 +102,7 @@ struct AlgorithmRecord {
   std::span<const LogLine> log;
 };
 
-// Kept: the numbers in the case lines are not the codes.
+// Kept: the numbers in the CASE lines are not the codes.
 constexpr AlgorithmRecord kRecords[] = {
     {Algorithm::kNone, takeNothing, {}},
     {Algorithm::kVexaStd, takeStandard, kStandardLog},

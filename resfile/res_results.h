@@ -36,9 +36,8 @@ struct OrangePeelBands {
   std::array<float, 12> values{};
 };
 
-/// One record of each kind. A read refreshes only the record its algorithm code selects; the
-/// others keep what an earlier file put there. Floats that no layout shows are carried all the
-/// same.
+/// One record of each kind. A read replaces only the record that its algorithm code selects; the
+/// others keep the values of earlier files. Values that no layout shows are stored too.
 struct ResResults {
   std::array<float, 16> standard{};       ///< C, S, Sq (%), W, D (mm), Q (%), ten more
   std::array<float, 4> copr{};            ///< COPR value, three more
@@ -51,12 +50,12 @@ struct ResResults {
   std::array<float, 7> ecWaveScanBands{};   ///< Sa_A … Sa_E, Sa_LW, Sa_SW (µm)
 };
 
-/// Takes the record that `algorithmType` selects from the result area of a version-4 header into
-/// `results` and writes the code's log lines to `log`. An unknown code leaves every record alone.
+/// Decodes the record that `algorithmType` selects from the result area of a version-4 header into
+/// `results`, and writes its log lines to `log`. An unknown code changes no record.
 void decodeResults(std::uint32_t algorithmType, const std::byte* resultArea, ResResults& results,
                    std::ostream& log);
 
-/// Takes the fixed values of a version-3 header (`header`: its 256 bytes) into `results`.
+/// Decodes the fixed values of a version-3 header (`header`: its 256 bytes) into `results`.
 void decodeVersion3Results(const std::byte* header, ResResults& results);
 
 }  // namespace morvane
