@@ -14,7 +14,7 @@ BitmapDrape::BitmapDrape(const BitmapImage& image, std::size_t gridWidth, std::s
 }
 
 BitmapDrape::Axis BitmapDrape::align(std::size_t points, std::size_t pixels, bool sameSize) {
-  // Windows are counted in points; a window of n points holds n − 1 cells.
+  // Ranges are given in points; n points have n − 1 cells between them.
   const auto cells = [](std::size_t first, std::size_t end) {
     return Range{first, std::max(first, end > 0 ? end - 1 : 0)};
   };

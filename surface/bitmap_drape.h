@@ -1,4 +1,4 @@
-// A bitmap laid over a grid: which cells it covers and what colour each grid point takes from it.
+// A bitmap draped over a grid: which cells it covers, and the colour of each grid point.
 #pragma once
 
 #include <cstddef>
@@ -8,9 +8,9 @@
 
 namespace morvane {
 
-/// The bitmap is centred on the grid. Where it has the grid's size in both directions the last row
-/// and column of cells stay uncovered (kept); else, in each direction, a smaller bitmap covers the
-/// points from its offset to its size less its offset (kept), and a larger one is cut.
+/// The bitmap is centred on the grid. Kept: with the grid's size in both directions, the last row
+/// and column of cells stay uncovered. Otherwise each direction counts by itself: a larger bitmap
+/// is cut. Kept: a smaller one covers the points from its offset to its size minus its offset.
 class BitmapDrape {
  public:
   /// `image` must have pixels and outlive the drape.
@@ -21,7 +21,7 @@ class BitmapDrape {
     std::size_t first = 0;
     std::size_t end = 0;
     [[nodiscard]] bool holds(std::size_t i) const { return i >= first && i < end; }
-    /// Whether point `i` lies at a cell of the range.
+    /// Whether point `i` is a corner of a cell of the range.
     [[nodiscard]] bool touches(std::size_t i) const {
       return end > first && i >= first && i <= end;
     }
@@ -34,8 +34,8 @@ class BitmapDrape {
     return rows_.cells.touches(row) && columns_.cells.touches(column);
   }
 
-  /// The colour of a grid point at a corner of a covered cell. Kept: a grey pixel is a part of 256,
-  /// a coloured one a part of 255.
+  /// The colour of a grid point at a corner of a covered cell. Kept: grey values are divided by
+  /// 256, coloured ones by 255.
   [[nodiscard]] Colour colourOf(std::size_t row, std::size_t column) const;
 
  private:

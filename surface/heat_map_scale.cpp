@@ -23,7 +23,7 @@ HeatMapScale::HeatMapScale(float lower, float upper, Beyond beyond)
           (kHeatStops[stop + 1][channel] - kHeatStops[stop][channel]) / segment_;
     }
   }
-  // A range beyond single precision in either direction colours like an empty one.
+  // A range too large or too small for a float is treated like an empty one.
   if (!std::isfinite(segment_) || !std::isfinite(1.0F / segment_)) segment_ = NAN;
 }
 

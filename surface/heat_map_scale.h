@@ -1,4 +1,4 @@
-// The six-colour height scale: what colour a height has, and the key that explains it.
+// The six-colour height scale: the colour of a height, and the colour key.
 #pragma once
 
 #include <algorithm>
@@ -20,13 +20,13 @@ inline constexpr std::array<Colour, 6> kHeatStops = {{
     {1.0F, 0.0F, 0.0F},
 }};
 
-/// The colour of whatever no rule colours: a flat mid grey.
+/// The colour of everything else: mid grey.
 inline constexpr Colour kUncoloured = {0.5F, 0.5F, 0.5F};
 
-/// What becomes of heights outside a scale's range: grey, or the colour of the nearer end.
+/// The colour of heights outside a scale's range: grey, or the colour of the nearer end.
 enum class Beyond { kGrey, kNearerEnd };
 
-/// A height range spread over the stops.
+/// Maps a height range to the stops.
 class HeatMapScale {
  public:
   HeatMapScale() = default;
@@ -36,8 +36,9 @@ class HeatMapScale {
   [[nodiscard]] float lower() const { return lower_; }
   [[nodiscard]] float upper() const { return upper_; }
 
-  /// The colour of `height`: linear between the stops; grey for a missing point and on an empty
-  /// range. Of what lies outside, `kGrey` takes the last stop up to 20 % of the range above it.
+  /// The colour of `height`, linear between the stops. Grey for a missing point and on an empty
+  /// range. With `kGrey`, heights up to 20 % of the range above the upper limit still have the
+  /// colour of the last stop.
   [[nodiscard]] Colour colourOf(float height) const {
     if (beyond_ == Beyond::kNearerEnd) {
       height = std::clamp(height, std::min(lower_, upper_), std::max(lower_, upper_));
@@ -45,7 +46,7 @@ class HeatMapScale {
     const float part = (height - lower_) / segment_;
     if (!(part >= 0.0F && part < static_cast<float>(kHeatStops.size()))) return kUncoloured;
     const auto stop = height == upper_ ? kHeatStops.size() - 1 : static_cast<std::size_t>(part);
-    // Nothing is added to the last stop, and near the largest float the sum below is endless there.
+    // Nothing is added to the last stop. Near the largest float the sum below would overflow.
     if (stop == kHeatStops.size() - 1) return kHeatStops[stop];
     const float above = height - (lower_ + static_cast<float>(stop) * segment_);
     Colour colour = kHeatStops[stop];
@@ -66,7 +67,7 @@ class HeatMapScale {
 inline constexpr std::size_t kKeyBands = kHeatStops.size() - 1;
 inline constexpr std::size_t kKeyLabels = kHeatStops.size();
 
-/// The colour key in device coordinates: five bands, red on top, two triangles each.
+/// The colour key in normalised device coordinates: five bands, red on top, two triangles each.
 struct KeyGeometry {
   std::array<float, kKeyBands * 18> positions;
   std::array<float, kKeyBands * 18> colours;
@@ -75,10 +76,10 @@ inline constexpr float kKeyCentreX = 0.75F;
 inline constexpr float kKeyWidth = 0.05F;
 inline constexpr float kKeyHeight = 1.4F;
 
-/// The key as it is uploaded.
+/// The vertices and colours of the key.
 KeyGeometry keyGeometry();
 
-/// Device y of key label `i`, counted from the top.
+/// The y (device coordinates) of key label `i`, counted from the top.
 float keyLabelY(std::size_t i);
 
 /// The numbers beside the key, top to bottom, from `max` to `min` with two decimals.

@@ -20,16 +20,16 @@ struct VectorRow {
   std::vector<float> x, y, z;
 };
 
-/// The face normals of one row of cells, with an empty cell before the first and behind the last,
-/// so that border points need no rule of their own.
+/// The face normals of one row of cells. An empty cell before the first and after the last makes
+/// border points no special case.
 struct FaceRow {
   explicit FaceRow(std::size_t cells) : lower(cells + 2), upper(cells + 2) {}
   VectorRow lower;  // triangle 1 of each cell
   VectorRow upper;  // triangle 2
 };
 
-/// What one grid row contributes to the mesh, packed x, y, z (or r, g, b) per point, with one
-/// float of room behind the last point.
+/// The mesh data of one grid row, packed x, y, z (or r, g, b) per point, with one spare float after
+/// the last point.
 struct PointRow {
   explicit PointRow(std::size_t points)
       : heights(points),
@@ -45,31 +45,31 @@ struct Vec3 {
   float x, y, z;
 };
 
-/// A point of a row as the corner of a triangle.
+/// A grid point as the corner of a triangle.
 struct Corner {
   const PointRow* row;
   std::size_t column;
   [[nodiscard]] bool isMissing() const { return std::isnan(row->heights[column]); }
-  /// Whether a face holds it: the sum of its faces then points up.
+  /// Whether it belongs to a face: then the sum of its face normals points up.
   [[nodiscard]] bool isHeld() const { return row->normals[3 * column + 2] > 0.0F; }
 };
 
-/// 1 / length of a vector of squared length `squared`; 0 for one that has no direction, being of no
-/// length, too long, or not a number. Free of branches, so that loops of it run four at a time.
+/// 1 / length of a vector of squared length `squared`. 0 when the length is 0, infinite or NaN. It
+/// has no branches, so that loops over it are vectorised.
 float inverseLength(float squared) {
   const bool known = (squared > 0.0F) & (squared <= std::numeric_limits<float>::max());
   const float inverse = 1.0F / std::sqrt(squared);
   return known ? inverse : 0.0F;
 }
 
-/// `value` × `inverse`, and 0 where the inverse is 0 even if the value is no number.
+/// `value` × `inverse`; 0 when `inverse` is 0, even if `value` is NaN.
 float scaled(float value, float inverse) {
   const float product = value * inverse;
   return inverse > 0.0F ? product : 0.0F;
 }
 
-/// A row of triangles, each with one edge along a row, whose heights are along[c] and along[c + 1],
-/// and one down a column, from top[c] to bottom[c].
+/// A row of triangles. Each has one edge along a row, with the heights along[c] and along[c + 1],
+/// and one along a column, from top[c] to bottom[c].
 struct TriangleRow {
   std::size_t count;
   const float* dx;
@@ -92,12 +92,12 @@ void crossEdges(const TriangleRow& row, float* __restrict outX, float* __restric
   }
 }
 
-/// Writes the unit normals of the triangles to `faces`, behind its empty first cell.
+/// Writes the unit normals of the triangles to `faces`, after its empty first cell.
 void crossEdges(const TriangleRow& row, VectorRow& faces) {
   crossEdges(row, faces.x.data() + 1, faces.y.data() + 1, faces.z.data() + 1);
 }
 
-/// Builds the rows of one band. Every row is computed once and handed on to the next cell row.
+/// Builds the rows of one band. Every grid row is computed once and reused for the next cell row.
 class BandBuilder {
  public:
   BandBuilder(const HeightGrid& grid, const MeshLook& look, const MeshArrays& arrays)
@@ -122,7 +122,7 @@ class BandBuilder {
   }
 
   void build(std::size_t firstRow, std::size_t endRow) {
-    // above_ and below_ are the faces on both sides of the row whose normals come next.
+    // above_ and below_ are the faces on both sides of the row whose normals are computed next.
     loadHeights(firstRow, far_);
     if (firstRow > 0) {
       loadHeights(firstRow - 1, near_);
@@ -181,8 +181,8 @@ class BandBuilder {
     target.hasMissing = missing;
   }
 
-  // The cross products of the cell's edges: triangle 1 (C − A) × (C − B), triangle 2
-  // (F − E) × (D − E), with what is zero in them left out.
+  // The cross products of the cell's edges, without the terms that are zero: triangle 1 is (C − A)
+  // × (C − B), triangle 2 is (F − E) × (D − E).
   void computeFaces(std::size_t row, const PointRow& upper, const PointRow& lower,
                     FaceRow& faces) const {
     const float dy = rowPosition(row + 1) - rowPosition(row);
@@ -238,7 +238,7 @@ class BandBuilder {
     }
   }
 
-  /// One component of the sums of the six faces around each point of a row.
+  /// Sums one component of the six face normals around each point of a row.
   void sumFaces(std::vector<float> VectorRow::*part, float* out) const {
     const float* below1 = (below_.lower.*part).data();
     const float* below2 = (below_.upper.*part).data();
@@ -264,7 +264,7 @@ class BandBuilder {
               float* out) const {
     const float* a = nearRow.data();
     const float* b = farRow.data();
-    // Each copy takes one float too many, which the next one overwrites: one store in place of two.
+    // Each copy is one float too long, which the next copy overwrites: one store instead of two.
     constexpr std::size_t kFour = 4 * sizeof(float);
     constexpr std::size_t kThree = 3 * sizeof(float);
     for (std::size_t c = 0; c < cells_; ++c, a += 3, b += 3, out += kFloatsPerCell) {
@@ -277,7 +277,7 @@ class BandBuilder {
     }
   }
 
-  /// Gives the cells that the drape leaves free their grey back, on whose border its points lie.
+  /// Makes uncovered cells grey again where they share points with covered ones.
   void uncoverCells(std::size_t row, std::size_t offset) const {
     const BitmapDrape::Range& columns = look_.drape->cellColumns();
     const bool rowCovered = look_.drape->cellRows().holds(row);
@@ -296,7 +296,7 @@ class BandBuilder {
     }
   }
 
-  /// Takes the area from a triangle with a missing corner, which starts at float `offset`.
+  /// Collapses the triangle at float `offset` if it has a missing corner.
   void collapse(const std::array<Corner, 3>& corners, std::size_t offset) const {
     if (std::none_of(corners.begin(), corners.end(), std::mem_fn(&Corner::isMissing))) return;
     const auto held = std::find_if(corners.begin(), corners.end(), std::mem_fn(&Corner::isHeld));

@@ -16,7 +16,7 @@ void ShownSurface::show(Measurement measurement) {
   measurement_ = std::move(measurement);
   ++measurementRevision_;
   model_.setRaw(measurement_.grid);
-  // Limits and a scale set for the last measurement mean nothing for this one.
+  // Limits and scale of the previous measurement do not apply to this one.
   crop_.on = false;
   scaleSource_ = ScaleSource::kAutomatic;
   bitmapPath_.clear();

@@ -1,4 +1,4 @@
-// What is on show and how: measurement, filter, limits, colours and scale, as plain data.
+// What is shown and how: measurement, filter, limits, colours and scale, as plain data.
 #pragma once
 
 #include <cstdint>
@@ -17,73 +17,75 @@ namespace morvane {
 /// Where the surface's colours come from.
 enum class ColourSource { kHeatMap, kBitmap };
 
-/// Where its vertical exaggeration comes from.
+/// Where the vertical exaggeration comes from.
 enum class ScaleSource { kAutomatic, kByHand };
 
-/// Callers set what they want shown; one call is enough for the next frame to be right. Numbers
-/// that follow from it are computed when they are first asked for.
+/// Callers only set what is to be shown; the next frame is then right. Statistics and limits are
+/// computed when they are first needed.
 class ShownSurface {
  public:
-  /// Writes its diagnostics to `log`, which must outlive it.
+  /// Writes its diagnostics to `log`, which must outlive this object.
   explicit ShownSurface(std::ostream& log);
 
-  /// Puts a measurement on show with automatic limits and scale, unfiltered until `setFiltered`
-  /// and with no bitmap chosen.
+  /// Shows a measurement with automatic limits and scale and without a bitmap. It is unfiltered
+  /// until `setFiltered`.
   void show(Measurement measurement);
-  /// The measurement on show; empty path before the first.
+  /// The measurement shown. Its path is empty before the first one.
   [[nodiscard]] const Measurement& measurement() const { return measurement_; }
-  /// Whether there is one.
+  /// Whether any measurement is shown.
   [[nodiscard]] bool modelLoaded() const { return measurementRevision_ != 0; }
 
-  /// Takes the outcome of a filter run, null for none, and the words that go with its picture.
+  /// Sets the filtered heights (null for none) and the words that describe the filter in the view.
   void setFiltered(std::shared_ptr<const HeightGrid> grid, std::string words);
-  /// Shows the filtered heights, where there are some that fit, or the raw ones.
+  /// Shows the filtered heights, if there are any of the right size, or the raw ones.
   void setFilterEnabled(bool enabled);
   [[nodiscard]] bool filterEnabled() const { return model_.useFiltered; }
 
-  /// Clamps the section's heights to `crop` at once, and those of the surface and its colours: at
-  /// once under the heat map, else with the next rebuild (kept).
+  /// Sets the limits. The section is clamped at once. The surface and its colours are rebuilt at
+  /// once under the heat map. Kept: otherwise they change with the next rebuild only.
   void setCrop(const Crop& crop);
   [[nodiscard]] const Crop& crop() const { return crop_; }
-  /// Puts the scale back to the automatic one and typed limits to the true ones, and rebuilds.
+  /// Restores the automatic scale, sets typed limits to the true ones, and rebuilds.
   void resetScaleAndLimits();
 
-  /// Colours the surface, and labels the key, by `scale`; by its own limits without one.
+  /// Colours the surface and labels the key by `scale`, or by the surface's own limits if there is
+  /// none.
   void setGlobalScale(const std::optional<HeatMapScale>& scale);
 
-  /// Chooses where colours come from. A bitmap is laid over a flat surface; without one only the
-  /// choice is kept and the picture stays until the next rebuild.
+  /// Chooses where colours come from. A bitmap is draped over a flattened surface. If no bitmap is
+  /// chosen, only the choice is stored and the picture changes with the next rebuild.
   void setColourSource(ColourSource source);
   [[nodiscard]] ColourSource colourSource() const { return colourSource_; }
-  /// The bitmap that may be draped; an empty path chooses none.
+  /// Chooses the bitmap to drape; an empty path chooses none.
   void chooseBitmap(const std::string& path);
   [[nodiscard]] bool bitmapAvailable() const { return !bitmapPath_.empty(); }
 
-  /// Puts a scale of the operator's in force until `resetScaleAndLimits` or the next measurement.
+  /// Sets a scale chosen by the operator. It holds until `resetScaleAndLimits` or the next
+  /// measurement.
   void setZScale(float zScale);
-  /// Vertical exaggeration of the surface; infinite for a flat one, which is drawn at 1.
+  /// The vertical exaggeration. It is infinite for a flat surface, which is drawn at 1.
   [[nodiscard]] float zScale();
-  /// The measurement's own scale, the base of the slider's steps.
+  /// The automatic scale, the base of the slider's steps.
   [[nodiscard]] float sliderScale() { return measured().autoScale(); }
-  /// Upper bound of the slider: a fresh file stands in its middle.
+  /// The upper bound of the slider, so that a new file starts in its middle.
   [[nodiscard]] float maxScale() { return 2.0F * sliderScale(); }
 
-  /// Statistics, limits and the grid on show, brought up to date.
+  /// Statistics, limits and the grid shown, updated if needed.
   [[nodiscard]] const SurfaceModel& measured();
-  /// What makes the picture differ from the measurement, in words; empty when nothing does.
+  /// How the picture differs from the measurement, in words; empty when it does not.
   [[nodiscard]] std::string alterations();
 
-  /// Called when limits or scale have been brought up to date.
+  /// Called when the limits and the scale have been updated.
   std::function<void()> onMeasured;
-  /// Called after every change: what is drawn may be out of date.
+  /// Called after every change: the view may need to be redrawn.
   std::function<void()> onChange;
 
-  /// Grows whenever a mesh must be built anew; 0 before the first measurement.
+  /// Grows whenever the mesh must be rebuilt; 0 before the first measurement.
   [[nodiscard]] std::uint64_t meshRevision() const { return meshRevision_; }
   /// Grows with every measurement.
   [[nodiscard]] std::uint64_t measurementRevision() const { return measurementRevision_; }
-  /// The bitmap as a mesh of the present grid needs it; none where the heat map colours it or no
-  /// bitmap can be read. Valid until the next call.
+  /// The bitmap for the mesh of the current grid. None under the heat map, or when no bitmap can be
+  /// read. Valid until the next call.
   [[nodiscard]] std::optional<BitmapDrape> drape();
 
  private:
@@ -94,7 +96,7 @@ class ShownSurface {
   std::ostream* log_;
   Measurement measurement_;
   SurfaceModel model_;
-  Crop crop_;  // in force with the next rebuild; the model's own is that of the last
+  Crop crop_;  // for the next rebuild; `model_.crop` is that of the last one
   ColourSource colourSource_ = ColourSource::kHeatMap;
   ScaleSource scaleSource_ = ScaleSource::kAutomatic;
   float zScale_ = 1.0F;

@@ -4,7 +4,7 @@
 
 namespace morvane {
 HeightMean meanOf(std::span<const double> heights) {
-  // Loops of their own keep the accumulator in a register.
+  // Separate loops keep the accumulator in a register.
   float sum = 0.0F;
   std::size_t finite = 0;
   for (const double height : heights) {

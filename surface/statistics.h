@@ -1,4 +1,4 @@
-// Mean, variance and deviation of a height grid, and the vertical scale they suggest.
+// Mean and variance of a height grid, and the automatic vertical scale.
 #pragma once
 
 #include <cstddef>
@@ -6,13 +6,13 @@
 
 namespace morvane {
 
-/// Missing points take no part in any of these. Sums run in row order in a single-precision
-/// accumulator (the addition itself in double), so large grids lose precision exactly as in every
-/// program that shows these numbers. All are 0 when no height is finite.
+/// Missing points are ignored. Sums run in row order in a single-precision accumulator (the
+/// addition itself in double). So large grids lose precision, but the numbers agree with those of
+/// other programs. All are 0 when no height is finite.
 
 struct HeightMean {
   float mean = 0.0F;
-  std::size_t finite = 0;  ///< how many heights are finite
+  std::size_t finite = 0;  ///< number of finite heights
 };
 
 /// Arithmetic mean over the finite heights.
@@ -21,8 +21,8 @@ HeightMean meanOf(std::span<const double> heights);
 /// Population variance about `mean`.
 float varianceOf(std::span<const double> heights, const HeightMean& mean);
 
-/// The vertical exaggeration at which a surface of deviation `sd` and `width` columns looks well
-/// proportioned. Infinite for a flat surface.
+/// The automatic vertical exaggeration for a surface with the standard deviation `sd` and `width`
+/// columns. Infinite for a flat surface.
 float automaticScale(float sd, std::size_t width);
 
 }  // namespace morvane

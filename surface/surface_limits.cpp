@@ -49,7 +49,8 @@ SurfaceLimits findLimits(const HeightGrid& grid, const Crop& crop) {
     limits.trueMin = std::min(limits.trueMin, extremes.min);
     limits.trueMax = std::max(limits.trueMax, extremes.max);
   }
-  // A displayed limit that moved is clamped on its own side only.
+  // Each displayed limit is clamped on its own side only, and only if it differs from the first
+  // height.
   if (limits.trueMax > first)
     limits.zMax = crop.on ? std::min(limits.trueMax, crop.max) : limits.trueMax;
   if (limits.trueMin < first)

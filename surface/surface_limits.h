@@ -1,4 +1,4 @@
-// The height limits of a surface, true and displayed, and the crop that bounds the displayed ones.
+// The true and displayed height limits of a surface, and the crop that bounds the displayed ones.
 #pragma once
 
 #include "resfile/height_grid.h"
@@ -11,8 +11,8 @@ struct Crop {
   float min = 0.0F;
   float max = 0.0F;
 
-  /// `height` within the limits; unchanged while the crop is off. Above is tested first, as the
-  /// limits may be typed the wrong way round.
+  /// `height` clamped to the limits; unchanged while the crop is off. The maximum is tested first.
+  /// This matters when the typed minimum is above the maximum.
   [[nodiscard]] float clamp(float height) const {
     if (!on) return height;
     if (height > max) return max;
@@ -22,15 +22,14 @@ struct Crop {
 };
 
 struct SurfaceLimits {
-  float trueMin = 0.0F;  ///< lowest height seen
-  float trueMax = 0.0F;  ///< highest height seen
+  float trueMin = 0.0F;  ///< lowest height of the grid
+  float trueMax = 0.0F;  ///< highest height of the grid
   float zMin = 0.0F;     ///< lowest displayed height
   float zMax = 0.0F;     ///< highest displayed height
 };
 
-/// The limits of `grid` under `crop`, found by the seven workers. They start at the first finite
-/// height; beyond it only the samples that have a cell above and to the left take part (kept: an
-/// extreme in row 0 or column 0 does not count). All zero when no height is finite.
+/// The limits of `grid` under `crop`, computed by the seven workers. They start at the first finite
+/// height. Kept: an extreme in row 0 or column 0 does not count. All zero when no height is finite.
 SurfaceLimits findLimits(const HeightGrid& grid, const Crop& crop);
 
 }  // namespace morvane

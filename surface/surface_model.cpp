@@ -37,7 +37,7 @@ void SurfaceModel::measure() {
 }
 
 void SurfaceModel::measureStatistics() {
-  // The raw heights stay the same from rebuild to rebuild, and so do these.
+  // The statistics are those of the raw heights, which a rebuild does not change.
   const bool known = std::exchange(statisticsKnown_, true);
   const auto heights = raw_->values();
   *log_ << "Setting Mean...\n";
@@ -46,7 +46,7 @@ void SurfaceModel::measureStatistics() {
   if (!known) variance_ = varianceOf(heights, mean_);
   *log_ << "Setting SD...\n";
   sd_ = std::sqrt(variance_);
-  // Known even while another scale is in force: the controls count in steps of it.
+  // Needed even while another scale is set: the controls use it as their step.
   autoScale_ = automaticScale(sd_, raw_->width());
 }
 

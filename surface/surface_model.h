@@ -1,4 +1,4 @@
-// The surface of the measurement on show: its statistics, scale, limits and mesh.
+// The surface of the measurement shown: its statistics, scale, limits and mesh.
 #pragma once
 
 #include <iosfwd>
@@ -12,53 +12,52 @@
 
 namespace morvane {
 
-/// Refilled, not recreated, when another measurement is shown. It keeps no mesh: `build` writes
-/// into memory the caller has, and what is kept of it are the numbers.
+/// Reused when another measurement is shown. It stores no mesh: `build` writes into the caller's
+/// memory.
 class SurfaceModel {
  public:
   /// Writes its diagnostics to `log`, which must outlive the model.
   explicit SurfaceModel(std::ostream& log);
 
-  /// Takes the raw heights of a measurement. The filtered ones of an earlier one are let go.
+  /// Sets the raw heights of a measurement and drops filtered ones of an earlier one.
   void setRaw(std::shared_ptr<const HeightGrid> grid);
-  /// Takes the filtered heights; used only while they have the size of the raw ones.
+  /// Sets the filtered heights. They are used only if they have the size of the raw ones.
   void setFiltered(std::shared_ptr<const HeightGrid> grid);
 
-  /// Everything that is known without a mesh, from the present grid and flags: statistics and
-  /// automatic scale of a raw grid not seen before, and the limits.
+  /// Computes what needs no mesh from the current grid and settings: the limits and, once for each
+  /// raw grid, its statistics and automatic scale.
   void measure();
 
-  /// Writes the mesh of the last `measure` into `arrays`, each of `cellCount(*shown())` cells.
-  /// Where no heat map colours it, `drape` does, if there is one.
+  /// Writes the mesh for the last `measure` into `arrays`, each of `cellCount(*shown())` cells.
+  /// Without the heat map `drape` colours it, if there is one.
   void build(const MeshArrays& arrays, const BitmapDrape* drape = nullptr) const;
 
-  /// The grid a build takes: filtered while `useFiltered` is set and there is one that fits, else
-  /// raw; null before the first measurement.
+  /// The grid that is built: the filtered one if `useFiltered` is set and it has the right size,
+  /// else the raw one. Null before the first measurement.
   [[nodiscard]] const std::shared_ptr<const HeightGrid>& shown() const;
   [[nodiscard]] const std::shared_ptr<const HeightGrid>& raw() const { return raw_; }
-  /// Whether the last measured grid has any height to draw.
+  /// Whether the last measured grid has any finite height.
   [[nodiscard]] bool hasHeights() const { return mean_.finite > 0; }
 
   [[nodiscard]] float mean() const { return mean_.mean; }
-  /// The mean of the grid on show, as of the last measure.
+  /// The mean of the grid shown, as of the last `measure`.
   [[nodiscard]] float shownMean() const { return shownMean_; }
   [[nodiscard]] float variance() const { return variance_; }
   [[nodiscard]] float sd() const { return sd_; }
-  /// The vertical exaggeration that suits the raw grid; infinite for a flat one.
+  /// The automatic vertical exaggeration of the raw grid; infinite for a flat one.
   [[nodiscard]] float autoScale() const { return autoScale_; }
   [[nodiscard]] const SurfaceLimits& limits() const { return limits_; }
-  /// The scale of the surface's colours and of its key: the global one where there is one, else
-  /// that over the limits of the crop while it is on, else over the displayed ones of the last
-  /// measure.
+  /// The scale of the surface's colours and its key: the global one if there is one; else over the
+  /// limits of the crop while it is on; else over the displayed limits of the last `measure`.
   [[nodiscard]] HeatMapScale colourScale() const {
     if (globalScale) return *globalScale;
     return crop.on ? HeatMapScale(crop.min, crop.max) : scale_;
   }
 
-  bool skipScale = false;                   ///< keep the z-scale that is in force
-  bool useFiltered = false;                 ///< build from the filtered grid
-  bool heatMap = true;                      ///< colour by height; else mid grey
-  Crop crop;                                ///< the limits an operator set
+  bool skipScale = false;                   ///< keep the current z-scale
+  bool useFiltered = false;                 ///< use the filtered grid
+  bool heatMap = true;                      ///< colour by height; else by the drape
+  Crop crop;                                ///< the limits the operator set
   std::optional<HeatMapScale> globalScale;  ///< colours without clamping heights
 
  private:
