@@ -39,15 +39,15 @@ Spectrum spectrumOf(int nx, int ny) {
   return spectrum;
 }
 
-/// The weights of one filter, a spectrum row at a time: a whole weight grid would cost as much
-/// memory as the heights.
+/// The weights of one filter, one spectrum row at a time. A whole grid of weights would take as
+/// much memory as the heights.
 class FilterWeights {
  public:
   FilterWeights(FilterType type, std::size_t columns, const GaussianWeights& low,
                 const GaussianWeights& high)
       : type_(type), low_(low), high_(high), row_(columns), highRow_(columns) {
     if (type_ != FilterType::kBandPass) return;
-    // Below this a product may be the rounding of weights near 0 and 1 alone.
+    // Smaller products may be rounding errors of weights near 0 and 1.
     constexpr double kLeastProduct = 1e-6;
     const double largest = largestProduct();
     passesNothing_ = largest <= kLeastProduct;
@@ -57,7 +57,7 @@ class FilterWeights {
   /// Whether a band pass has the weight 0 everywhere.
   [[nodiscard]] bool passesNothing() const { return passesNothing_; }
 
-  /// Rows are to be asked for in their order; each is good until the next.
+  /// Call for the rows in order. Each is valid until the next call.
   std::span<const double> row(std::size_t y) {
     if (repeats(y)) return row_;
     switch (type_) {
@@ -81,7 +81,7 @@ class FilterWeights {
   void fillProducts(std::size_t y) {
     low_.lowPassRow(y, row_);
     high_.highPassRow(y, highRow_);
-    // A high pass may round to a little below 0, which a small divisor would make much of.
+    // A high pass may round to slightly below 0, which a small divisor would magnify.
     for (std::size_t k = 0; k < row_.size(); ++k) row_[k] = std::max(0.0, row_[k] * highRow_[k]);
   }
 
@@ -133,8 +133,8 @@ bool transformAndWeigh(std::span<const double> input, std::span<double> output, 
   const Spectrum spectrum = spectrumOf(nx, ny);
   if (!spectrum) return false;
   const auto missing = static_cast<std::size_t>(std::ranges::count_if(input, isMissing));
-  // A forward transform out of place only reads, though its signature does not say so. The output
-  // is still free, so it serves as the copy without holes.
+  // An out-of-place forward transform only reads its input, although its signature is not const.
+  // `output` is still unused, so it holds the copy without missing points.
   double* heights = missing == 0 ? const_cast<double*>(input.data()) : output.data();
   if (missing > 0) fillMissing(input, output, missing);
 

@@ -1,4 +1,4 @@
-// Removing long or short waves from a height grid by a two-dimensional Gaussian filter.
+// High pass, low pass and band pass of a height grid: a two-dimensional Gaussian filter.
 #pragma once
 
 #include <iosfwd>
@@ -15,31 +15,31 @@ namespace morvane {
 
 enum class FilterType { kHighPass, kLowPass, kBandPass };
 
-/// The word the log has for a type: "hpf", "lpf" or "bpf".
+/// The name of a type in the log: "hpf", "lpf" or "bpf".
 std::string_view wordOf(FilterType type);
 
-/// Filters `input` (`ny` rows of `nx` heights) into `output` of the same size, which must not
-/// overlap it: real transform, weights, transform back. Cut-offs and pixels are in mm.
+/// Filters `input` (`ny` rows of `nx` heights) into `output`, which has the same size and must not
+/// overlap it. The real Fourier transform is multiplied by weights and transformed back. Cut-offs
+/// and pixels are in mm.
 ///
-/// A high and a low pass use the low cut-offs; a band pass is the low pass at the low cut-offs
-/// times the high pass at the high ones, scaled so that its largest weight is 1, whichever way
-/// round the cut-offs are. Where no weight would exceed 1e-6 before that, nothing passes: what is
-/// left could be rounding. The weights are those of `GaussianWeights`.
+/// High and low pass use the low cut-offs. A band pass is the low pass at the low cut-offs times
+/// the high pass at the high ones, scaled so that its largest weight is 1. The low cut-off may be
+/// above the high one. If no weight exceeds 1e-6 before scaling, nothing passes, since such weights
+/// could be rounding errors. The weights are those of `GaussianWeights`.
 ///
-/// Missing points count as the mean of the rest and are NaN in the output; every other height of
-/// the output is a number whatever the cut-offs and pixels. False when memory cannot hold the
-/// spectrum, a size is below 1 or a span does not have the size; `output` is then worth nothing.
-/// Takes one grid's worth of memory. One thread at a time, as planning a transform is not
-/// thread-safe.
+/// Missing points count as the mean of the rest and are NaN in the output. No other height of the
+/// output is NaN, whatever the cut-offs and pixels. Returns false, with `output` undefined, when
+/// there is not enough memory for the spectrum, a size is below 1, or a span has the wrong size.
+/// The spectrum takes as much memory as the grid. Not thread-safe, as planning a transform is not.
 [[nodiscard]] bool filterGrid(std::span<const double> input, std::span<double> output, int nx,
                               int ny, float lowCutX, float lowCutY, float highCutX, float highCutY,
                               float pixelX, float pixelY, FilterType type);
 
-/// Whether a band pass with these cut-offs, in mm, lets nothing of a grid of `nx` × `ny` points
-/// through.
+/// Whether a band pass with these cut-offs, in mm, removes everything from a grid of `nx` × `ny`
+/// points.
 bool bandPassesNothing(int nx, int ny, float l1, float l2, float pixelX, float pixelY);
 
-/// What the operator set.
+/// The operator's settings.
 struct FilterSettings {
   std::string l1;  ///< as typed: cut-off of high and low pass, short side of a band pass, mm
   std::string l2;  ///< as typed: long side of a band pass, mm; the other types ignore it
@@ -48,23 +48,23 @@ struct FilterSettings {
   bool bandPass = false;
 };
 
-/// The type of the first button that is set; none without one.
+/// The type of the first flag that is set; none if no flag is.
 std::optional<FilterType> typeOf(const FilterSettings& settings);
 
-/// The number that `typed` begins with; 0 when it begins with none. Words such as "inf" are none.
+/// The number that `typed` begins with, else 0. "inf" is not a number.
 float cutOffOf(std::string_view typed);
 
 enum class FilterStatus { kDone, kNoType, kNoGrid, kNoMemory };
 
 struct FilterRun {
   FilterStatus status = FilterStatus::kNoGrid;
-  std::shared_ptr<const HeightGrid> filtered;  ///< of the measurement's size; null unless done
-  std::string words = {};                      ///< what was done, to be shown with it
+  std::shared_ptr<const HeightGrid> filtered;  ///< has the measurement's size; null on failure
+  std::string words = {};                      ///< describes the filter in the view
 };
 
-/// Filters the heights of `measurement` as `settings` say and writes the log lines of a run to
-/// `console`. A run without a type, heights or memory changes nothing and says which it was;
-/// storing the result and showing it is the caller's.
+/// Filters the heights of `measurement` with `settings` and writes the log lines of a run to
+/// `console`. Without a type, heights or enough memory there is no result, and the return value
+/// says why. The caller stores and shows the result.
 [[nodiscard]] FilterRun runFilter(const FilterSettings& settings, const Measurement& measurement,
                                   std::ostream& console);
 

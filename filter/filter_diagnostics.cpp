@@ -17,7 +17,7 @@ namespace {
 
 constexpr float kFourPiSquared = 39.47842F;
 
-/// Weights of wave numbers 0 to `size` / 2 and, with `negative`, of those below 0 behind them.
+/// Weights of the wave numbers 0 to `size` / 2 and, with `negative`, then of the negative ones.
 std::vector<double> axisWeights(int size, bool negative, float cut, float pixel) {
   std::vector<int> waves;
   for (int k = 0; k <= size / 2; ++k) waves.push_back(k);
@@ -31,7 +31,7 @@ std::vector<double> axisWeights(int size, bool negative, float cut, float pixel)
   for (const int wave : waves) {
     const float f = static_cast<float>(wave) / length;
     const float exponent = -kFourPiSquared * (s * s) * (f * f);
-    // As in the filter: without a usable cut-off all passes.
+    // As in the filter: without a valid cut-off everything passes.
     weights.push_back(std::isnan(exponent) ? 1.0F : std::exp(exponent));
   }
   return weights;

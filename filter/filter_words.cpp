@@ -8,7 +8,7 @@
 namespace morvane {
 namespace {
 
-/// A cut-off with two decimals, or as many more as tell it.
+/// A cut-off with two decimals, or with as many as it needs.
 std::string cutOffText(std::string_view typed) {
   const float cutOff = std::abs(cutOffOf(typed));
   constexpr int kMostDecimals = 6;

@@ -10,20 +10,20 @@ namespace {
 
 constexpr float kPi = 3.1415927F;
 
-/// Of the wave that has `waves` periods on `points` points. Kept: whole pixels.
+/// The wavelength of `waves` periods over `points` points, in pixels. Kept: whole pixels.
 float wavelength(int points, int waves) {
   const int pixels = points / waves;
   return static_cast<float>(pixels);
 }
 
-/// In pixels, from wave number 0, which shares the wavelength of 1.
+/// In pixels, from wave number 0, which has the wavelength of wave number 1.
 std::vector<float> columnWavelengths(int nx) {
   std::vector<float> lengths;
   for (int k = 0; k <= nx / 2; ++k) lengths.push_back(wavelength(nx, std::max(k, 1)));
   return lengths;
 }
 
-/// The same, with the negative wave numbers behind the positive ones.
+/// The same, with the negative wave numbers after the positive ones.
 std::vector<float> rowWavelengths(int ny) {
   std::vector<float> lengths = columnWavelengths(ny);
   for (int m = (-ny) / 2 + 1; m < 0; ++m) lengths.push_back(wavelength(ny, m));
@@ -37,7 +37,8 @@ std::vector<double> transmissions(const std::vector<float>& wavelengths, float c
   weights.reserve(wavelengths.size());
   for (const float wavelength : wavelengths) {
     const float ratio = alpha * cut / wavelength;
-    // Without a usable cut-off, and for 0 / 0 in the last of an odd count of rows, all passes.
+    // Without a valid cut-off, and for 0 / 0 in the last of an odd number of rows, everything
+    // passes.
     weights.push_back(std::isnan(ratio) ? 1.0F : std::exp(-kPi * (ratio * ratio)));
   }
   return weights;
@@ -62,12 +63,12 @@ bool fits(std::span<const double> grid, int nx, int ny) {
 double weightDivisor(double largest) {
   const auto narrowed = static_cast<float>(largest);
   if (narrowed == 0.0F) return 1.0;
-  // Below its normal range single precision is too coarse: weights would go far beyond 1.
+  // Denormal floats are too coarse: weights would become much larger than 1.
   return narrowed < std::numeric_limits<float>::min() ? largest : narrowed;
 }
 
-// The largest product is that of the two largest factors: products of two floats are exact in
-// double, so no element can round past it.
+// The largest product is that of the two largest factors. Products of two floats are exact in
+// double, so no element can be larger by rounding.
 GaussianWeights::GaussianWeights(int nx, int ny, float cutX, float cutY, float pixelX, float pixelY)
     : columns_(transmissions(columnWavelengths(nx), cutX / pixelX)),
       rows_(transmissions(rowWavelengths(ny), cutY / pixelY)),

@@ -12,7 +12,7 @@ constexpr int kRowHeight = 30;
 constexpr int kTagY = 200;
 constexpr int kFirstResultY = 240;
 
-/// Where label and value of a row stand from left to right.
+/// The horizontal places of a row's label and value.
 struct Columns {
   int labelX, labelWidth, valueX, valueWidth;
   int labelIndent = 0;
@@ -23,13 +23,13 @@ constexpr Columns kLongLabels = {5, 80, 90, 130};
 constexpr Columns kSurfaceLabels = {5, 90, 95, 130};
 constexpr Columns kTagLabel = {5, 50, 55, 180};
 constexpr Columns kBandLabels = {5, 92, 97, 123};  // "Bandwidth:" is the longest of all labels
-// Two pairs side by side. The left value begins on the empty end of its label, as it could not be
-// 65 wide before the right label otherwise; the indent keeps the two apart where the value is cut.
+// Two pairs side by side. The left value overlaps the empty end of its label, as there is no other
+// room for its 65 pixels. The indent of the right label keeps it apart from a clipped left value.
 constexpr Columns kLeftPair = {5, 42, 42, 65};
 constexpr Columns kRightPair = {107, 42, 150, 65, 3};
 constexpr int kHeadingWidth = 200;
 
-// Units as they follow the number; some bring a blank of their own.
+// Units, some with a blank before them.
 constexpr char kMicrometres[] = {kMicroSign, 'm', '\0'};
 constexpr char kBlankMicrometres[] = {' ', kMicroSign, 'm', '\0'};
 constexpr std::string_view kMillimetres = "mm";
@@ -85,7 +85,7 @@ constexpr ValueTable kAltitude = {"ALTITUDE", 3, kLongLabels, kAltitudeRows};
 constexpr ValueTable kEcRmVexaStd = {"EC_RM_VEXA_STD", 1, kShortLabels, kEcRmVexaStdRows};
 constexpr ValueTable kEcRmVwStd = {"EC_RM_VW_STD", 1, kLongLabels, kEcRmVwStdRows};
 
-/// `values` in the order of the table's rows; those behind the last row are not shown.
+/// `values` are in the order of the table's rows. Further values are not shown.
 ResultLayout valueLayout(const ValueTable& table, std::span<const float> values) {
   ResultLayout layout = startLayout(table.tag);
   int y = kFirstResultY;
@@ -104,7 +104,7 @@ ResultLayout ecAltitude(const ResResults& r) { return valueLayout(kAltitude, r.e
 ResultLayout ecRmVexaStd(const ResResults& r) { return valueLayout(kEcRmVexaStd, r.standardEcRm); }
 ResultLayout ecRmVwStd(const ResResults& r) { return valueLayout(kEcRmVwStd, r.vwEcRm); }
 
-/// The only layout without the algorithm's name: its value stands in that row.
+/// The only layout without the algorithm's name: that row shows the value instead.
 ResultLayout copr(const ResResults& results) {
   return {{rowAt(kTagY, kLongLabels, "COPR:", shownText(results.copr[0], 1))}};
 }
@@ -128,7 +128,7 @@ ResultLayout texture(const ResResults& r) { return textureLayout("TEXTURE", 'T',
 
 struct Pair {
   std::string_view label;
-  std::size_t stored;  ///< place of the value in its group
+  std::size_t stored;  ///< index of the value in its group
   Columns columns;
   int line;  ///< below the heading
 };
@@ -146,7 +146,7 @@ struct GmBand {
 
 constexpr std::array<std::string_view, 4> kGmUnits = {kMicrometres, kMicrometres, kMillimetres,
                                                       kMicrometres};
-// Kept: the units of Rsm and Ray in Band B are the other way round.
+// Kept: the units of Rsm and Ray in Band B are swapped.
 constexpr GmBand kGmBands[] = {
     {"Appearance (0.15 - 2mm)", kGmUnits},
     {"Peel  (0.15 - 15mm)", kGmUnits},
@@ -196,8 +196,8 @@ std::string limitText(const FilterKind& kind, float low, float high) {
   return text.empty() ? text : text.append(kMillimetres);
 }
 
-/// The seven rows of a band from `y` on. `limits` are low and high, `values` Sa, RaX, RaY, RsM. An
-/// unknown filter type leaves its name and the limit row empty.
+/// The seven rows of a band, starting at `y`. `limits` are low and high, `values` are Sa, RaX, RaY,
+/// RsM. For an unknown filter type its name and the limit row stay empty.
 void addBand(std::vector<ResultRow>& rows, int y, std::string_view heading,
              std::uint32_t filterType, std::span<const float> limits,
              std::span<const float> values) {
@@ -278,7 +278,7 @@ std::string_view surfaceTypeText(std::uint32_t surfaceType) {
 std::array<ResultRow, kHeaderRows> headerRows(const ResHeader& header,
                                               std::string_view surfaceText) {
   const std::string_view stamp = fieldText(header.headerText1);
-  // Half a number would be another one.
+  // A truncated number would be a different number.
   const auto piece = [stamp](std::size_t from, std::size_t length) {
     return std::string(from + length <= stamp.size() ? stamp.substr(from, length) : "");
   };
@@ -296,8 +296,8 @@ ResultRow defaultResultRow(std::size_t index) {
 }
 
 ResultLayout resultLayout(const ResHeader& header, const ResResults& results) {
-  // Kept: a version-3 file draws its fixed results first, then whatever the algorithm code holds
-  // over them; the code may be left from an earlier file.
+  // Kept: for a version-3 file the fixed results are drawn first, then the layout of the algorithm
+  // code over them. That code may be left from an earlier file.
   ResultLayout layout;
   for (const LayoutRoutine draw : {version3Layout(header), algorithmLayout(header.algorithmType)}) {
     if (draw != nullptr) layout = draw(results);

@@ -1,4 +1,4 @@
-// What the results column says about a measurement: rows of text and where each stands, as data.
+// The layout of the results column as data: rows of text and their places.
 #pragma once
 
 #include <array>
@@ -15,57 +15,58 @@
 
 namespace morvane {
 
-/// The micro sign of the units: in the product's own text a single Latin-1 byte.
+/// The micro sign of the units, as a single Latin-1 byte.
 inline constexpr char kMicroSign = '\xB5';
 
-/// Width of the results column in pixels; what reaches beyond is cut.
+/// Width of the results column in pixels. Wider texts are clipped.
 inline constexpr int kResultsColumnWidth = 220;
 
-/// A label with the value that stands beside it.
+/// A label and the value beside it.
 struct ResultRow {
   std::string label;
   std::string value;
   PixelArea labelArea;  ///< from the top left corner of the column
   PixelArea valueArea;
-  int labelIndent = 0;   ///< pixels between the label's place and its text
-  bool heading = false;  ///< the label stands alone
+  int labelIndent = 0;   ///< pixels between the left edge of `labelArea` and its text
+  bool heading = false;  ///< there is no value
 };
 
-/// Everything below the measurement header. No rows: the algorithm has nothing to show.
+/// Everything below the measurement header. There are no rows when the algorithm has nothing to
+/// show.
 struct ResultLayout {
   std::vector<ResultRow> rows;          ///< in display order
-  std::vector<PixelArea> separators{};  ///< lines that set the parts of the results apart
+  std::vector<PixelArea> separators{};  ///< lines between the parts of the results
 };
 
-/// The most rows and separators that a layout has.
+/// The largest number of rows and of separators of any layout.
 inline constexpr std::size_t kMaxResultRows = 21;
 inline constexpr std::size_t kMaxResultSeparators = 2;
 
 /// The rows of the measurement header: part, date, time, surface type and data type.
 inline constexpr std::size_t kHeaderRows = 5;
 
-/// Where a separator stands whose top edge is `y`.
+/// The place of a separator with the top edge `y`.
 constexpr PixelArea separatorAt(int y) { return {5, y, 220, 20}; }
 
 /// The separators of every column, below the time and below the algorithm's name.
 inline constexpr std::array<PixelArea, 2> kHeaderSeparators = {separatorAt(120), separatorAt(220)};
 
-/// The name of a header's surface type; "N/A" for codes without one.
+/// The name of a surface type; "N/A" for unknown ones.
 std::string_view surfaceTypeText(std::uint32_t surfaceType);
 
-/// The measurement header with `surfaceText` as the surface type. Of a time stamp shorter than its
-/// 14 digits the pieces that are missing stay empty. Texts are as stored.
+/// The measurement header with `surfaceText` as the surface type. If the time stamp has fewer than
+/// 14 digits, its missing parts stay empty. Texts are as stored.
 std::array<ResultRow, kHeaderRows> headerRows(const ResHeader& header,
                                               std::string_view surfaceText);
 
-/// Where result row `index` stands as long as no layout moves it; without texts.
+/// The default place of result row `index`, without texts.
 ResultRow defaultResultRow(std::size_t index);
 
-/// The rows of the algorithm that the header names; for version-3 files with an algorithm code
-/// that has none, those of the fixed results that belong to the surface type.
+/// The rows of the header's algorithm. For version-3 files whose algorithm has none, those of the
+/// fixed results for the surface type.
 ResultLayout resultLayout(const ResHeader& header, const ResResults& results);
 
-/// True when opening a measurement of this algorithm, known or not, offers the results column.
+/// Whether the results column is offered for measurements of this algorithm, known or not.
 constexpr bool offersResultsColumn(std::uint32_t algorithmType) {
   return algorithmType >= static_cast<std::uint32_t>(Algorithm::kWaveScanBands);
 }
