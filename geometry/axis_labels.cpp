@@ -34,7 +34,7 @@ float growth(int height) {
   return std::max(1.0F, kLeastHeight / static_cast<float>(std::max(height, 1)));
 }
 
-// How far the search for a free place goes from a label's own.
+// How far the search for a free place goes from the label's default place.
 constexpr float kStepOut = 0.01F;
 constexpr int kStepsOut = 25;
 constexpr std::array kLines = {0.0F, -1.0F, 1.0F, -2.0F, 2.0F, -3.0F, 3.0F};
@@ -58,7 +58,7 @@ class FreePlaces {
 
   void place(Labels& labels, const AxisLines& lines) {
     const auto isFree = [this](const AxisLabel& moved) { return free(moved); };
-    // Lengths keep clear of what is taken, and of the rest where they have to move anyway.
+    // Lengths avoid the taken areas. Those that have to move also avoid the other labels.
     std::vector<AxisLabel*> moving;
     for (const std::size_t i : {kLengthX, kLengthY}) {
       if (!free(labels[i])) moving.push_back(&labels[i]);
@@ -88,7 +88,7 @@ class FreePlaces {
   }
 
  private:
-  /// Where a point is seen, in pixels; nowhere when it is beside or behind the eye.
+  /// The screen position of a point, in pixels; none when it is beside or behind the eye.
   [[nodiscard]] std::optional<glm::vec2> onScreen(const glm::vec3& point) const {
     const glm::vec3 seen = project(toClip_, width_, height_, point);
     if (!(std::abs(seen.z) <= 1.0F)) return {};
@@ -117,7 +117,8 @@ class FreePlaces {
     });
   }
 
-  /// Whether the ends of the Z axis give the heights no order that reads from the top down.
+  /// Whether the ends of the Z axis are too close on the screen to show which height is the top
+  /// one.
   [[nodiscard]] bool standOneOnTheOther(const AxisLabel& bottom, const AxisLines& lines) const {
     constexpr float kFromAbove = 0.9F;  // cosine of how far the sheet is tilted
     constexpr float kOnePlace = 1.5F;   // lines
@@ -136,7 +137,7 @@ class FreePlaces {
     return rise < 1.0F && (facing > kFromAbove || glm::length(axis) < kOnePlace * line);
   }
 
-  /// `label` in its own plane, seen right above `base` and with it ending at one edge.
+  /// `label` moved in its plane so that it appears directly above `base`, aligned at one edge.
   [[nodiscard]] AxisLabel onTopOf(const AxisLabel& base, AxisLabel label) const {
     const auto target = onScreen(cornersOf(base, textWidth_)[2]);
     if (!target) return label;
@@ -146,7 +147,7 @@ class FreePlaces {
     return label;
   }
 
-  /// The point of the plane of height `z` that is seen at `pixel`; none when it is seen edge-on.
+  /// The point of the plane of height `z` at `pixel`; none when the plane is seen edge-on.
   [[nodiscard]] std::optional<glm::vec2> pointSeenAt(const glm::vec2& pixel, float z) const {
     const glm::vec3 near = unproject(toClip_, width_, height_, {pixel, -1.0F});
     const glm::vec3 far = unproject(toClip_, width_, height_, {pixel, 0.9F});
@@ -155,8 +156,8 @@ class FreePlaces {
     return glm::vec2(near + part * (far - near));
   }
 
-  /// Moves `label` by whole lines and fewer than `steps` steps outwards to the first place that
-  /// `fits`; where none does it stays.
+  /// Moves `label` by whole lines, and outwards by fewer than `steps` steps, to the first place
+  /// that `fits`. It stays where it is when no place fits.
   template <typename Fits>
   static void move(AxisLabel& label, int steps, const Fits& fits) {
     for (const float lines : kLines) {
@@ -208,7 +209,7 @@ std::array<AxisLabel, 7> axisLabels(const AxesRange& range, const glm::mat4& toC
   const AxisLines lines = axisLines(range);
   const float scale = AxisLabel{}.scale * growth(height);
   const float gap = kLabelGap * growth(height);
-  // Long ones stand further out, so that they end before the lines.
+  // Long labels are placed further out, so that they end before the lines.
   const auto heightLabel = [&](float micrometres, float z) -> AxisLabel {
     std::string text = shownText(micrometres, 2) + "µm";
     const float textEnd = textWidth(text, scale) * kTextToModel;

@@ -38,7 +38,7 @@ float heightLift(const SurfaceLimits& limits, float autoScale, std::size_t gridW
                  std::size_t gridHeight, float zScale) {
   const float middle = limits.zMin / 2 + limits.zMax / 2;
   const float side = static_cast<float>(std::max(gridWidth, gridHeight)) / kPointsPerUnit;
-  // Asked at the automatic scale, so that no turn of the slider makes the surface jump.
+  // Uses the automatic scale, so that the slider does not make the surface jump.
   const bool isFar = std::abs(middle * heightToModel(autoScale)) > side / 2;
   return isFar ? -middle * heightToModel(zScale) : 0.0F;
 }
@@ -48,7 +48,7 @@ ViewMatrices viewMatrices(const Camera& camera, int width, int height, std::size
   ViewMatrices matrices;
   const auto aspect = static_cast<float>(side(width) / side(height));
   matrices.projection = glm::perspective(glm::radians(kFieldOfView), aspect, kNear, kFar);
-  // Zooming may put the eye on the very point it looks at, which would leave it no direction.
+  // Zooming may move the eye onto its target, which would leave no view direction.
   const glm::vec3 sight = camera.target - camera.eye;
   const bool lost = glm::dot(sight, sight) == 0.0F;
   const glm::vec3 target = lost ? camera.eye - glm::vec3(0.0F, 0.0F, 1.0F) : camera.target;
@@ -96,10 +96,10 @@ void dragTurn(Camera& camera, int width, int height, glm::vec2 point) {
   TurnDrag& turn = camera.turn;
   turn.current = point;
   if (!turn.rotating) return;
-  // Both ends are mapped anew, as the window may have been resized since the press.
+  // Both ends are mapped again, as the window may have been resized since the press.
   const glm::vec3 start = arcballPoint(width, height, turn.press.x, turn.press.y);
   const glm::vec3 now = arcballPoint(width, height, turn.current.x, turn.current.y);
-  // A product of many rotations would slowly leave the unit length.
+  // A product of many rotations slowly drifts away from unit length.
   camera.rotation = glm::normalize(rotationBetween(start, now) * turn.base);
 }
 
@@ -145,7 +145,8 @@ glm::vec3 unproject(const glm::dmat4& matrix, int width, int height, const glm::
 
 Ray pickRay(const ViewMatrices& matrices, int width, int height, float x, float y) {
   const glm::dmat4 back = glm::inverse(glm::dmat4(matrices.projection) * glm::dmat4(matrices.view));
-  // Narrowed only in the end: the two points are close together and the surface may be far away.
+  // Converted to float only at the end: the two points are close together and the surface may be
+  // far away.
   const glm::dvec3 first = backFromWindow(back, width, height, {x, y, -1.0});
   const glm::dvec3 second = backFromWindow(back, width, height, {x, y, 0.0});
   const glm::dvec3 direction = glm::normalize(second - first);

@@ -1,5 +1,5 @@
-// The camera of the 3D view as a plain value: where the eye stands, how the model lies, and what
-// the mouse does to both.
+// The camera of the 3D view as a plain value: the position of the eye, the rotation and pan of the
+// model, and how the mouse changes them.
 #pragma once
 
 #include <cstddef>
@@ -12,30 +12,32 @@
 
 namespace morvane {
 
-/// Height units to model units at a z-scale of 1; deliberate, as 1000 grid points span one unit.
+/// Model units per height unit at a z-scale of 1. It is chosen for 1000 grid points per model unit.
 inline constexpr float kHeightToModel = 0.000027F;
 
-/// How far a picking ray reaches, far beyond the scene, model units.
+/// The length of a picking ray in model units, far larger than the scene.
 inline constexpr float kRayLength = 1000.0F;
 
-/// A turn of the model by the mouse, from press to release. Window points in pixels, y down.
+/// A rotation of the model by the mouse, from press to release. Window points are in pixels, y
+/// down.
 struct TurnDrag {
   glm::vec2 press{0.0F, 0.0F};                  ///< where it began
   glm::vec2 current{0.0F, 0.0F};                ///< where the mouse is
-  glm::quat base = glm::identity<glm::quat>();  ///< the model's turn when it began
+  glm::quat base = glm::identity<glm::quat>();  ///< the model's rotation when it began
   bool rotating = false;                        ///< between press and release
 };
 
-/// A fixed eye on the z axis looks at the origin; the model is turned and shifted, not the eye.
+/// The eye is fixed on the z axis and looks at the origin. The model is rotated and panned, not the
+/// eye.
 struct Camera {
   float distance = 3.0F;             ///< of the eye from the origin; may pass through zero
-  float zoomStep = 0.1F;             ///< what the next zoom changes `distance` by
+  float zoomStep = 0.1F;             ///< by how much the next zoom step changes `distance`
   glm::vec2 zoomAnchor{0.0F, 0.0F};  ///< pan per unit of distance, toward the cursor
   glm::vec3 eye{0.0F, 0.0F, 3.0F};
   glm::vec3 target{0.0F, 0.0F, 0.0F};
   glm::vec3 up{0.0F, 1.0F, 0.0F};
-  glm::vec2 pan{0.0F, 0.0F};                        ///< shift of the model, model units
-  glm::quat rotation = glm::identity<glm::quat>();  ///< turn of the model
+  glm::vec2 pan{0.0F, 0.0F};                        ///< pan of the model, model units
+  glm::quat rotation = glm::identity<glm::quat>();  ///< rotation of the model
   TurnDrag turn;                                    ///< how `rotation` is being changed
 };
 
@@ -43,71 +45,71 @@ struct Camera {
 struct ViewMatrices {
   glm::mat4 projection{1.0F};
   glm::mat4 view{1.0F};
-  glm::mat4 model{1.0F};    ///< scales heights, centres, turns, pans
+  glm::mat4 model{1.0F};    ///< scales heights, centres, rotates, pans
   glm::mat4 overlay{1.0F};  ///< the same without the height scale, for pins, grid and profile
   glm::mat3 normal{1.0F};   ///< transposed inverse of the model's 3 × 3 part
 };
 
-/// A line of sight in world space.
+/// A picking ray in world space.
 struct Ray {
   glm::vec3 origin{0.0F};
   glm::vec3 direction{0.0F, 0.0F, -1.0F};  ///< of length 1
   glm::vec3 end{0.0F};                     ///< `kRayLength` from the origin
 };
 
-/// Height units to model units at `zScale`, which counts as 1 when it is not finite.
+/// Model units per height unit at `zScale`, which counts as 1 when it is not finite.
 float heightToModel(float zScale);
 
-/// How much higher than at its heights a surface is drawn, in model units: 0, but for heights so
-/// far from zero that their middle, at the automatic scale, is farther from it than half the
-/// surface's larger side; those are drawn about zero.
+/// The vertical offset at which a surface is drawn, in model units. It is 0 unless the heights are
+/// far from zero: when their middle, at the automatic scale, is farther from zero than half the
+/// surface's larger side, the offset centres them about zero.
 float heightLift(const SurfaceLimits& limits, float autoScale, std::size_t gridWidth,
                  std::size_t gridHeight, float zScale);
 
 /// The matrices for a window of `width` × `height` pixels and a grid of `gridWidth` × `gridHeight`
-/// points whose heights are exaggerated by `zScale` and drawn higher by `lift`.
+/// points. Heights are exaggerated by `zScale` and offset by `lift`.
 ViewMatrices viewMatrices(const Camera& camera, int width, int height, std::size_t gridWidth,
                           std::size_t gridHeight, float zScale, float lift = 0.0F);
 
-/// The point of the unit sphere in front of window point (x, y) of a `width` × `height` window; its
-/// rim, where the window point lies outside the sphere.
+/// Arcball: the point of the unit sphere at window point (x, y) of a `width` × `height` window.
+/// Outside the sphere it is the nearest point of the sphere's outline.
 glm::vec3 arcballPoint(int width, int height, float x, float y);
 
-/// The rotation that carries direction `from` to direction `to`, neither of length zero. Nearly
-/// opposite ones give half a turn about an axis square to `from`.
+/// The rotation from direction `from` to direction `to`. Neither may have length zero. Nearly
+/// opposite directions give half a turn about an axis perpendicular to `from`.
 glm::quat rotationBetween(const glm::vec3& from, const glm::vec3& to);
 
-/// Begins a turn at a window point.
+/// Begins a rotation at a window point.
 void pressTurn(Camera& camera, glm::vec2 point);
-/// Turns the model as the mouse goes to `point` of a `width` × `height` window; nothing without a
-/// press before.
+/// Rotates the model as the mouse moves to `point` of a `width` × `height` window. Does nothing
+/// without a press before.
 void dragTurn(Camera& camera, int width, int height, glm::vec2 point);
-/// Ends a turn: the rotation stays.
+/// Ends a rotation: the model stays as it is.
 void releaseTurn(Camera& camera);
 
 enum class Zoom { kOut, kIn };
 
-/// Moves the eye by one step, which grows by 3 % going out and shrinks as much going in, and pans
-/// so that the zoom follows the point under the cursor.
+/// Moves the eye by one step. The step grows by 3 % when zooming out and shrinks as much when
+/// zooming in. Also pans so that the zoom follows the point under the cursor.
 void zoom(Camera& camera, Zoom direction);
-/// One step for a turn of the mouse wheel: out from an amount of 1, else in.
+/// One step for the mouse wheel: out for an amount of 1 or more, else in.
 void zoomByWheel(Camera& camera, int amount);
-/// One step for a two-button drag of `dy` pixels: out going down, in going up, none at 0.
+/// One step for a two-button drag of `dy` pixels: down zooms out, up zooms in, 0 does nothing.
 void zoomByDrag(Camera& camera, float dy);
-/// Makes zooming follow the cursor that `ray` goes through.
+/// Makes zooming follow the cursor, through which `ray` passes.
 void anchorZoom(Camera& camera, const Ray& ray);
 
-/// Shifts the model by a mouse motion in pixels, a thousandth of a model unit each.
+/// Pans the model by a mouse motion in pixels. A pixel is a thousandth of a model unit.
 void panByPixels(Camera& camera, glm::vec2 motion);
 
-/// Where `matrix` (projection × view, or × model as well) puts a point: x and y in pixels of a
-/// `width` × `height` window, y down, and the depth from −1 (near) to 1 (far). Without meaning for
-/// a point beside or behind the eye.
+/// Projects a point with `matrix` (projection × view, or × model as well): x and y in pixels of a
+/// `width` × `height` window, y down, and the depth from −1 (near) to 1 (far). Undefined for a
+/// point beside or behind the eye.
 glm::vec3 project(const glm::dmat4& matrix, int width, int height, const glm::vec3& point);
-/// The point that `project` puts at `window`.
+/// The inverse of `project`.
 glm::vec3 unproject(const glm::dmat4& matrix, int width, int height, const glm::vec3& window);
 
-/// The ray of the frame `matrices` from the near plane through window point (x, y).
+/// The ray from the near plane through window point (x, y), in a frame with `matrices`.
 Ray pickRay(const ViewMatrices& matrices, int width, int height, float x, float y);
 
 }  // namespace morvane

@@ -1,4 +1,4 @@
-// How the surface on show is drawn: where its heights stand, in the words of each room that asks.
+// How the surface shown is drawn, as the axes, the picking and the camera need it.
 #pragma once
 
 #include "geometry/axis_labels.h"
@@ -8,16 +8,16 @@
 
 namespace morvane {
 
-/// How much higher than at its heights it is drawn, model units; see `heightLift`.
+/// The vertical offset at which it is drawn, model units; see `heightLift`.
 float liftOf(ShownSurface& shown);
 
-/// Its heights as drawn; valid until the grid on show changes.
+/// Its heights as drawn. Valid until the grid shown changes.
 DrawnHeights drawnHeights(ShownSurface& shown);
 
-/// What its axes measure; valid while the measurement is on show.
+/// The ranges of its axes. Valid while the measurement is shown.
 AxesRange axesRange(ShownSurface& shown);
 
-/// Where `camera` puts it in a picture of `width` × `height`.
+/// The matrices for `camera` and a picture of `width` × `height`.
 ViewMatrices presentMatrices(ShownSurface& shown, const Camera& camera, int width, int height);
 
 }  // namespace morvane

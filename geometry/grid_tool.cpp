@@ -8,7 +8,7 @@ namespace {
 
 constexpr glm::vec4 kCornerColour{1.0F, 0.0F, 1.0F, 1.0F};
 constexpr glm::vec4 kBoxColour{1.0F, 1.0F, 1.0F, 0.5F};
-// Low: the eye sees a high top face over more of the surface than the box marks.
+// Low, as the top face of a high box would seem to cover more of the surface than the box marks.
 constexpr float kBoxHalfHeight = 0.01F;
 
 }  // namespace

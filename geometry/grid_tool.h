@@ -7,14 +7,14 @@ namespace morvane {
 
 class GridTool {
  public:
-  /// Takes the size of the grid on show: the first one puts the corners at its ends, a smaller one
-  /// later brings them inside.
+  /// Sets the size of the grid shown. The first call puts the corners at the ends of the grid. With
+  /// a smaller grid later the corners are clamped to it.
   void setGrid(const GridSize& grid);
 
   [[nodiscard]] Pins& corners() { return corners_; }
   [[nodiscard]] PinPair places() const { return placesOf(corners_); }
 
-  /// Makes `corner` the one that `move` moves.
+  /// Selects `corner` as the one that `move` moves.
   void grab(Pin& corner) { grabbed_ = &corner; }
   [[nodiscard]] const Pin& grabbed() const { return *grabbed_; }
   /// Moves the grabbed corner by a motion in model units.
@@ -25,7 +25,7 @@ class GridTool {
 
  private:
   GridSize grid_;
-  PinSize pinSize_{};  // recorded with the grid; the corners have a size of their own
+  PinSize pinSize_{};  // set with the grid; the corners have their own size
   Pins corners_;
   Pin* grabbed_ = corners_.data();
   bool placed_ = false;

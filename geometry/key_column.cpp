@@ -8,13 +8,13 @@ namespace morvane {
 namespace {
 
 constexpr float kScale = 0.4F;
-constexpr float kLeastPart = 0.8F;      // of that, of numbers that are to be read
+constexpr float kLeastPart = 0.8F;      // of that, for readable numbers
 constexpr float kLabelOffset = 0.005F;  // device units beside the key
 constexpr float kMargin = 6.0F;         // units to the edge of the view
 constexpr const char* kGap = "  ";      // between key and number
 
 constexpr float acrossOf(float deviceX) { return kTextSpaceWidth / 2 * (1.0F + deviceX); }
-// Kept: not quite the middle of the space.
+// Kept: 387 is not exactly the middle of the space.
 constexpr float upOf(float deviceY) { return 387.0F + 387.5F * deviceY; }
 
 }  // namespace
@@ -37,7 +37,7 @@ KeyColumn keyColumn(float max, float min, const TextWidth& textWidth) {
   column.scale = kScale * std::min(1.0F, room / widest);
   const float gap = textWidth(kGap, column.scale);
   for (KeyNumber& number : column.numbers) {
-    // The blanks before it, moved behind it.
+    // Left of the key the blanks are needed after the number, not before it.
     number.x = atRight ? right : left - gap - textWidth(number.text, column.scale);
   }
   return column;

@@ -1,4 +1,4 @@
-// Where the numbers of the colour key stand: no window, no GL.
+// The places of the numbers of the colour key: no window, no GL.
 #pragma once
 
 #include <array>
@@ -11,7 +11,7 @@
 
 namespace morvane {
 
-/// The space that the texts of the view are laid out in: the view at its first size.
+/// The space in which the texts of the view are laid out: the initial size of the view.
 inline constexpr float kTextSpaceWidth = 1130.0F;
 inline constexpr float kTextSpaceHeight = 775.0F;
 
@@ -27,13 +27,13 @@ struct KeyColumn {
   float scale = 1.0F;
 };
 
-/// The numbers between `max` and `min`, beside the key: right of it, a little smaller where the
-/// room asks for it; left of it where they would be too small to read. `textWidth` tells units of
-/// the text space, in which narrow windows make glyphs wider.
+/// The numbers from `max` to `min` beside the key. They are to its right, a little smaller if there
+/// is little room. If they would be too small to read they are to its left. `textWidth` returns
+/// units of the text space, in which glyphs are wider in narrow windows.
 KeyColumn keyColumn(float max, float min, const TextWidth& textWidth);
 
-/// The room that the key and its numbers take in a view of `width` × `height` pixels, in which
-/// glyphs are `textHeight` units of the text space high at a scale of 1.
+/// The area of the key and its numbers in a view of `width` × `height` pixels. Glyphs at a scale of
+/// 1 are `textHeight` units of the text space high.
 std::vector<ScreenQuad> roomOf(const KeyColumn& column, const TextWidth& textWidth,
                                float textHeight, int width, int height);
 

@@ -1,4 +1,4 @@
-// Pins: the upright boxes on the surface by which the section and the grid box are moved.
+// Pins: upright boxes on the surface that are dragged to move the section and the grid box.
 #pragma once
 
 #include <array>
@@ -11,7 +11,8 @@
 
 namespace morvane {
 
-/// One pin. The picking world points at it, so that it keeps its address while it can be picked.
+/// One pin. The picking world holds its address, so it must not move in memory while it can be
+/// picked.
 struct Pin {
   glm::vec3 position{0.0F};  ///< of its centre, model units
   glm::quat rotation = glm::identity<glm::quat>();
@@ -22,11 +23,11 @@ struct Pin {
 /// The two pins of one tool.
 using Pins = std::array<Pin, 2>;
 
-/// Where the two stand, and putting them there.
+/// Reads and sets the positions of both pins.
 PinPair placesOf(const Pins& pins);
 void placePins(Pins& pins, const PinPair& places);
 
-/// Places a pin's box, still of half-extents 1, in the space that `overlay` places.
+/// The model matrix of a pin's box (a cube of half-extents 1), after `overlay`.
 glm::mat4 pinMatrix(const Pin& pin, const glm::mat4& overlay);
 
 }  // namespace morvane

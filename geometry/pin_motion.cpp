@@ -14,7 +14,7 @@ constexpr float kPinZ = 0.05F;
 
 float modelUnits(std::size_t points) { return static_cast<float>(points) / kPointsPerUnit; }
 
-/// The furthest place of a pin. Kept: x is bounded by the width, y by the height less one.
+/// The largest coordinates of a pin. Kept: x is limited by the width, y by the height minus one.
 glm::vec2 farEdge(const GridSize& grid) {
   return {modelUnits(grid.width), modelUnits(grid.height > 0 ? grid.height - 1 : 0)};
 }
@@ -28,7 +28,8 @@ float numberOrZero(float value) { return std::isnan(value) ? 0.0F : value; }
 
 bool inside(float value, float most) { return value > 0.0F && value < most; }
 
-/// First and number of the grid points next to and between two coordinates of one axis.
+/// The first grid point and the number of grid points between two coordinates of one axis, each
+/// rounded to a point.
 std::pair<std::size_t, std::size_t> pointsBetween(float a, float b, std::size_t count) {
   const auto point = [count](float coordinate) {
     const float place =

@@ -24,11 +24,11 @@ constexpr float kLineBase = 10.0F;   // pixels above the bottom
 constexpr float kLineMargin = 6.0F;  // pixels from the right edge
 constexpr double kPlainMost = 1e6;   // larger numbers are written with a power of ten
 
-/// `value` with the decimals that tell it from a neighbour `step` away; `most` is the largest of
-/// the numbers it stands among.
+/// `value` with enough decimals to distinguish numbers that are `step` apart. `most` is the largest
+/// number of the scale.
 std::string numberText(double value, double step, double most) {
   const auto digits = [](double x) { return static_cast<int>(std::floor(std::log10(x) + 1e-9)); };
-  // A file may announce any pitch, and what is endless has no digits to count.
+  // The pitch in a file may have any value; infinity has no digits to count.
   if (!(step > 0.0) || !std::isfinite(most / step)) return shownText(value, 2);
   if (most < kPlainMost && most > 1.0 / kPlainMost) {
     return shownText(value, std::clamp(-digits(step), 0, 9));
@@ -49,7 +49,7 @@ double roundStep(double span) {
   return power;
 }
 
-/// The heights of the curve's room: a round one in the middle, where the horizontal axis lies.
+/// The height range of the plot. A round height is in the middle, at the horizontal axis.
 struct HeightRange {
   double middle = 0.0;
   double half = 1.0;
@@ -59,10 +59,10 @@ struct HeightRange {
   }
 };
 
-/// The extremes of the samples fill the room. A line without relief has room for the larger of the
-/// heat map's limits above and below it.
+/// The extremes of the samples fill the plot. Around a flat line the range is the larger of the
+/// heat-map limits, above and below it.
 HeightRange heightRange(const PlotData& data) {
-  // A limit typed beyond single precision is endless.
+  // A typed limit too large for a float is infinite.
   const auto bounded = [](float height) {
     constexpr float kMost = std::numeric_limits<float>::max();
     return double{std::clamp(height, -kMost, kMost)};
@@ -116,7 +116,7 @@ class Layout {
       return glm::vec2(plot::kLeft + static_cast<float>(drawn[i]) * step,
                        range_.deviceY(double{height(i)}));
     };
-    // Whether the piece behind a sample lies on a limit.
+    // Whether the segment after a sample lies on a limit.
     const auto flat = [&](std::size_t i) {
       return data_.clip.on && (height(i) == data_.clip.high || height(i) == data_.clip.low) &&
              (!there(i + 1) || height(i) == height(i + 1));
@@ -127,15 +127,15 @@ class Layout {
       std::vector<glm::vec2> run = {point(i)};
       std::size_t last = i;
       while (there(last + 1) && flat(last) == clipped) run.push_back(point(++last));
-      // A sample alone between two gaps still has its step of the line.
+      // A single sample between two gaps is drawn as one step of the line.
       if (last == i) run.emplace_back(run[0].x + step, run[0].y);
       addRun(run, clipped ? plot_.clipped : plot_.curve);
-      // Where the kind changes, the next run begins with the sample that ends this one.
+      // Where the kind of segment changes, the next run begins with the last sample of this one.
       i = there(last + 1) ? last - 1 : last;
     }
   }
 
-  /// Adds the pieces of a line without gaps, at least a pixel of it, within the curve's room.
+  /// Adds the segments of a line without gaps, clamped to the plot and at least a pixel long.
   void addRun(const std::vector<glm::vec2>& run, std::vector<glm::vec2>& line) const {
     std::vector<glm::vec2> pixels;
     for (const glm::vec2& point : run) pixels.emplace_back(pixelX(point.x), pixelY(point.y));
@@ -163,7 +163,7 @@ class Layout {
     addLeftOfAxis("µm", pixelY(plot::kMiddle + plot::kHalfCurve + 0.14F) - kNumberDrop);
   }
 
-  /// Shrunk where the window is too narrow for it.
+  /// The text is scaled down if the window is too narrow for it.
   void addLeftOfAxis(const std::string& text, float y) {
     const float right = pixelX(plot::kLeft - plot::kAxisWidth) - kNumberGap / 2.0F;
     const float wide = textWidth_(text, kNumberScale);
@@ -171,7 +171,8 @@ class Layout {
     plot_.texts.push_back({text, {right - std::min(wide, right), y}, scale});
   }
 
-  /// The numbers below the ticks: every tick where they have room, else every second, fifth, tenth.
+  /// The numbers below the ticks: at every tick if there is room, else at every second, fifth or
+  /// tenth.
   void addDistances() {
     const double distance = profileDistance(data_.section, data_.pixelSize);
     const double step = distance / (plot::kTicks - 1);
@@ -185,14 +186,14 @@ class Layout {
     const float room = pixelX(plot::tickX(1)) - pixelX(plot::tickX(0));
     int every = 1;
     for (const int next : {2, 5, 10}) {
-      // The first and the last may stand half their width beside their ticks.
+      // The first and the last number may be off their ticks by half their width.
       if (room * static_cast<float>(every) < 1.5F * widest + kNumberGap) every = next;
     }
     for (int i = 0; i < plot::kTicks; i += every) {
       const std::string& number = numbers[static_cast<std::size_t>(i)];
       const float wide = textWidth_(number, kNumberScale);
       const float centred = pixelX(plot::tickX(i)) - wide / 2.0F;
-      // The first begins at the vertical axis, the last ends within the window.
+      // The first number starts at the vertical axis, the last one ends inside the window.
       const float least = pixelX(plot::kLeft) + kNumberGap / 2.0F;
       plot_.texts.push_back(
           {number, {std::clamp(centred, least, std::max(least, width_ - wide)), y}, kNumberScale});
@@ -216,7 +217,7 @@ class Layout {
       plot_.texts.push_back({distance, {std::min(right, last), kLineBase}, kLineScale});
       return;
     }
-    // Too narrow for their places: side by side over the whole width, as large as fits.
+    // Too narrow for the usual places: side by side over the whole width, as large as possible.
     const float room = width_ - 2.0F * kLineMargin - kNumberGap;
     const float fits = std::min(1.0F, room / (extremesWidth + distanceWidth));
     const float scale = kLineScale * std::max(fits, 0.0F);

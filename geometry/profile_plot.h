@@ -15,18 +15,18 @@ struct PlotData {
   const ProfileSection& section;
   ProfileClip clip;
   float pixelSize = 0.0F;  ///< spacing of the samples, mm
-  float limitHigh = 0.0F;  ///< heat-map limits; they give a flat line its scale
+  float limitHigh = 0.0F;  ///< heat-map limits; they scale the plot of a flat line
   float limitLow = 0.0F;
 };
 
 /// A text of the plot, at a size of 48 pixels times `scale`.
 struct PlotText {
   std::string text;
-  glm::vec2 place{0.0F};  ///< where its baseline starts, in pixels from the lower left corner
+  glm::vec2 place{0.0F};  ///< start of the baseline, in pixels from the lower left corner
   float scale = 1.0F;
 };
 
-/// Where the parts of the plot stand, in device coordinates.
+/// The places of the plot's parts, in device coordinates.
 namespace plot {
 inline constexpr float kLeft = -0.75F;       // where the curve begins, beside the vertical axis
 inline constexpr float kAxisWidth = 0.03F;   // of the vertical axis
@@ -45,13 +45,13 @@ inline constexpr float tickX(int i) {
 /// Lines as pairs of points in device coordinates.
 struct ProfilePlot {
   std::vector<glm::vec2> curve;    ///< the section, with its gaps
-  std::vector<glm::vec2> clipped;  ///< the parts of it that lie on a limit it was clipped to
+  std::vector<glm::vec2> clipped;  ///< the parts of it that were clipped to a limit
   std::vector<glm::vec2> levels;   ///< the heights that have a number
   std::vector<PlotText> texts;
 };
 
-/// Lays out the plot for a window of `width` × `height` pixels, a unit of text each. Without
-/// samples there are only the texts below it.
+/// Lays out the plot for a window of `width` × `height` pixels; a text unit is a pixel. Without
+/// samples there are only the texts below the plot.
 ProfilePlot layOutProfile(const PlotData& data, int width, int height, const TextWidth& textWidth);
 
 }  // namespace morvane

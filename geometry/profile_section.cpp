@@ -13,7 +13,8 @@
 namespace morvane {
 namespace {
 
-// No measured line comes near. A file may announce one that would take all memory there is.
+// Far more than any measured line has. The header of a damaged file could ask for a line that fills
+// the memory.
 constexpr std::size_t kMostSamples = 20'000'000;
 
 struct GridPoint {
@@ -23,14 +24,14 @@ struct GridPoint {
 
 std::int64_t sign(std::int64_t value) { return (value > 0) - (value < 0); }
 
-/// The grid point a pin stands on. The product is formed in single precision before it is cut.
+/// The grid point under a pin. The product is computed in single precision before it is truncated.
 GridPoint gridPointOf(const glm::vec3& pin) {
   return {static_cast<std::int64_t>(pin.x * kPointsPerUnit),
           static_cast<std::int64_t>(pin.y * kPointsPerUnit)};
 }
 
-/// How far along one axis of the grid a sample lies: `whole` steps in the direction of travel,
-/// signed, and the fraction of a step behind them, a magnitude.
+/// The position of a sample along one grid axis: `whole` signed steps in the direction of travel,
+/// plus the absolute fraction of a step.
 struct Advance {
   Advance(float perSample, std::size_t sample) {
     const float way = perSample * static_cast<float>(sample);
@@ -42,12 +43,13 @@ struct Advance {
   float fraction;
 };
 
-/// From one height toward the next; what is not reached takes no part, even when it is missing.
+/// Interpolates from one height to the next. At a fraction of 0 the next one is ignored, even if it
+/// is missing.
 float interpolated(float from, float to, float fraction) {
   return fraction > 0.0F ? from + (to - from) * fraction : from;
 }
 
-/// Reads heights along a line over a grid that is not empty.
+/// Samples heights along a line over a non-empty grid.
 class Sampler {
  public:
   Sampler(const HeightGrid& grid, const PinPair& pins, std::size_t count)
@@ -71,7 +73,7 @@ class Sampler {
     const Advance columns(columnStep_, i);
     const GridPoint own = {start_.column + columns.whole, start_.row + rows.whole};
     const float here = at(own);
-    // Kept: this drops the next row's height on lines that run toward lower rows.
+    // Kept: this ignores the next row's height on lines that run toward lower rows.
     const bool rowCounts = columns.whole + (rows.whole + rowSign_) * width_ - startMinusEnd_ >= 0;
     const float nextRow = rowCounts ? at({own.column, own.row + rowSign_}) : here;
     const float nextColumn = at({own.column + columnSign_, own.row});
@@ -82,7 +84,7 @@ class Sampler {
   }
 
  private:
-  /// A line may start one step beyond the last column: what lies outside is the edge's.
+  /// A line may start one step beyond the last column. Points outside have the height of the edge.
   [[nodiscard]] float at(GridPoint point) const {
     const std::int64_t column = std::clamp<std::int64_t>(point.column, 0, width_ - 1);
     const std::int64_t row = std::clamp<std::int64_t>(point.row, 0, height_ - 1);
@@ -97,7 +99,7 @@ class Sampler {
   float columnStep_ = 0.0F;
   std::int64_t rowSign_ = 0;
   std::int64_t columnSign_ = 0;
-  std::int64_t startMinusEnd_ = 0;  // distance of the ends' elements
+  std::int64_t startMinusEnd_ = 0;  // difference of the element indices of both ends
 };
 
 float firstFiniteHeight(const HeightGrid& grid) {
@@ -151,7 +153,7 @@ std::vector<std::size_t> drawnSamples(const ProfileSection& section) {
   std::vector<std::size_t> drawn;
   for (std::size_t first = 0; first < samples.size(); first += share) {
     const std::size_t end = std::min(first + share, samples.size());
-    // What speaks for the share: its lowest, its highest, and a gap.
+    // The samples that represent the part: its lowest, its highest, and a gap.
     std::array<std::size_t, 3> kept = {first, first, first};
     for (std::size_t i = first; i < end; ++i) {
       const float height = samples[i].y;

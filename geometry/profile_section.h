@@ -1,4 +1,4 @@
-// The section under the profile line: the surface's heights sampled from one pin to the other.
+// The section along the profile line: the surface's heights sampled from one pin to the other.
 #pragma once
 
 #include <cstddef>
@@ -10,7 +10,7 @@
 
 namespace morvane {
 
-/// The limits that sampled heights are clipped to while `on`, those of the heat map.
+/// The heat-map limits to which sampled heights are clipped while `on`.
 struct ProfileClip {
   bool on = false;
   float low = 0.0F;
@@ -23,12 +23,12 @@ struct ProfileSection {
   /// One sample per grid step of length: distance along the line in model units, height, 0. The
   /// height is NaN where the surface has missing points: a gap.
   std::vector<glm::vec3> samples;
-  std::size_t drawn = 0;  ///< how many samples have a height
-  /// Extremes of the samples and, kept, of the grid's first finite height, where the line may not
-  /// pass at all. 0 when the grid has none.
+  std::size_t drawn = 0;  ///< number of samples with a height
+  /// Extremes of the samples. Kept: they include the grid's first finite height, which need not be
+  /// on the line. 0 when the grid has no finite height.
   float sampleMin = 0.0F;
   float sampleMax = 0.0F;
-  /// Extremes of the samples that have a height; 0 when none has.
+  /// Extremes of the samples with a height; 0 when there are none.
   float localMin = 0.0F;
   float localMax = 0.0F;
 };
@@ -36,20 +36,20 @@ struct ProfileSection {
 /// The distance of two pins in x and y, model units.
 float lineLength(const PinPair& pins);
 
-/// Samples `grid` along the line from `pins.a` to `pins.b`, which are first clamped to the grid.
-/// A sample is the mean of two interpolations, one toward the next row and one toward the next
-/// column in the direction of travel. A point outside the grid, such as those of the step beyond
-/// the last column, has the height of the nearest column or row. Pins less than half a step apart
-/// have no samples. Throws std::bad_alloc where memory does not hold the samples, or would be
-/// filled by them.
+/// Samples `grid` along the line from `pins.a` to `pins.b`, which are first clamped to the grid. A
+/// sample is the mean of two linear interpolations in the direction of travel: toward the next row
+/// and toward the next column. Points outside the grid, such as those in the step beyond the last
+/// column, have the height of the nearest column or row. Pins less than half a step apart give no
+/// samples. Throws std::bad_alloc when there is not enough memory for the samples.
 ProfileSection sampleProfile(const HeightGrid& grid, const PinPair& pins, const ProfileClip& clip);
 
-/// Which samples a curve through the section needs, in order: all of them, or, of more than any
-/// picture can show, the lowest, the highest and a gap of each of many equal shares.
+/// The indices of the samples to draw, in order. If there are more samples than a picture can show,
+/// they are split into many equal parts, and only the lowest sample, the highest sample and a gap
+/// of each part are drawn.
 std::vector<std::size_t> drawnSamples(const ProfileSection& section);
 
-/// The real distance between neighbouring samples of a line, in the unit of the two pitches; the
-/// pitch itself where both are the same.
+/// The true distance between neighbouring samples of a line, in the unit of the two pitches. It is
+/// the pitch itself if both are equal.
 float pixelSizeAlong(const PinPair& pins, double pixelSizeX, double pixelSizeY);
 
 /// The distance that the plot prints: samples × their spacing.

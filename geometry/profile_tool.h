@@ -11,7 +11,7 @@
 
 namespace morvane {
 
-/// The surface that sections are taken of.
+/// The surface that is sectioned.
 struct ProfileSurface {
   std::shared_ptr<const HeightGrid> heights;
   double pixelSizeX = 0.0;  ///< mm between columns
@@ -23,46 +23,47 @@ struct ProfileSurface {
   bool operator==(const ProfileSurface&) const = default;
 };
 
-/// The surface on show as a section sees it.
+/// The surface shown, as the section needs it.
 ProfileSurface profileSurface(ShownSurface& shown);
 
-/// The pins are drawn and picked in the 3D view; they stay from one measurement to the next.
+/// The pins are drawn and picked in the 3D view. They stay in place when another measurement is
+/// shown.
 class ProfileTool {
  public:
   /// Writes its diagnostics to `log`, which must outlive it.
   explicit ProfileTool(std::ostream& log) : log_(&log) {}
 
-  /// Takes the surface on show; pins of a larger one come inside. Where it is another one the
-  /// section is taken anew.
+  /// Sets the surface shown. Pins outside it are clamped to it. If the surface is a different one
+  /// the section is computed again.
   void setSurface(const ProfileSurface& surface);
   [[nodiscard]] const ProfileSurface& surface() const { return surface_; }
 
   [[nodiscard]] bool pinsExist() const { return pinsExist_; }
-  /// Creates the pins in the size that suits the grid, at the two ends of its first column.
+  /// Creates the pins at the two ends of the first column, in the size for the grid.
   void loadPins();
-  /// Puts pins that exist back to where `loadPins` places them.
+  /// Puts existing pins back to the places of `loadPins`.
   void resetPins();
   [[nodiscard]] Pins& pins() { return pins_; }
   [[nodiscard]] bool owns(const Pin& pin) const {
     return &pin == pins_.data() || &pin == &pins_[1];
   }
 
-  /// Makes `pin`, one of the two, the one that `movePin` moves.
+  /// Selects `pin`, one of the two, as the one that `movePin` moves.
   void grab(Pin& pin) { grabbedPin_ = &pin; }
   /// The same for the second pin.
   void grabSecond() { grabbedPin_ = &pins_[1]; }
   [[nodiscard]] const Pin& grabbedPin() const { return *grabbedPin_; }
-  /// Moves the grabbed pin, or with `wholeLine` both, by a motion in model units.
+  /// Moves the grabbed pin by a motion in model units. With `wholeLine` both pins move.
   void movePin(glm::vec2 motion, bool wholeLine);
-  /// Exchanges the places of the two.
+  /// Swaps the places of the two pins.
   void swapPins();
 
-  /// Limits that clip the section's heights.
+  /// The limits to which the section's heights are clipped.
   [[nodiscard]] ProfileClip clip() const;
-  /// The section between the pins, taken anew where something has changed.
+  /// The section between the pins, computed again if anything has changed.
   const ProfileSection& section();
 
-  /// Called when the section is no longer what it was.
+  /// Called when the section has changed.
   std::function<void()> onChange;
 
  private:

@@ -6,7 +6,7 @@
 namespace morvane {
 namespace {
 
-/// Whether a side of `a` has all of `b` beyond it.
+/// Whether a side of `a` separates it from `b` (separating axis theorem).
 bool sideParts(const ScreenQuad& a, const ScreenQuad& b) {
   for (std::size_t i = 0; i < a.size(); ++i) {
     const glm::vec2 side = a[(i + 1) % a.size()] - a[i];

@@ -1,4 +1,4 @@
-// Convex pieces of the screen, such as the room of a text.
+// Convex quads on the screen, such as the box of a text.
 #pragma once
 
 #include <array>
@@ -6,10 +6,10 @@
 
 namespace morvane {
 
-/// Four corners in pixels, in turn; a line has each of its ends twice.
+/// Four corners in pixels, in order. A line has each of its ends twice.
 using ScreenQuad = std::array<glm::vec2, 4>;
 
-/// Whether two convex quads have a point in common.
+/// Whether two convex quads overlap.
 bool overlap(const ScreenQuad& a, const ScreenQuad& b);
 
 }  // namespace morvane

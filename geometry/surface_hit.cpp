@@ -12,7 +12,7 @@
 namespace morvane {
 namespace {
 
-// Grid steps by which the surface reaches beyond its rim, as single precision may put it there.
+// Tolerance at the rim of the surface, in grid steps, for rounding errors of single precision.
 constexpr double kRim = 0.001;
 
 /// A ray over the grid: x in columns, y in rows, z in model units; `t` in model units.
@@ -47,8 +47,8 @@ bool isFinite(const glm::dvec3& v) {
   return std::isfinite(v.x) && std::isfinite(v.y) && std::isfinite(v.z);
 }
 
-/// Cuts `span` to the part in which one coordinate is on the `cells` of its axis; false if none is
-/// left.
+/// Clips `span` to the part in which one coordinate is inside the `cells` of its axis. False if
+/// nothing is left.
 bool cutTo(std::int64_t cells, double origin, double direction, Span& span) {
   const double least = -kRim;
   const double most = static_cast<double>(cells) + kRim;
@@ -60,14 +60,14 @@ bool cutTo(std::int64_t cells, double origin, double direction, Span& span) {
   return span.from <= span.to;
 }
 
-/// The way of a line over the cells of one axis.
+/// Steps along a line from cell to cell of one axis.
 struct AxisWalk {
   AxisWalk(double o, double d, double start, std::int64_t cells)
       : origin(o), direction(d), step(d > 0.0 ? 1 : -1), count(cells) {
     cell = std::clamp<std::int64_t>(static_cast<std::int64_t>(std::floor(o + d * start)), 0,
                                     cells - 1);
   }
-  /// Where the line leaves the present cell for another.
+  /// The parameter at which the line leaves the current cell.
   [[nodiscard]] double exit() const {
     const bool last = cell + step < 0 || cell + step >= count;
     if (direction == 0.0 || last) return std::numeric_limits<double>::infinity();
@@ -80,12 +80,12 @@ struct AxisWalk {
   std::int64_t cell = 0;
 };
 
-/// Follows a line over the cells and watches on which side of the surface it is.
+/// Follows a line over the cells and tracks on which side of the surface it is.
 class SurfaceWalk {
  public:
   SurfaceWalk(const DrawnHeights& heights, const Line& line) : heights_(heights), line_(line) {}
 
-  /// Where on the line the first crossing is.
+  /// The parameter of the first crossing.
   std::optional<double> firstCrossing() {
     const HeightGrid& grid = heights_.grid;
     if (cellCount(grid) == 0) return std::nullopt;
@@ -123,7 +123,7 @@ class SurfaceWalk {
     const double below = drawnHeight(column, row + 1);
     const double far = drawnHeight(column + 1, row + 1);
     corner_ = {static_cast<double>(column), static_cast<double>(row)};
-    // The triangles of the mesh meet on the diagonal from the first point to the opposite one.
+    // The two triangles of a cell meet on the diagonal from its first point to the opposite one.
     const Facet lower = {near, far - below, below - near};
     const Facet upper = {near, across - near, far - across};
     const double d0 = aboveDiagonal(span.from);
@@ -141,7 +141,7 @@ class SurfaceWalk {
     return (p.x - corner_.x) - (p.y - corner_.y);
   }
 
-  /// How high the line passes over the plane of a facet.
+  /// The height of the line above the plane of a facet.
   [[nodiscard]] double clearance(const Facet& facet, double t) const {
     const glm::dvec3 p = line_.at(t);
     return p.z -
@@ -156,7 +156,8 @@ class SurfaceWalk {
     const double from = clearance(facet, span.from);
     const double to = clearance(facet, span.to);
     if (!above_ && from == 0.0) return span.from;
-    // The side is handed on from facet to facet, so that no line slips through a seam.
+    // The side is carried from facet to facet, so that a line cannot slip through the edge between
+    // two.
     const bool wasAbove = above_.value_or(from > 0.0);
     above_ = to > 0.0;
     if (*above_ == wasAbove) return std::nullopt;
@@ -166,8 +167,8 @@ class SurfaceWalk {
 
   const DrawnHeights& heights_;
   const Line& line_;
-  glm::dvec2 corner_{0.0};     // first point of the present cell
-  std::optional<bool> above_;  // side of the surface; unknown at the rim of it and of holes
+  glm::dvec2 corner_{0.0};     // first point of the current cell
+  std::optional<bool> above_;  // side of the surface; unknown at the rim and beside holes
 };
 
 std::optional<double> meanPlaneCrossing(const DrawnHeights& heights, const Line& line) {

@@ -1,4 +1,5 @@
-// The point of the surface under the cursor: where a picking ray meets the heights as drawn.
+// The point of the surface under the cursor: the intersection of a picking ray with the heights as
+// drawn.
 #pragma once
 
 #include <glm/mat4x4.hpp>
@@ -11,27 +12,27 @@
 
 namespace morvane {
 
-/// What is needed to know where the surface is drawn.
+/// The heights and how they are drawn.
 struct DrawnHeights {
   const HeightGrid& grid;
   Crop crop;            ///< bounds the drawn heights
   float zScale = 1.0F;  ///< their exaggeration
-  float mean = 0.0F;    ///< of the heights; where the plane beside the surface lies
-  float lift = 0.0F;    ///< how much higher they are drawn, model units
+  float mean = 0.0F;    ///< of the heights; the height of the plane beside the surface
+  float lift = 0.0F;    ///< offset at which they are drawn, model units
 };
 
-/// Where a height is drawn, model units.
+/// The model z of a height.
 double modelHeight(const DrawnHeights& heights, float height);
 
 struct SurfaceHit {
-  glm::vec3 point;  ///< in the space of the pins: model units before centring, turn and pan
+  glm::vec3 point;  ///< in pin space: model units before centring, rotation and pan
   bool onSurface;   ///< false: on the plane of the mean height
 };
 
-/// The first point in which `ray` meets the drawn triangles, from above or below. Where it meets
-/// none, beside the surface or in a hole of missing points, the plane of the mean height takes
-/// their place; nothing when the ray misses that too. `overlay` is the frame's matrix of the same
-/// name. Looks only at the cells that the ray passes over, at most width + height.
+/// The first intersection of `ray` with the drawn triangles, from above or below. If there is none,
+/// beside the surface or in a hole of missing points, the intersection with the plane of the mean
+/// height. None when the ray misses that too. `overlay` is the frame's `ViewMatrices::overlay`.
+/// Only the cells under the ray are tested, at most width + height.
 std::optional<SurfaceHit> surfaceHit(const DrawnHeights& heights, const Ray& ray,
                                      const glm::mat4& overlay);
 

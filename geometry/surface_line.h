@@ -1,4 +1,4 @@
-// Lines that follow the surface's heights, made of pieces that every driver draws.
+// Lines that follow the surface's heights, split into segments that every driver draws correctly.
 #pragma once
 
 #include <algorithm>
@@ -16,19 +16,20 @@
 
 namespace morvane {
 
-/// The profile line from pin to pin along the heights of the section, in the space of the pins, as
-/// high as the surface is drawn. A gap is a point whose z is NaN.
+/// The profile line from pin to pin along the heights of the section, in pin space, at the height
+/// at which the surface is drawn. A gap is a point whose z is NaN.
 std::vector<glm::vec3> sectionLine(const ProfileSection& section, const PinPair& pins,
                                    float heightToModel, float lift);
 
-/// Once round the edge of `region`, which lies inside the grid, along the heights as drawn; in the
-/// space of the pins, missing points as gaps.
+/// The outline of `region`, which lies inside the grid, along the heights as drawn, in pin space.
+/// Missing points are gaps.
 std::vector<glm::vec3> regionOutline(const DrawnHeights& heights, const GridRegion& region);
 
-/// Adds to `pieces`, pairs of points, what is drawn of a line without gaps whose points stand at
-/// `pixels` in the window. With some drivers pieces shorter than a pixel vanish and neighbours
-/// leave cracks, so each but the last is at least a pixel long, and each but the first begins a
-/// pixel early. False, and nothing is added, when the whole line is shorter than a pixel.
+/// Adds the segments of a line without gaps to `pieces` as pairs of points. `pixels` are the window
+/// positions of the line's points. Some drivers do not draw segments shorter than a pixel and leave
+/// cracks between neighbours. So each segment but the last is at least a pixel long, and each but
+/// the first starts a pixel early. Returns false and adds nothing when the whole line is shorter
+/// than a pixel.
 template <typename Point>
 bool addPieces(std::span<const Point> line, std::span<const glm::vec2> pixels,
                std::vector<Point>& pieces) {
@@ -45,13 +46,14 @@ bool addPieces(std::span<const Point> line, std::span<const glm::vec2> pixels,
   return from > 0;
 }
 
-/// What is drawn of a line with gaps.
+/// The segments of a line with gaps.
 struct LinePieces {
-  std::vector<glm::vec3> ends;  ///< pairs of points, a piece between each two
-  std::vector<glm::vec3> dots;  ///< what lies between two gaps and is shorter than a pixel
+  std::vector<glm::vec3> ends;  ///< pairs of points, one pair per segment
+  std::vector<glm::vec3> dots;  ///< parts between two gaps that are shorter than a pixel
 };
 
-/// The pieces of `line` for a window of `width` × `height` pixels in which `matrix` places it.
+/// The segments of `line` in a window of `width` × `height` pixels; `matrix` transforms it to clip
+/// space.
 LinePieces linePieces(std::span<const glm::vec3> line, const glm::mat4& matrix, int width,
                       int height);
 

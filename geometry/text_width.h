@@ -1,4 +1,4 @@
-// How wide a text is, for those that lay texts out without a font.
+// The width of texts, for layout code that has no font.
 #pragma once
 
 #include <functional>
@@ -6,7 +6,7 @@
 
 namespace morvane {
 
-/// How wide a text is at a scale, in the units that glyphs are 48 high in at a scale of 1.
+/// The width of a text at a scale. Glyphs at a scale of 1 are 48 units high.
 using TextWidth = std::function<float(std::string_view text, float scale)>;
 
 }  // namespace morvane
