@@ -9,16 +9,16 @@
 
 namespace morvane {
 
-/// All of it needs a current GL context.
+/// All functions need a current GL context.
 class Axes {
  public:
-  /// Builds the lines and the program they are drawn with.
+  /// Creates the lines and their shader program.
   void generate();
 
-  /// Draws the lines beside the surface that `matrices` place.
+  /// Draws the lines beside the surface.
   void draw(const ViewMatrices& matrices, const AxesRange& range) const;
-  /// Draws names, lengths and heights in a window of `width` × `height` pixels, beside what is
-  /// `taken` of it.
+  /// Draws names, lengths and heights in a window of `width` × `height` pixels. They avoid the
+  /// `taken` area.
   static void drawLabels(const ViewMatrices& matrices, const AxesRange& range, int width,
                          int height, std::vector<ScreenQuad> taken, const TextRenderer& text);
 

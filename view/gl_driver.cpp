@@ -27,7 +27,7 @@ void checkGl(const char* frame) {
 }
 
 void takeGlErrors(const char* frame) {
-  constexpr int kMost = 8;  // a context that is lost has no last one
+  constexpr int kMost = 8;  // a lost context reports errors without end
   for (int i = 0; i < kMost; ++i) {
     const GLenum error = glGetError();
     if (error == GL_NO_ERROR) return;

@@ -1,4 +1,4 @@
-// Small owners of GL names; each releases its object while a context is current.
+// Owners of GL objects. Each deletes its object, if a context is current.
 #pragma once
 
 #include <GL/glew.h>
@@ -7,7 +7,7 @@
 
 namespace morvane {
 
-/// Move-only owner of one GL name; `Kind` says how such a name is made and released.
+/// Move-only owner of one GL object. `Kind` says how it is created and deleted.
 template <typename Kind>
 class GlObject {
  public:
@@ -24,7 +24,7 @@ class GlObject {
   GlObject(const GlObject&) = delete;
   GlObject& operator=(const GlObject&) = delete;
 
-  /// Makes a fresh object in the current context.
+  /// Creates an object in the current context.
   static GlObject generate() {
     GlObject object;
     Kind::generate(&object.name_);
@@ -33,7 +33,7 @@ class GlObject {
 
   [[nodiscard]] GLuint name() const { return name_; }
 
-  /// Lets the name go without releasing it: for what went with its context.
+  /// Forgets the object without deleting it, for objects that were destroyed with their context.
   void forget() { name_ = 0; }
 
   void reset() {

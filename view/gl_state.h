@@ -1,11 +1,11 @@
-// GL state that holds for a scope and is then put back to what it was.
+// Scoped GL state: set in the constructor and restored in the destructor.
 #pragma once
 
 #include <GL/glew.h>
 
 namespace morvane {
 
-/// Switches a capability of the current context on or off while it lives.
+/// Enables or disables a capability of the current context.
 class GlSwitch {
  public:
   GlSwitch(GLenum capability, bool on)
@@ -23,8 +23,7 @@ class GlSwitch {
   bool was_;
 };
 
-/// Lets what lies behind show through by the drawn alpha while it lives, and draws only what faces
-/// the eye.
+/// Enables alpha blending and back-face culling.
 class GlBlending {
  public:
   GlBlending() { glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA); }
@@ -34,7 +33,7 @@ class GlBlending {
   GlSwitch cull_{GL_CULL_FACE, true};
 };
 
-/// Leaves the depth buffer as it is while it lives.
+/// Disables writing to the depth buffer.
 class GlDepthReadOnly {
  public:
   GlDepthReadOnly() { glDepthMask(GL_FALSE); }
@@ -43,7 +42,7 @@ class GlDepthReadOnly {
   GlDepthReadOnly& operator=(const GlDepthReadOnly&) = delete;
 };
 
-/// Draws lines `width` pixels wide while it lives.
+/// Sets the line width to `width` pixels.
 class GlLineWidth {
  public:
   explicit GlLineWidth(float width) {

@@ -6,16 +6,16 @@
 
 namespace morvane {
 
-/// All of it needs a current GL context.
+/// All functions need a current GL context.
 class KeyRenderer {
  public:
-  /// Makes the key's program.
+  /// Creates the key's shader program.
   void generateProgram();
-  /// Makes its vertex array and buffers.
+  /// Creates its vertex array and buffers.
   void generateBuffers();
-  /// Builds the key's geometry anew and uploads it.
+  /// Computes and uploads the key's geometry.
   void rebuild();
-  /// Draws the key over whatever is there.
+  /// Draws the key over everything else.
   void draw() const;
 
   [[nodiscard]] bool usable() const { return program_.usable(); }

@@ -23,7 +23,7 @@ void MouseHand::drag(glm::vec2 point, HeldButtons held) {
   const glm::vec2 motion = point - previous_;
   if (held.left && held.right) {
     zoomByDrag(camera_, motion.y);
-    // Turned too if the left button came last, as it began a turn.
+    // Rotates too if the left button was pressed last, since that began a rotation.
     dragTurn(camera_, width_, height_, point);
   } else if (tools_.dragging() && (held.left || held.right)) {
     tools_.drag(shown_, matrices(), rayThrough(point), held.right);

@@ -1,4 +1,4 @@
-// What the mouse does in the picture: turning, shifting, zooming, and moving the tools' pins.
+// The mouse in the 3D view: rotating, panning, zooming, and moving the tools' pins.
 #pragma once
 
 #include "geometry/camera.h"
@@ -16,20 +16,20 @@ struct HeldButtons {
 /// Points are pixels of the window, y down.
 class MouseHand {
  public:
-  /// All must outlive it.
+  /// The arguments must outlive this object.
   MouseHand(ShownSurface& shown, Camera& camera, Tools& tools)
       : shown_(shown), camera_(camera), tools_(tools) {}
 
-  /// Takes the size of the window that the points are in.
+  /// Sets the size of the window of the points.
   void setWindow(int width, int height);
 
-  /// One button goes down: grabs the pin there, else begins a turn or a shift.
+  /// A button is pressed: grabs the pin there, or begins to rotate or pan.
   void press(glm::vec2 point, HeldButtons pressed);
   void drag(glm::vec2 point, HeldButtons held);
-  /// The last button goes up; motion right before may have been merged into that event.
-  /// Whether that changed the picture is returned.
+  /// A button is released. The event may contain motion that was not reported as a drag, so that is
+  /// applied first. Returns whether the picture changed.
   bool release(glm::vec2 point, HeldButtons held);
-  /// Makes zooming follow the point.
+  /// Makes zooming follow `point`.
   void move(glm::vec2 point);
   void wheel(int amount) { zoomByWheel(camera_, amount); }
 

@@ -24,7 +24,7 @@ btTransform toBullet(const glm::mat4& matrix) {
   return transform;
 }
 
-/// Draws what the world is asked to show of itself, as lines of immediate-mode GL. No frame asks.
+/// Bullet's debug drawing as lines of immediate-mode GL. It is never called while drawing a frame.
 class BulletDebugDrawer_DeprecatedOpenGL : public btIDebugDraw {
  public:
   void drawLine(const btVector3& from, const btVector3& to, const btVector3& colour) override {
@@ -46,7 +46,7 @@ class BulletDebugDrawer_DeprecatedOpenGL : public btIDebugDraw {
   int mode_ = 0;
 };
 
-/// A static box in the world for as long as it lives.
+/// A static box, which is in the world during the lifetime of this object.
 class PinBody {
  public:
   PinBody(btDynamicsWorld& world, Pin& pin, ToolKind kind, const btTransform& place)

@@ -13,7 +13,7 @@ namespace morvane {
 /// Which tool a pin belongs to.
 enum class ToolKind { kProfile, kGrid };
 
-/// Holds the pins of the active tools as static boxes. Nothing ever moves in it by itself.
+/// Holds the pins of the active tools as static boxes. There is no simulation.
 class PickWorld {
  public:
   PickWorld();
@@ -21,25 +21,25 @@ class PickWorld {
   PickWorld(const PickWorld&) = delete;
   PickWorld& operator=(const PickWorld&) = delete;
 
-  /// Takes the matrices of a frame: rays are cast in the world that these show.
+  /// Sets the matrices of the frame. Rays are cast in their world space.
   void setMatrices(const ViewMatrices& matrices);
 
-  /// Adds a pin, which must stay where it is until it is removed.
+  /// Adds a pin, which must not move in memory until it is removed.
   void addObject(Pin& pin, ToolKind kind);
-  /// Takes all pins of a tool out.
+  /// Removes all pins of a tool.
   void removeObjects(ToolKind kind);
-  /// Moves the boxes of a tool to where its pins now stand.
+  /// Moves the boxes of a tool to its pins.
   void refresh(ToolKind kind);
   /// Whether any pin of the tool is in the world.
   [[nodiscard]] bool contains(ToolKind kind) const;
 
-  /// The first pin that a ray of `kRayLength` meets, or null. `direction` is of length 1.
+  /// The first pin hit by a ray of `kRayLength`, or null. `direction` must have length 1.
   Pin* rayTest(const glm::vec3& origin, const glm::vec3& direction);
-  /// What the last ray test returned.
+  /// The result of the last ray test.
   [[nodiscard]] Pin* lastHit() const { return lastHit_; }
 
  private:
-  struct Bullet;  // keeps the library's headers out of this one
+  struct Bullet;  // keeps Bullet's headers out of this one
   std::unique_ptr<Bullet> bullet_;
   ViewMatrices matrices_;
   Pin* lastHit_ = nullptr;

@@ -18,8 +18,8 @@ constexpr std::size_t kEdgeVertices = 24;
 template <std::size_t count>
 using Vertices = std::array<std::array<float, 3>, count>;
 
-// Corners of one side in the plane of the two axes that follow the side's own, seen from outside
-// counter-clockwise on the positive side.
+// Corners of a side in the plane of the two axes that follow the side's own axis. They are
+// counter-clockwise, seen from outside, on the positive side.
 constexpr std::array<std::array<float, 2>, 6> kSide = {
     {{-1, -1}, {1, -1}, {1, 1}, {-1, -1}, {1, 1}, {-1, 1}}};
 
@@ -31,7 +31,8 @@ constexpr Vertices<kCubeVertices> cube() {
       for (const auto& corner : kSide) {
         auto& vertex = vertices[next++];
         vertex[axis] = sign;
-        vertex[(axis + 1) % 3] = corner[0] * sign;  // mirrored, and so turned, on the far side
+        vertex[(axis + 1) % 3] =
+            corner[0] * sign;  // mirrored on the far side, which reverses the winding
         vertex[(axis + 2) % 3] = corner[1];
       }
     }
@@ -99,7 +100,7 @@ void PinRenderer::setColour(const glm::vec4& colour) const {
 void PinRenderer::drawPin(const ViewMatrices& matrices, const Pin& pin) const {
   begin(matrices, pin);
   glDrawArrays(GL_TRIANGLES, 0, kCubeVertices);
-  // Without its edges a box in one colour is a shapeless patch.
+  // Without edges the faces of a box in one colour cannot be told apart.
   glDepthFunc(GL_LEQUAL);
   setColour(kEdgeColour);
   glBindVertexArray(edgeArray_.name());

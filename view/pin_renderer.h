@@ -10,16 +10,16 @@
 
 namespace morvane {
 
-/// Draws pins and translucent boxes. All of it needs a current GL context.
+/// Draws pins and translucent boxes. All functions need a current GL context.
 class PinRenderer {
  public:
-  /// Builds the program and the unit cube; once.
+  /// Creates the shader program and the unit cube. Call once.
   void generate();
   [[nodiscard]] bool generated() const { return program_.name() != 0; }
 
-  /// Draws a pin in its colour, its edges in white, where `matrices` put it.
+  /// Draws a pin in its colour with white edges.
   void drawPin(const ViewMatrices& matrices, const Pin& pin) const;
-  /// Draws the faces of `box` that look at the eye, letting through what lies behind them.
+  /// Draws the front faces of `box`, blended with what is behind them.
   void drawTranslucent(const ViewMatrices& matrices, const Pin& box) const;
 
  private:

@@ -20,7 +20,7 @@ constexpr glm::vec3 kPaper{1.0F, 1.0F, 1.0F};
 
 constexpr float kTickHalfLength = 0.02F;
 
-/// The vertical axis, a bar left of the curve's room, as two triangles.
+/// The vertical axis, a bar to the left of the curve, as two triangles.
 constexpr std::array<glm::vec2, 6> axisBar() {
   constexpr glm::vec2 kLow{plot::kLeft - plot::kAxisWidth, plot::kMiddle - plot::kHalfAxis};
   constexpr glm::vec2 kHigh{plot::kLeft, plot::kMiddle + plot::kHalfAxis};

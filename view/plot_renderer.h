@@ -1,4 +1,4 @@
-// The plot of a section, drawn into whatever context is current.
+// Draws the plot of a section into the current context.
 #pragma once
 
 #include <span>
@@ -12,18 +12,18 @@
 
 namespace morvane {
 
-/// All of it needs a current GL context.
+/// All functions need a current GL context.
 class PlotRenderer {
  public:
   [[nodiscard]] bool generated() const { return program_.name() != 0; }
-  /// Makes program and buffers; `fontPath` is the face of the numbers.
+  /// Creates the shader program and the buffers. `fontPath` is the font of the numbers.
   void generate(const std::string& fontPath, int width, int height);
-  /// Makes what no other context can see anew, in the current one; the context before is gone.
+  /// Recreates objects that contexts do not share, after the previous context was destroyed.
   void enterContext();
 
-  /// Draws the section of `tool` over `width` × `height` units of a white background.
+  /// Draws the section of `tool` on a white background of `width` × `height` units.
   void draw(ProfileTool& tool, int width, int height);
-  /// Clears the window to the plot's background.
+  /// Draws the empty background.
   static void drawNothing();
 
  private:

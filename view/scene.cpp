@@ -40,7 +40,7 @@ FrameReport Scene::draw(ShownSurface& shown, Tools& tools, const Camera& camera,
   if (keyShown && std::exchange(keyDirty_, false)) key_.rebuild();
   frame.print("Drawing Time for HM Key: ");
   tools.draw(shown, matrices);
-  // Over the tools, so that no pin stands before a number and the key shows its own colours.
+  // Drawn after the tools, so that pins do not hide numbers or the key.
   const auto [width, height] = std::pair{viewport.width, viewport.height};
   text_.setPixels(width, height);
   const TextWidth textWidth = [this](std::string_view text, float scale) {
@@ -100,7 +100,7 @@ void Scene::drawSurface(const ViewMatrices& matrices, const Camera& camera,
 
 void Scene::drawKey(ShownSurface& shown, const KeyColumn& column) {
   {
-    // However near the surface comes, the key lies over it.
+    // The key is in front of the surface at any zoom.
     const GlSwitch noDepth(GL_DEPTH_TEST, false);
     key_.draw();
   }

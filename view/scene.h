@@ -1,4 +1,4 @@
-// The picture of a surface: everything that is drawn, into whatever context is current.
+// Draws the picture of a surface into the current context.
 #pragma once
 
 #include <string>
@@ -14,15 +14,15 @@
 
 namespace morvane {
 
-/// What of the picture is switched on.
+/// Which parts of the picture are switched on.
 struct SceneOptions {
   bool axesVisible = true;     ///< axes with their labels
-  bool keyVisible = true;      ///< the colour key, while the surface wears its colours
+  bool keyVisible = true;      ///< the colour key, shown under the heat map only
   bool filledPolygons = true;  ///< the surface as triangles; else as points
   bool lightingOn = true;      ///< shaded colours; else raw ones
 };
 
-/// The size of a picture.
+/// The size of the picture.
 struct Viewport {
   int width = 0;  ///< in the units of mouse positions
   int height = 0;
@@ -30,21 +30,21 @@ struct Viewport {
   int pixelHeight = 0;
 };
 
-/// What a frame has to tell.
+/// The outcome of a frame.
 struct FrameReport {
   bool meshBuilt = false;
-  std::string notShown;  ///< why the surface of a new mesh cannot be drawn
-  std::string trouble;   ///< why nothing of it can; told once
+  std::string notShown;  ///< why a new mesh cannot be drawn
+  std::string trouble;   ///< why nothing can be drawn; reported once
 };
 
-/// Knows no window. GL calls happen inside `draw` alone.
+/// Knows no window. Makes GL calls in `draw` only.
 class Scene {
  public:
   /// The font of the texts.
   void setFont(const std::string& path) { fontPath_ = path; }
 
-  /// Draws one frame of `shown` with `tools` and logs its timing lines; the mesh is built first
-  /// where it is not that of `shown` any more.
+  /// Draws one frame of `shown` with `tools` and logs its timing. If the mesh in the buffers is out
+  /// of date it is rebuilt first.
   FrameReport draw(ShownSurface& shown, Tools& tools, const Camera& camera,
                    const SceneOptions& options, const Viewport& viewport);
   /// Draws the background of an empty view.

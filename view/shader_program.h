@@ -7,7 +7,7 @@
 
 namespace morvane {
 
-/// The sources of one program and the names its parts carry in the compile log.
+/// The sources of one program, and the names of its shaders in the log.
 struct ShaderSource {
   const char* vertexName;
   const char* fragmentName;
@@ -19,8 +19,8 @@ struct ShaderSource {
 class ShaderProgram {
  public:
   ShaderProgram() = default;
-  /// Compiles and links in the current context. A failure is never fatal: the driver's message is
-  /// printed, and the program, which then draws nothing, is there all the same.
+  /// Compiles and links in the current context. On failure it prints the driver's message; the
+  /// program can be used but draws nothing.
   explicit ShaderProgram(const ShaderSource& source);
   ~ShaderProgram();
   ShaderProgram(ShaderProgram&& other) noexcept;
@@ -29,9 +29,9 @@ class ShaderProgram {
   ShaderProgram& operator=(const ShaderProgram&) = delete;
 
   [[nodiscard]] GLuint name() const { return name_; }
-  /// Whether the program linked and so draws something.
+  /// Whether the program was linked.
   [[nodiscard]] bool usable() const { return usable_; }
-  /// Location of a uniform; −1, which GL ignores, when the program has none of that name.
+  /// The location of a uniform; −1, which GL ignores, when there is none of that name.
   [[nodiscard]] GLint uniform(const char* name) const { return glGetUniformLocation(name_, name); }
 
  private:

@@ -56,11 +56,11 @@ precision highp float;
 in vec2 place;
 uniform sampler2D text;
 uniform vec3 textCol;
-uniform float thickening;  // of what is smaller than it was made
+uniform float thickening;  // of glyphs drawn smaller than they were rasterised
 out vec4 color;
 
-// How much of the pixel the glyph covers. Of small text a pixel covers many texels, and one look at
-// the texture would miss thin strokes.
+// How much of the pixel the glyph covers. In small text a pixel covers many texels; a single sample
+// of the texture could miss thin strokes.
 float coverage() {
   vec2 right = dFdx(place);
   vec2 up = dFdy(place);
@@ -92,7 +92,7 @@ layout(location = 2) in vec3 vertexNormals;
 uniform mat4 M;
 uniform mat4 V;
 uniform mat4 P;
-uniform mat3 normalMatrix;  // transpose(inverse(M)), made once a frame, not once a vertex
+uniform mat3 normalMatrix;  // transpose(inverse(M)), computed per frame, not per vertex
 
 out vec3 fragmentColor;
 out vec3 vsPosition;
@@ -161,11 +161,11 @@ void main() {
 
   vec3 norm = normalize(vsNormal);
   vec3 toLight = normalize(-LightDirection);
-  // Both sides of the sheet are lit.
+  // Two-sided lighting.
   float diff = max(dot(gl_FrontFacing ? norm : -norm, toLight), 0.0);
   vec3 diffuse = diffuse_lighting * diff * fragmentColor;
 
-  // Tinted by the surface, so that a highlight never turns a height's colour white.
+  // Tinted by the surface colour, so that a highlight never hides the colour of a height.
   vec3 viewDir = normalize(CameraPosition - vsPosition);
   vec3 reflectDir = reflect(-toLight, norm);
   float spec = pow(max(dot(viewDir, reflectDir), 0.0), Shininess);

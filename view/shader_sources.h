@@ -8,12 +8,12 @@ namespace morvane {
 /// The lit, colour-coded surface. Attributes: 0 position, 1 colour, 2 normal.
 extern const ShaderSource kSurfaceShader;
 /// The same surface as points. Further attributes: 3 and 4, the other corners of the point's
-/// triangle in its own sense of turning.
+/// triangle in its winding order.
 extern const ShaderSource kPointShader;
 /// Glyph quads. Attribute 0: position (xy) and texture coordinates (zw).
 extern const ShaderSource kTextShader;
-/// Unlit overlays in one colour, under the names of those that draw them. Attributes: 0 position,
-/// 1 colour, which is passed on but not used.
+/// Unlit overlays in one colour, named after their users. Attributes: 0 position, 1 colour
+/// (unused).
 extern const ShaderSource kAxesShader;
 extern const ShaderSource kProfileShader;
 extern const ShaderSource kPinShader;

@@ -14,7 +14,7 @@ class Stopwatch {
   [[nodiscard]] double milliseconds() const {
     return std::chrono::duration<double, std::milli>(Clock::now() - start_).count();
   }
-  /// Logs what a step took, as `label` + time + " milliseconds".
+  /// Logs the elapsed time as `label` + time + " milliseconds".
   void print(const char* label) const {
     std::array<char, 64> time{};
     std::snprintf(time.data(), time.size(), "%.3f milliseconds\n", milliseconds());

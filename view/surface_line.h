@@ -1,4 +1,4 @@
-// Draws lines that follow the surface: the profile line, and the outline of a region.
+// Draws lines along the surface: the profile line and the outline of a region.
 #pragma once
 
 #include <glm/vec3.hpp>
@@ -10,15 +10,15 @@
 
 namespace morvane {
 
-/// All of it needs a current GL context.
+/// All functions need a current GL context.
 class SurfaceLineRenderer {
  public:
-  /// Makes program and buffers.
+  /// Creates the shader program and the buffers.
   void generate();
   [[nodiscard]] bool generated() const { return program_.name() != 0; }
 
-  /// Draws `line`, points in the space of the pins with a z that is NaN in gaps, over everything
-  /// else, so that no hill hides it: black with a white rim, which stands out on every colour.
+  /// Draws `line`: points in pin space, with a z of NaN in gaps. It is drawn without depth test, so
+  /// that no hill hides it. It is black with a white rim, which is visible on every colour.
   void draw(const ViewMatrices& matrices, std::span<const glm::vec3> line);
 
  private:

@@ -22,7 +22,7 @@ enum Attribute : GLuint { kPosition = 0, kColour = 1, kNormal = 2, kNextCorner, 
 
 constexpr std::size_t kVertexBytes = 3 * sizeof(float);
 
-/// Takes an attribute from vertex `first` of a buffer and those that follow `step` vertices apart.
+/// Reads an attribute from a buffer, starting at vertex `first`, with a stride of `step` vertices.
 void useBuffer(Attribute attribute, const VertexBuffer& buffer, std::size_t first = 0,
                std::size_t step = 1) {
   glEnableVertexAttribArray(attribute);
@@ -37,10 +37,9 @@ struct SyncDeleter {
 };
 using Sync = std::unique_ptr<std::remove_pointer_t<GLsync>, SyncDeleter>;
 
-/// Draws a list of triangles or points. A software GL keeps every one it has not drawn yet: at
-/// once, the list of a large surface would take nearly as much memory again as its buffers. So it
-/// gets the list piece by piece, and its rasteriser may fall behind by no more than `kPiecesAhead`
-/// of them.
+/// Draws a list of triangles or points. A software GL queues primitives until it rasterises them,
+/// and the queue for a large surface would be nearly as large as its buffers. So the list is drawn
+/// in pieces, with at most `kPiecesAhead` of them in the queue.
 void drawList(GLenum kind, std::size_t count) {
   const auto vertexCount = static_cast<GLsizei>(count);
   if (!isSoftwareGl() || glFenceSync == nullptr) {
@@ -78,7 +77,7 @@ void setUniforms(const ShaderProgram& program, const ViewMatrices& matrices, con
   const float strength = lit ? 0.5F : 1.0F;
   vec3("ambient_lighting", strength, strength, strength);
   vec3("diffuse_lighting", strength, strength, strength);
-  // Kept: the surface program knows no point light, so this names nothing and does nothing.
+  // Kept: the surface shader has no point light, so this has no effect.
   if (lit) vec3("LightPos", 0.0F, 0.0F, 4.0F);
   vec3("LightDirection", 0.0F, 0.0F, -1.0F);
   vec3("specular_lighting", 1.0F, 1.0F, 1.0F);
@@ -169,7 +168,7 @@ void SurfaceRenderer::drawPoints() const {
       drawList(GL_POINTS, run.count);
       continue;
     }
-    // A step over whole rows may be longer than what GL takes between two vertices.
+    // A stride of whole rows may exceed the largest stride that GL allows.
     std::vector<GLuint> cells(run.count);
     for (std::size_t i = 0; i < run.count; ++i) cells[i] = static_cast<GLuint>(i * run.step);
     glDrawElements(GL_POINTS, static_cast<GLsizei>(run.count), GL_UNSIGNED_INT, cells.data());

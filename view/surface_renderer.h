@@ -1,4 +1,4 @@
-// The surface on the graphics card: three buffers filled once per build, drawn with uniforms only.
+// The surface in GL: three buffers, filled once per build. A frame only sets uniforms and draws.
 #pragma once
 
 #include <string>
@@ -13,22 +13,22 @@ namespace morvane {
 
 /// How a surface is drawn.
 struct SurfaceLook {
-  bool lit = true;     ///< shaded, not in raw (brightened) colours
-  bool filled = true;  ///< as triangles, not as points
+  bool lit = true;     ///< shaded; else in raw (brightened) colours
+  bool filled = true;  ///< as triangles; else as points
 };
 
-/// All of it needs a current GL context.
+/// All functions need a current GL context.
 class SurfaceRenderer {
  public:
-  /// Makes the program and the buffers.
+  /// Creates the shader program and the buffers.
   void generate();
 
-  /// Builds the mesh of `model`, coloured by `drape` where no heat map does, straight into the
-  /// buffers; what they held is let go first. Empty on success, else what was wrong; then there is
-  /// nothing to draw.
+  /// Builds the mesh of `model` directly into the buffers, after freeing their old content. Without
+  /// the heat map `drape` colours it. Returns an empty text on success, else the error message;
+  /// then nothing is drawn.
   [[nodiscard]] std::string bind(const SurfaceModel& model, const BitmapDrape* drape);
 
-  /// Draws what is bound.
+  /// Draws the mesh of the last `bind`.
   void draw(const ViewMatrices& matrices, const glm::vec3& eye, const SurfaceLook& look);
 
   [[nodiscard]] bool usable() const { return program_.usable(); }
@@ -39,12 +39,12 @@ class SurfaceRenderer {
   void drawPoints() const;
 
   ShaderProgram program_;
-  ShaderProgram pointProgram_;  // made when it is first wanted
+  ShaderProgram pointProgram_;  // created at first use
   GlVertexArray vertexArray_;
   VertexBuffer positions_;
   VertexBuffer colours_;
   VertexBuffer normals_;
-  // Cells; none while there is nothing to draw.
+  // Cells; 0 while there is nothing to draw.
   std::size_t columns_ = 0;
   std::size_t rows_ = 0;
 };

@@ -22,7 +22,7 @@ namespace {
 
 constexpr auto kPixelSize = static_cast<FT_UInt>(kGlyphHeight);
 constexpr int kRim = 8;     // pixels of the face; two of the screen at the size of the labels
-constexpr int kBorder = 8;  // texels; a pixel of the smallest text that is read covers as many
+constexpr int kBorder = 8;  // texels; as many as a pixel covers in the smallest readable text
 constexpr std::size_t kFloatsPerQuad = std::size_t{6} * 4;
 
 struct LibraryRelease {
@@ -69,7 +69,7 @@ Stroker makeStroker(const Library& library) {
   return Stroker(stroker);
 }
 
-/// The outline in `slot`, grown by the rim unless `stroker` is null; null when it cannot be had.
+/// The outline in `slot`, widened by the rim unless `stroker` is null. Null on failure.
 Outline outlineOf(FT_GlyphSlot slot, FT_Stroker stroker) {
   FT_Glyph glyph = nullptr;
   if (FT_Get_Glyph(slot, &glyph) != 0) return nullptr;
@@ -108,8 +108,8 @@ GlyphPicture makePicture(Outline outline) {
   return picture;
 }
 
-/// Takes the next character from UTF-8 `text`; a byte that begins none stands for itself, so that a
-/// lone Latin-1 byte such as the micro sign is understood too.
+/// Takes the next character from UTF-8 `text`. A byte that is not UTF-8 is read as Latin-1, such as
+/// the micro sign of the units.
 std::uint32_t nextCharacter(std::string_view& text) {
   const auto byte = [&text](std::size_t i) { return static_cast<std::uint8_t>(text[i]); };
   const auto follows = [&](std::size_t i) { return i < text.size() && (byte(i) & 0xC0U) == 0x80U; };
@@ -124,7 +124,7 @@ std::uint32_t nextCharacter(std::string_view& text) {
     code = (first & 0x0FU) << 12U | (byte(1) & 0x3FU) << 6U | (byte(2) & 0x3FU);
   } else if ((first & 0xF8U) == 0xF0U && follows(1) && follows(2) && follows(3)) {
     length = 4;
-    code = kGlyphs;  // far beyond what is loaded
+    code = kGlyphs;  // not loaded
   }
   text.remove_prefix(length);
   return code;
@@ -168,7 +168,7 @@ void TextRenderer::setSpace(float width, float height) {
 void TextRenderer::setPixels(int width, int height) {
   const glm::vec2 pixelsPerUnit(static_cast<float>(std::max(width, 1)) / space_.x,
                                 static_cast<float>(std::max(height, 1)) / space_.y);
-  // In a small window glyphs shrink no further than they can be read.
+  // In a small window glyphs stay readable.
   constexpr float kSmallest = 0.6F;  // pixels per unit
   shape_ = std::max(std::min(pixelsPerUnit.x, pixelsPerUnit.y), kSmallest) / pixelsPerUnit;
 }
@@ -204,19 +204,19 @@ void TextRenderer::drawInSpace(std::string_view text, const glm::mat4& matrix, f
 
 void TextRenderer::drawGlyphs(std::string_view text, glm::vec2 pen, glm::vec2 scale,
                               const glm::mat4& projection, const glm::vec3& colour) const {
-  // Half a label says less than none: text lies over everything.
+  // Text is drawn over everything: a partly hidden label would be misread.
   const GlSwitch noDepth(GL_DEPTH_TEST, false);
   const GlBlending blending;
   glUseProgram(program_.name());
   glUniformMatrix4fv(program_.uniform("projection"), 1, GL_FALSE, glm::value_ptr(projection));
-  // Dark strokes thinner than a pixel look paler than they are where light is added as light.
+  // With blending in linear light, dark strokes thinner than a pixel look too pale.
   constexpr float kInLinearLight = 2.0F;
   glUniform1f(program_.uniform("thickening"),
               glIsEnabled(GL_FRAMEBUFFER_SRGB) == GL_TRUE ? kInLinearLight : 1.0F);
   glActiveTexture(GL_TEXTURE0);
   glBindVertexArray(vertexArray_.name());
   glBindBuffer(GL_ARRAY_BUFFER, vertexBuffer_.name());
-  // All rims first, so that none lies over the letter before.
+  // All rims first, so that a rim does not cover the letter before it.
   drawLayer(&Glyph::rim, text, pen, scale, rimColour_);
   drawLayer(&Glyph::ink, text, pen, scale, colour);
   glBindTexture(GL_TEXTURE_2D, 0);

@@ -1,4 +1,4 @@
-// Text in a GL window: textures for each character, drawn as quads.
+// Text in a GL window: a texture for each character, drawn as quads.
 #pragma once
 
 #include <array>
@@ -12,7 +12,7 @@
 
 namespace morvane {
 
-/// A coverage bitmap with an empty border, so that smoothing finds nothing beside it.
+/// A coverage bitmap with an empty border for texture filtering.
 struct GlyphPicture {
   GlTexture texture;
   int width = 0;  ///< pixels, with the border
@@ -21,48 +21,47 @@ struct GlyphPicture {
   int top = 0;   ///< from the baseline up to the top edge
 };
 
-/// A character of the face.
+/// A character of the font.
 struct Glyph {
   GlyphPicture ink;
-  GlyphPicture rim;  ///< the same a little fatter, for beneath it
+  GlyphPicture rim;  ///< the same, a little wider, drawn beneath it
   long advance = 0;  ///< of the pen, 1/64 pixel
 };
 
-/// Characters below this code are loaded: Latin-1 as far as the micro sign and a little beyond.
+/// Characters below this code are loaded: Latin-1 up to a little beyond the micro sign.
 inline constexpr std::size_t kGlyphs = 230;
 
-/// Units that glyphs are high at a scale of 1: pixels that the face is loaded at.
+/// The height of glyphs in units at a scale of 1, which is also the font size in pixels.
 inline constexpr float kGlyphHeight = 48.0F;
 
-/// All of it needs a current GL context; each window has a renderer of its own.
+/// All functions need a current GL context. Each window has its own renderer.
 class TextRenderer {
  public:
-  /// Builds the program and loads the face `fontPath`; text is laid out in a space of `width` ×
-  /// `height` units with the origin at the bottom left. What fails is printed, and what is missing
-  /// then draws nothing. Each text lies on a rim of `rimColour`, which keeps it readable over
-  /// anything; in the colour of the background it is not seen beside that.
+  /// Creates the shader program and loads the font `fontPath`. Text is laid out in a space of
+  /// `width` × `height` units with the origin at the bottom left. Errors are printed; missing
+  /// glyphs draw nothing. Each text has a rim of `rimColour`, which keeps it readable over
+  /// anything. If that is the background colour the rim is invisible there.
   void initialise(const std::string& fontPath, float width, float height,
                   const glm::vec3& rimColour);
-  /// Makes what no other context can see anew, in the current one; the context before is gone.
+  /// Recreates objects that contexts do not share, after the previous context was destroyed.
   void enterContext();
-  /// Lays text out in a space of another size from now on.
+  /// Changes the size of the layout space.
   void setSpace(float width, float height);
-  /// Says how many pixels the space is spread over, so that glyphs keep their shape in it.
+  /// Sets the size of the space in pixels, so that glyphs are not distorted.
   void setPixels(int width, int height);
 
-  /// Draws UTF-8 text with its pen starting at (x, y) of the layout space, over everything else.
-  /// Glyphs are `kGlyphHeight` units high times `scale`; characters that are not loaded draw
-  /// nothing.
+  /// Draws UTF-8 text over everything else, with the pen starting at (x, y) of the layout space.
+  /// Glyphs are `kGlyphHeight` × `scale` units high. Characters that are not loaded draw nothing.
   void draw(std::string_view text, float x, float y, float scale, const glm::vec3& colour) const;
 
-  /// Draws text from the origin of a plane that `matrix` places in clip space, over everything
-  /// else. It is seen from its front only.
+  /// Draws text over everything else, starting at the origin of a plane that `matrix` transforms to
+  /// clip space. It is visible from its front only.
   void drawInSpace(std::string_view text, const glm::mat4& matrix, float scale,
                    const glm::vec3& colour) const;
 
-  /// How far the pen goes for `text`, in units, while the space is not distorted.
+  /// The advance of the pen for `text`, in units, in an undistorted space.
   [[nodiscard]] float width(std::string_view text, float scale) const;
-  /// The same in the layout space as `draw` distorts it.
+  /// The same in the layout space, with the distortion that `draw` corrects.
   [[nodiscard]] float widthInSpace(std::string_view text, float scale) const {
     return width(text, scale * shape_.x);
   }
@@ -80,7 +79,7 @@ class TextRenderer {
   glm::vec3 rimColour_{1.0F};
   glm::mat4 projection_{1.0F};
   glm::vec2 space_{1.0F};
-  glm::vec2 shape_{1.0F};  // what a glyph is scaled by in each direction, to look as it was made
+  glm::vec2 shape_{1.0F};  // scale of glyphs in each direction, so that they are not distorted
   std::array<Glyph, kGlyphs> glyphs_;
   GlVertexArray vertexArray_;
   GlBuffer vertexBuffer_;

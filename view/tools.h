@@ -16,33 +16,33 @@ namespace morvane {
 
 class Tools {
  public:
-  /// Writes its diagnostics to `log`, which must outlive it.
+  /// Writes its diagnostics to `log`, which must outlive this object.
   explicit Tools(std::ostream& log) : log_(&log), profile_(log) {}
 
-  /// Switches the profile tool: its pins and line, and what a press can grab. Off, the line is
-  /// forgotten.
+  /// Switches the profile tool on or off: its line and its pins, which can then be grabbed.
+  /// Switching it off forgets the line.
   void setProfileMode(bool on);
   [[nodiscard]] bool profileMode() const { return profileMode_; }
   [[nodiscard]] ProfileTool& profile() { return profile_; }
   bool profileLineMode = false;  ///< a drag moves the whole profile line, not one pin
 
-  /// Switches the grid tool: two corners and the box between them.
+  /// Switches the grid tool on or off: two corners and the box between them.
   void setGridMode(bool on);
   [[nodiscard]] bool gridMode() const { return gridMode_; }
   [[nodiscard]] const GridTool& gridTool() const { return gridTool_; }
 
   /// Takes the size and heights of the surface on show; pins of a larger one come inside.
   void follow(ShownSurface& shown);
-  /// Draws the tools that are on over the surface that `matrices` place, and makes them what a
-  /// press can grab. Needs a current GL context.
+  /// Draws the active tools over the surface and makes their pins grabbable. Needs a current GL
+  /// context.
   void draw(ShownSurface& shown, const ViewMatrices& matrices);
 
-  /// Grabs the pin that `ray` meets; false when there is none.
+  /// Grabs the pin that `ray` hits; false when there is none.
   bool grab(const Ray& ray);
-  /// Whether a pin is held.
+  /// Whether a pin is grabbed.
   [[nodiscard]] bool dragging() const { return drag_ != Drag::kNone; }
-  /// Moves what is held to the point of the surface that `ray` meets; `second` takes the second
-  /// pin of the section instead.
+  /// Moves the grabbed pin to the point of the surface that `ray` hits. With `second` it moves the
+  /// section's second pin instead.
   void drag(ShownSurface& shown, const ViewMatrices& matrices, const Ray& ray, bool second);
   void release();
 
@@ -58,7 +58,7 @@ class Tools {
   GridTool gridTool_;
   PinRenderer pinRenderer_;
   SurfaceLineRenderer lineRenderer_;
-  std::unique_ptr<PickWorld> pickWorld_;  // from the first frame on
+  std::unique_ptr<PickWorld> pickWorld_;  // created with the first frame
   Drag drag_ = Drag::kNone;
   bool profileMode_ = false;
   bool gridMode_ = false;

@@ -7,13 +7,13 @@ namespace {
 
 bool drawsFromOwnPages() { return GLEW_AMD_pinned_memory && isSoftwareGl(); }
 
-// Only errors of the requests that follow are of interest.
+// Only errors of the following calls matter.
 void forgetErrors() { takeGlErrors("surface"); }
 
 }  // namespace
 
 void VertexBuffer::empty() {
-  // Before the pages go: no buffer may point to them any more.
+  // Before the pages are freed: no buffer may refer to them.
   glBindBuffer(GL_ARRAY_BUFFER, name());
   glBufferData(GL_ARRAY_BUFFER, 0, nullptr, GL_STATIC_DRAW);
   pages_.reset();

@@ -1,4 +1,4 @@
-// A large vertex buffer whose floats are written in place, without a copy on the way.
+// A large vertex buffer whose floats are written in place, without a copy.
 #pragma once
 
 #include <cstddef>
@@ -9,20 +9,20 @@
 
 namespace morvane {
 
-/// All of it needs a current GL context.
+/// All functions need a current GL context.
 class VertexBuffer {
  public:
-  /// Makes the buffer's name.
+  /// Creates the GL buffer.
   void generate() { buffer_ = GlBuffer::generate(); }
 
-  /// Lets the content go, and what was opened.
+  /// Frees the content and unmaps the buffer.
   void empty();
-  /// Lets the content go and opens room for `floats` floats, to be written, never read. False when
-  /// there is no memory for them.
+  /// Frees the content and maps memory for `floats` floats, write-only. False when there is not
+  /// enough memory.
   [[nodiscard]] bool open(std::size_t floats);
-  /// The open room.
+  /// The mapped memory.
   [[nodiscard]] std::span<float> floats() const { return floats_; }
-  /// Hands what was written to GL. False when the system lost it meanwhile.
+  /// Passes the data to GL. False when the driver lost it (glUnmapBuffer).
   [[nodiscard]] bool close();
 
   [[nodiscard]] GLuint name() const { return buffer_.name(); }
@@ -31,9 +31,9 @@ class VertexBuffer {
   bool openPages(std::size_t bytes);
   bool openMapped(std::size_t bytes);
 
-  // A software GL can draw from the program's own pages. Those come as huge pages and are touched
-  // once, where a buffer of the driver's own is first cleared page by small page: for large
-  // surfaces that costs more time than building them. They outlive the buffer, so they stand first.
+  // A software GL can draw from the program's own pages. These are huge pages and are touched once.
+  // In the driver's buffers the system would first clear small pages, which takes longer than
+  // building a large surface. Declared first, as the pages must outlive the buffer.
   Pages pages_;
   GlBuffer buffer_;
   std::span<float> floats_;
