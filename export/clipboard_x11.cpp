@@ -1,5 +1,5 @@
-// The toolkit offers a picture as a bitmap only. So the program owns the clipboard by a window that
-// is never shown, and hands out the picture in the form that is asked for.
+// FLTK offers a picture on the clipboard as a bitmap only. So the program owns the X11 selection
+// with a window that is never shown, and sends the picture in the requested format.
 #include <FL/Fl.H>
 #include <FL/x.H>
 #include <X11/Xatom.h>
@@ -33,7 +33,7 @@ struct Form {
   const char* name;
   Bytes (*file)(const RgbImage&);
 };
-// The last is far larger than the first.
+// Bitmaps are far larger than PNG files.
 constexpr std::array<Form, 2> kForms = {{{"image/png", pngFile}, {"image/bmp", bitmapFile}}};
 
 RgbImage offered;
@@ -41,14 +41,16 @@ Window owner = None;
 
 Atom atom(const char* name) { return XInternAtom(fl_display, name, False); }
 
-/// Whether the server takes so much in one request; transfers in pieces are not offered.
+/// Whether the X server accepts so many bytes in one request. Incremental transfers (INCR) are not
+/// supported.
 bool fits(std::size_t bytes) {
   constexpr std::size_t kRequestHead = 64;
   const long words = std::max(XExtendedMaxRequestSize(fl_display), XMaxRequestSize(fl_display));
   return bytes + kRequestHead <= 4 * static_cast<std::size_t>(words);
 }
 
-/// Puts what is asked for into the asking window's property. False when there is no such thing.
+/// Writes the requested format to the property of the requesting window. False for an unknown
+/// format.
 bool handOver(const XSelectionRequestEvent& request, Atom property) {
   const Atom targets = atom("TARGETS");
   const auto put = [&](Atom type, int bits, const void* data, std::size_t count) {
@@ -70,11 +72,11 @@ bool handOver(const XSelectionRequestEvent& request, Atom property) {
 
 int onSystemEvent(void* data, void* /*user*/) {
   const XEvent& event = *static_cast<XEvent*>(data);
-  // The toolkit must hear of that, too.
+  // FLTK must get this event too.
   if (event.type == SelectionClear && event.xselectionclear.window == owner) offered = {};
   if (event.type != SelectionRequest || event.xselectionrequest.owner != owner) return 0;
   const XSelectionRequestEvent& request = event.xselectionrequest;
-  // Old programs name no property and mean the target's name.
+  // Obsolete clients give no property; ICCCM then uses the target's atom.
   const Atom property = request.property != None ? request.property : request.target;
   XEvent answer{};
   answer.xselection.type = SelectionNotify;
@@ -95,7 +97,7 @@ void copyToClipboard(const RgbImage& image) {
     Fl::add_system_handler(onSystemEvent, nullptr);
   }
   offered = image;
-  // The toolkit would go on pasting a text of the program's own that it takes to be there.
+  // Otherwise FLTK would still paste the program's last own text.
   Fl::copy("", 0, 1);
   XSetSelectionOwner(fl_display, atom("CLIPBOARD"), owner, fl_event_time);
   XFlush(fl_display);

@@ -1,4 +1,4 @@
-// GDI+ as its header wants to be included: behind two others, and with min and max of its own.
+// Includes the GDI+ header with what it needs: two other headers first, and its own min and max.
 #pragma once
 
 #include <objidl.h>

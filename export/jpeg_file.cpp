@@ -11,8 +11,8 @@
 namespace morvane {
 namespace {
 
-/// Compresses one image. libjpeg's only way out of an error is a jump, so the frame
-/// that is jumped to holds nothing that would have to be destroyed: it all lies in this object.
+/// Compresses one image. libjpeg reports errors by longjmp, which skips destructors. So the
+/// function that is jumped to has no such locals: everything is a member of this object.
 class JpegEncoder {
  public:
   explicit JpegEncoder(Bytes& file) : file_(file) {
@@ -25,7 +25,7 @@ class JpegEncoder {
     };
     destination_.init_destination = [](j_compress_ptr state) { of(state).startPiece(); };
     destination_.empty_output_buffer = [](j_compress_ptr state) -> boolean {
-      // The library counts a piece as full only here, whatever its counters say.
+      // libjpeg calls this only when the buffer is full; its counters need not say so.
       of(state).writePiece(kPieceBytes);
       return TRUE;
     };
@@ -49,7 +49,7 @@ class JpegEncoder {
     jpeg_set_defaults(&state_);
     jpeg_start_compress(&state_, TRUE);
     while (state_.next_scanline < state_.image_height) {
-      // The library only reads the rows, but through pointers to what may change.
+      // libjpeg only reads the rows, but its pointers are not const.
       auto* row = const_cast<JSAMPLE*>(image.row(state_.next_scanline));
       jpeg_write_scanlines(&state_, &row, 1);
     }

@@ -3,7 +3,7 @@
 namespace morvane {
 namespace {
 
-constexpr int kFirstYear = 1900;  // what `std::tm` counts its years from
+constexpr int kFirstYear = 1900;  // year 0 of `std::tm`
 constexpr int kPictureCentury = 2000;
 
 std::string digits(int number) { return std::to_string(number); }

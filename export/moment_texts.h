@@ -1,4 +1,4 @@
-// What a report and a picture call the moment they are made.
+// Dates and times in reports and in the names of screenshots.
 #pragma once
 
 #include <ctime>
@@ -6,18 +6,18 @@
 
 namespace morvane {
 
-/// The local date and time now.
+/// The current local date and time.
 std::tm localNow();
 
 /// "Date: 3/7/2022": day, month and year without leading zeros.
 std::string dateText(const std::tm& moment);
 
-/// "Time: 9:05:7". Kept: of the three numbers only the minute is filled up to two digits.
+/// "Time: 9:05:7". Kept: only the minute is padded to two digits.
 std::string timeText(const std::tm& moment);
 
-/// File name of a picture: second + 1, minute + 1, hour, day, month and year - 2000 run together,
-/// with ".jpg" behind. Kept: without separators two moments of a day can share a name, and the
-/// later picture then takes the earlier one's place.
+/// The file name of a screenshot: second + 1, minute + 1, hour, day, month and year - 2000 without
+/// separators, then ".jpg". Kept: two different times can give the same name; then the later
+/// picture replaces the earlier one.
 std::string pictureName(const std::tm& moment);
 
 }  // namespace morvane

@@ -27,7 +27,7 @@ void pdfErrorHandler(HPDF_STATUS errorNo, HPDF_STATUS detailNo, void* /*userData
 }
 
 void PdfReport::DocumentFreer::operator()(HPDF_Doc document) const {
-  // A document with an error standing is not freed whole.
+  // libharu does not free a document completely while it has an error.
   HPDF_ResetError(document);
   HPDF_Free(document);
 }
@@ -66,7 +66,7 @@ void PdfReport::drawText(const PageText& text) {
 }
 
 HPDF_Font PdfReport::fontFor(std::string_view bytes) {
-  // The font's own encoding has no letters beyond ASCII, though the font itself has.
+  // The font's built-in encoding only has ASCII letters, although the font has more.
   if (isStandardText(bytes)) return font_;
   return HPDF_GetFont(document_.get(), kFont, "WinAnsiEncoding");
 }
@@ -74,18 +74,18 @@ HPDF_Font PdfReport::fontFor(std::string_view bytes) {
 void PdfReport::drawPicture(std::span<const unsigned char> jpeg, const PageBox& box) {
   DebugLog::write(kLogFile, "Loading screenshot from JPEG...");
   HPDF_Image image = nullptr;
-  // libharu takes no bytes for a picture without a size.
+  // libharu accepts a JPEG of 0 bytes.
   if (!jpeg.empty()) {
     image = HPDF_LoadJpegImageFromMem(document_.get(), jpeg.data(),
                                       static_cast<HPDF_UINT>(jpeg.size()));
   }
-  // Data that do not even begin as a JPEG are refused without a word.
+  // libharu reports no error for data without a JPEG header.
   if (image == nullptr && HPDF_GetError(document_.get()) == HPDF_OK) {
     pdfErrorHandler(HPDF_INVALID_JPEG_DATA, 0, nullptr);
   }
   DebugLog::write(kLogFile, "Screenshot loaded");
   if (image != nullptr) HPDF_Page_DrawImage(page_, image, box.x, box.y, box.width, box.height);
-  // What went wrong here must not stop the saving.
+  // An error here must not prevent saving.
   HPDF_ResetError(document_.get());
 }
 

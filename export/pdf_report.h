@@ -1,4 +1,4 @@
-// The report as a PDF document, built in memory step by step and saved at the end.
+// The report as a PDF document, built in memory and saved at the end.
 #pragma once
 
 #include <hpdf.h>
@@ -12,30 +12,28 @@
 
 namespace morvane {
 
-/// Writes what went wrong inside libharu to standard output. Nothing else comes of it: the report
-/// goes on with what it has.
+/// Logs an error of libharu to standard output. The report continues without the failed part.
 void pdfErrorHandler(HPDF_STATUS errorNo, HPDF_STATUS detailNo, void* userData);
 
-/// A document of one page. Every step writes its lines to the log; what fails goes to
-/// `pdfErrorHandler` and leaves the rest of the page as it should be.
+/// A document of one page. Every step writes to the log. Errors go to `pdfErrorHandler` and do not
+/// affect the rest of the page.
 class PdfReport {
  public:
-  /// Makes the document and its empty page.
+  /// Creates the document with an empty page.
   PdfReport();
   ~PdfReport();
   PdfReport(const PdfReport&) = delete;
   PdfReport& operator=(const PdfReport&) = delete;
 
-  /// Writes the page's texts. `maximumInput` is what the maximum input holds, which the log keeps
-  /// as it stands there.
+  /// Writes the page's texts. `maximumInput` is the text of the maximum input, which is logged as
+  /// it is.
   void writeTexts(const ReportPage& page, std::string_view maximumInput);
 
-  /// Draws a JPEG file's bytes into `box`, stretched to it. Where they are no JPEG, the box stays
-  /// empty.
+  /// Draws the JPEG file `jpeg`, stretched to `box`. If it is not a valid JPEG the box stays empty.
   void drawPicture(std::span<const unsigned char> jpeg, const PageBox& box);
 
-  /// Saves the document as `path` (UTF-8), which appears only when it is complete. Empty on
-  /// success, else the reason.
+  /// Saves the document as `path` (UTF-8), which appears only when it is complete. Returns an empty
+  /// text on success, else the error message.
   [[nodiscard]] std::string save(const std::string& path);
 
  private:

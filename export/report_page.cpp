@@ -17,7 +17,7 @@ constexpr float kValueColumn = 700.0F;
 
 constexpr PageBox kPicture = {kLeftColumn, 70.0F, 640.0F, 400.0F};
 
-// From the main window's corner to the part of the view that the control column leaves free.
+// From the main window's corner to the part of the view beside the control column.
 constexpr ScreenPoint kViewOffset = {155, 25};
 constexpr int kCoveredWidth = 5;
 

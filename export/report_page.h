@@ -1,4 +1,4 @@
-// The report's one page as a description: texts and a picture's place, nothing drawn yet.
+// The report's page as data: the texts and the place of the picture.
 #pragma once
 
 #include <ctime>
@@ -9,7 +9,7 @@
 
 namespace morvane {
 
-/// A4 across, in points. Positions on the page count from its bottom left corner.
+/// A4 landscape, in points. The origin is the bottom left corner.
 inline constexpr float kPageWidth = 841.89F;
 inline constexpr float kPageHeight = 595.276F;
 
@@ -18,17 +18,17 @@ enum class PageAlign { kLeft, kCentre };
 struct PageText {
   std::string text;  ///< UTF-8
   float size;        ///< of the font, in points
-  float x;           ///< where the text starts, or its middle where it is centred
-  float y;           ///< of the base line
+  float x;           ///< start of the text, or its middle if it is centred
+  float y;           ///< of the baseline
   PageAlign align = PageAlign::kLeft;
 };
 
-/// Lower left corner and size.
+/// Lower left corner and size, in points.
 struct PageBox {
   float x, y, width, height;
 };
 
-/// What the report shows, as it was when it was asked for.
+/// The values in the report, as of the press on its button.
 struct ReportValues {
   std::tm moment{};             ///< local date and time
   std::string measurementPath;  ///< empty without a measurement
@@ -42,18 +42,18 @@ struct ReportPage {
   PageBox picture;
 };
 
-/// The whole page, its texts in the order they are written.
+/// The complete page, with its texts in the order in which they are written.
 ReportPage describePage(const ReportValues& values);
 
-/// The part of the screen that the report shows: the 3D view and, below it, a profile window of
-/// `profileHeight` pixels (0 while none is shown). `mainWindow` is the main window's inner top left
-/// corner on the screen.
+/// The part of the screen in the report: the 3D view and, below it, the profile window of
+/// `profileHeight` pixels (0 while it is hidden). `mainWindow` is the screen position of the main
+/// window's client area.
 ScreenRect reportArea(ScreenPoint mainWindow, int viewWidth, int viewHeight, int profileHeight);
 
-/// The name a report is offered: the measurement's own without its ".res".
+/// The suggested name of a report: the measurement's name without ".res".
 std::string suggestedName(const std::string& measurementPath);
 
-/// Where a report goes that was given the name `chosen`: ".pdf" is added whatever was typed.
+/// The path of a report for the typed name `chosen`. ".pdf" is always added.
 std::string reportPath(const std::string& chosen);
 
 }  // namespace morvane

@@ -30,16 +30,16 @@ struct RgbImage {
   [[nodiscard]] std::size_t stride() const { return 3 * static_cast<std::size_t>(width); }
 };
 
-/// Bytes of a bitmap file before what Windows calls a device-independent bitmap.
+/// Size of the bitmap file header in bytes. A device-independent bitmap (DIB) follows it.
 inline constexpr std::size_t kBitmapFileHeader = 14;
-/// Bytes of a bitmap file before its pixels.
+/// Offset of the pixels in a bitmap file.
 inline constexpr std::size_t kBitmapHeaders = 54;
 
-/// Bytes of a picture's bitmap file.
+/// The size of a picture's bitmap file in bytes.
 std::size_t bitmapFileBytes(const RgbImage& image);
 
-/// The bitmap file of a picture, in 24 bits: rows from the bottom, blue first, filled up to whole
-/// 4 bytes.
+/// The bitmap file of a picture: 24 bits per pixel in the order blue, green, red; bottom row first;
+/// rows padded to 4 bytes.
 Bytes bitmapFile(const RgbImage& image);
 
 }  // namespace morvane

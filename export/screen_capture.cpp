@@ -14,12 +14,12 @@
 namespace morvane {
 namespace {
 
-// No screen is larger, and no JPEG.
+// Larger than any screen, and within the limit of JPEG.
 constexpr std::int64_t kLargestSide = 32767;
 constexpr const char* kLogFile = "screenshot.log";
 
-/// Puts into `picture`, which starts at `corner`, what of `part` lies there. False when nothing
-/// does.
+/// Copies the overlapping part of `part` into `picture`, whose screen position is `corner`. False
+/// when they do not overlap.
 bool paste(const ScreenPart& part, ScreenPoint corner, RgbImage& picture) {
   const std::int64_t left = std::int64_t{part.topLeft.x} - corner.x;
   const std::int64_t top = std::int64_t{part.topLeft.y} - corner.y;
@@ -36,7 +36,7 @@ bool paste(const ScreenPart& part, ScreenPoint corner, RgbImage& picture) {
   return true;
 }
 
-/// The picture of the rectangle; empty when nothing of it is known.
+/// The picture of the rectangle; empty when none of it can be read.
 RgbImage take(ScreenPoint topLeft, ScreenPoint bottomRight, Fl_Window* window,
               std::span<const ScreenPart> own) {
   const std::int64_t width = std::abs(std::int64_t{bottomRight.x} - topLeft.x);

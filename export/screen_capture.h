@@ -1,4 +1,4 @@
-// Pictures of the screen: onto the clipboard and into the user's folder of screenshots.
+// Screenshots: to the clipboard and to the user's folder of screenshots.
 #pragma once
 
 #include <span>
@@ -11,16 +11,16 @@ class Fl_Window;
 namespace morvane {
 
 struct Screenshot {
-  Bytes jpeg;          ///< the picture; empty when there is none
+  Bytes jpeg;          ///< the picture; empty on failure
   std::string path;    ///< of the JPEG file; empty when it could not be saved
-  std::string reason;  ///< why there is no file; empty otherwise
+  std::string reason;  ///< why no file was saved; else empty
 };
 
-/// Takes the rectangle that starts at `topLeft` and is as wide and high as the two points are
-/// apart, puts it on the clipboard and saves it as a JPEG file named after the present moment, in
-/// place of an older one of that name. Over what the screen shows, or where the system lets a
-/// program read its own windows only, what it shows of `window`, come the program's `own` pictures,
-/// which nothing can lie over. What is known from neither is black. Draw first.
+/// Captures the rectangle between the two points, puts it on the clipboard and saves it as a JPEG
+/// file named after the current time. It replaces an older file of that name. The picture is read
+/// from the screen, or from `window` on systems where a program can only read its own windows. The
+/// program's `own` pictures are pasted over it, so that windows in front do not appear in them.
+/// Pixels that cannot be read are black. Redraw the windows before calling this.
 Screenshot captureScreenRect(ScreenPoint topLeft, ScreenPoint bottomRight,
                              Fl_Window* window = nullptr, std::span<const ScreenPart> own = {});
 

@@ -34,7 +34,7 @@ using BitmapPtr = std::unique_ptr<HBITMAP, BitmapDeleter>;
 using StreamPtr = std::unique_ptr<IStream, StreamReleaser>;
 using MemoryPtr = std::unique_ptr<HGLOBAL, MemoryFreer>;
 
-/// Keeps GDI+ running while it lives.
+/// Starts GDI+ and shuts it down in the destructor.
 class GdiPlus {
  public:
   GdiPlus() {
@@ -52,12 +52,12 @@ class GdiPlus {
   bool running_ = false;
 };
 
-/// Finds GDI+'s encoder of a format.
+/// Finds the GDI+ encoder of a format.
 bool findEncoder(const GUID& format, CLSID& encoder) {
   UINT count = 0;
   UINT bytes = 0;
   if (Gdiplus::GetImageEncodersSize(&count, &bytes) != Gdiplus::Ok || bytes == 0) return false;
-  // The list is followed by the texts it points to, in the same memory.
+  // The same memory also holds the texts to which the list points.
   const std::unique_ptr<void, decltype(&std::free)> memory(std::malloc(bytes), &std::free);
   auto* encoders = static_cast<Gdiplus::ImageCodecInfo*>(memory.get());
   if (encoders == nullptr || Gdiplus::GetImageEncoders(count, bytes, encoders) != Gdiplus::Ok) {
@@ -71,7 +71,7 @@ bool findEncoder(const GUID& format, CLSID& encoder) {
   return true;
 }
 
-/// All that a stream holds; empty when it cannot be read.
+/// The whole content of a stream; empty when it cannot be read.
 Bytes contentOf(IStream& stream) {
   STATSTG facts{};
   if (stream.Stat(&facts, STATFLAG_NONAME) != S_OK ||
@@ -85,8 +85,7 @@ Bytes contentOf(IStream& stream) {
   return bytes;
 }
 
-/// The file of a picture in one of GDI+'s formats, in the encoder's default quality; empty on
-/// failure.
+/// Encodes a picture in a format of GDI+ with the encoder's default quality. Empty on failure.
 Bytes encode(const RgbImage& image, const GUID& format) {
   const GdiPlus gdiPlus;
   Bytes bitmap = bitmapFile(image);
@@ -102,14 +101,14 @@ Bytes encode(const RgbImage& image, const GUID& format) {
   return contentOf(*stream);
 }
 
-/// Adds a form of the picture to the open clipboard.
+/// Adds one format of the picture to the open clipboard.
 void offer(UINT form, const unsigned char* bytes, std::size_t count) {
   MemoryPtr memory(GlobalAlloc(GMEM_MOVEABLE, count));
   void* place = memory ? GlobalLock(memory.get()) : nullptr;
   if (place == nullptr) return;
   std::memcpy(place, bytes, count);
   GlobalUnlock(memory.get());
-  // From here on it is the clipboard's.
+  // The clipboard owns the memory now.
   if (SetClipboardData(form, memory.get()) != nullptr) (void)memory.release();
 }
 
@@ -119,7 +118,7 @@ ScreenPart readScreen(Fl_Window* /*window*/, const ScreenRect& wanted) {
   const int width = wanted.bottomRight.x - wanted.topLeft.x;
   const int height = wanted.bottomRight.y - wanted.topLeft.y;
   BITMAPINFO form{};
-  // Rows from the top, in 32 bits.
+  // Top row first, 32 bits per pixel.
   form.bmiHeader = {sizeof form.bmiHeader, width, -height, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
   void* bits = nullptr;
   const ScreenContext screen(GetDC(nullptr));
@@ -148,7 +147,7 @@ void copyToClipboard(const RgbImage& image) {
   const Bytes bitmap = bitmapFile(image);
   if (OpenClipboard(nullptr) == 0) return;
   EmptyClipboard();
-  // The system makes the plain bitmap of this where one is asked for.
+  // Windows converts this to CF_BITMAP on request.
   offer(CF_DIB, bitmap.data() + kBitmapFileHeader, bitmap.size() - kBitmapFileHeader);
   if (!png.empty()) offer(RegisterClipboardFormatW(L"PNG"), png.data(), png.size());
   CloseClipboard();

@@ -1,5 +1,5 @@
-// The picture is that of the main window itself: under a compositor the screen as a whole need not
-// be readable, a program's own window is.
+// Reads the main window, not the root window: with a compositor the root window need not be
+// readable, but a program's own windows are.
 #include <FL/Fl_Double_Window.H>
 #include <FL/x.H>
 
@@ -17,8 +17,8 @@ struct ImageFreer {
 };
 using ImagePtr = std::unique_ptr<XImage, ImageFreer>;
 
-/// While it lives, the server's errors on `display` are kept from the usual handler: a window can
-/// go or be hidden between any two requests.
+/// Catches X errors on `display` during its lifetime: a window can be closed or hidden between any
+/// two requests.
 class ErrorGuard {
  public:
   explicit ErrorGuard(Display* display) : display_(display) {
@@ -37,7 +37,7 @@ class ErrorGuard {
   XErrorHandler previous_;
 };
 
-/// One colour of a pixel, stretched to 8 bits whatever its number of bits.
+/// One colour channel of a pixel, scaled to 8 bits.
 class Channel {
  public:
   explicit Channel(unsigned long mask)
@@ -71,8 +71,8 @@ RgbImage toRgb(XImage& image) {
   return picture;
 }
 
-/// Reads the part of `wanted` that lies in `window` and on the screen. No picture when there is
-/// none, or the window is not shown.
+/// Reads the part of `wanted` that is inside `window` and on the screen. Empty when there is no
+/// such part, or the window is not shown.
 ScreenPart readWindow(Display* display, Window window, const ScreenRect& wanted) {
   XWindowAttributes screen{};
   XWindowAttributes inside{};

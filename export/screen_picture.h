@@ -1,4 +1,4 @@
-// What a platform has to offer for pictures of its screen; each has sources of its own.
+// The platform-dependent part of screenshots. Each platform has its own sources.
 #pragma once
 
 #include <string>
@@ -10,16 +10,15 @@ class Fl_Window;
 
 namespace morvane {
 
-/// Reads what can be read of the rectangle: what the screen shows, or where a program may read
-/// nothing but its own, what it shows of `window`.
-/// No picture when there is nothing to read.
+/// Reads the rectangle from the screen, or from `window` where a program can only read its own
+/// windows. Empty when nothing can be read.
 ScreenPart readScreen(Fl_Window* window, const ScreenRect& wanted);
 
-/// Leaves a picture on the clipboard, as PNG and as bitmap.
+/// Puts a picture on the clipboard, as PNG and as bitmap.
 void copyToClipboard(const RgbImage& image);
 
-/// Makes the JPEG file of `image` in the encoder's default quality. Empty on success, else the
-/// reason; JPEG knows no empty picture and none with a side over 65500 pixels.
+/// Encodes `image` as JPEG with the encoder's default quality. Returns an empty text on success,
+/// else the error message. It fails for empty pictures and for sides over 65500 pixels.
 std::string encodeJpeg(const RgbImage& image, Bytes& file);
 
 }  // namespace morvane

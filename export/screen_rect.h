@@ -19,7 +19,7 @@ struct ScreenRect {
   ScreenPoint bottomRight;
 };
 
-/// A picture and where on the screen its top left pixel stands.
+/// A picture and the screen position of its top left pixel.
 struct ScreenPart {
   ScreenPoint topLeft;
   RgbImage image;

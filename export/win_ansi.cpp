@@ -10,13 +10,13 @@ namespace {
 constexpr char kLacking = '?';
 constexpr char32_t kNotUtf8 = 0xFFFD;
 
-// The characters of the bytes 0x80 to 0x9F; 0 where there is none.
+// The characters of the bytes 0x80 to 0x9F; 0 if undefined.
 constexpr std::array<char16_t, 32> kUpperControls = {
     0x20AC, 0,      0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
     0x2039, 0x0152, 0,      0x017D, 0,      0,      0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
     0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0,      0x017E, 0x0178};
 
-/// How a lead byte announces a character of so many bytes, and the least one that needs them.
+/// The lead byte of a character of `length` bytes, and the smallest character that needs so many.
 struct Utf8Form {
   std::uint8_t mask, lead;
   std::size_t length;
@@ -25,7 +25,7 @@ struct Utf8Form {
 constexpr std::array<Utf8Form, 4> kUtf8Forms = {
     {{0x80, 0x00, 1, 0}, {0xE0, 0xC0, 2, 0x80}, {0xF0, 0xE0, 3, 0x800}, {0xF8, 0xF0, 4, 0x10000}}};
 
-/// Takes the first character off `text`; of text that is not UTF-8 its first byte.
+/// Removes and returns the first character of `text`, or its first byte if that is not UTF-8.
 char32_t takeCharacter(std::string_view& text) {
   const auto byteAt = [&text](std::size_t i) { return static_cast<std::uint8_t>(text[i]); };
   const auto* form = std::ranges::find_if(

@@ -1,4 +1,4 @@
-// Texts as the bytes of a PDF standard font in WinAnsi encoding.
+// Texts in WinAnsi encoding, for the standard fonts of PDF.
 #pragma once
 
 #include <string>
@@ -6,11 +6,11 @@
 
 namespace morvane {
 
-/// `utf8` with one byte a character (PDF 32000-1, annex D.2). What the font lacks becomes "?":
-/// other scripts, control characters and each byte that is not UTF-8.
+/// `utf8` with one byte per character (PDF 32000-1, annex D.2). Characters that the font lacks
+/// become "?": other scripts, control characters, and each byte that is not UTF-8.
 std::string winAnsiText(std::string_view utf8);
 
-/// Whether the font's own encoding draws these bytes as WinAnsi does: ASCII but for ' and `.
+/// Whether the font's built-in encoding draws these bytes as WinAnsi does: ASCII except ' and `.
 bool isStandardText(std::string_view bytes);
 
 }  // namespace morvane

@@ -5,10 +5,10 @@
 
 namespace morvane {
 
-/// Number of the box type: the first one the toolkit leaves free.
+/// The number of the box type: the first one that FLTK leaves free.
 Fl_Boxtype buttonBox();
 
-/// Makes the toolkit know the box; may be called again.
+/// Registers the box type with FLTK. May be called more than once.
 void registerButtonBox();
 
 }  // namespace morvane

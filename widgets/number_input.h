@@ -1,4 +1,4 @@
-// A field for a number, wherever the operator's decimal sign is the comma.
+// A number field that accepts a comma as the decimal separator.
 #pragma once
 
 #include <FL/Fl.H>
@@ -10,8 +10,8 @@
 
 namespace morvane {
 
-/// The toolkit's field passes over a comma, so that "0,8" would silently become 08. Here it counts
-/// as a point, typed or pasted.
+/// FLTK's field ignores a comma, so "0,8" would silently become 08. Here a typed or pasted comma
+/// becomes a point.
 class NumberInput : public Fl_Float_Input {
  public:
   using Fl_Float_Input::Fl_Float_Input;

@@ -1,4 +1,4 @@
-// The program's own look of buttons, fields and their texts.
+// The style of the program's buttons, fields and labels.
 #pragma once
 
 #include <string>
@@ -9,14 +9,14 @@ class Fl_Float_Input;
 
 namespace morvane {
 
-/// Black, with the program's button box, up and pressed, and a white label.
+/// Black, with the program's button box and a white label.
 void styleButton(Fl_Button& button);
 
 /// Black, with white text, cursor and label.
 void styleInput(Fl_Float_Input& input);
 
-/// `text` as a label shows it unchanged: each of `signs`, which the toolkit would take for a symbol
-/// or a shortcut, is doubled.
+/// `text` escaped for a label: each of `signs`, which FLTK would read as a symbol or a shortcut, is
+/// doubled.
 std::string labelText(std::string_view text, std::string_view signs);
 
 }  // namespace morvane
