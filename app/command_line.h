@@ -7,8 +7,8 @@
 
 namespace morvane {
 
-/// Answers the first option among the words of the command line and returns the exit status to end
-/// with. Nothing when there is no option: the window is to open.
+/// Handles the first option on the command line and returns the exit status. Returns nothing if
+/// there is no option; then the program opens its window.
 std::optional<int> answerOption(const std::vector<std::string>& words);
 
 }  // namespace morvane

@@ -21,7 +21,8 @@
 
 namespace {
 
-/// What the toolkit cannot go on after: in all of this program that is a display it cannot reach.
+/// FLTK's fatal error handler. The only fatal error of this program is that the display cannot be
+/// opened.
 void stop(const char* format, ...) {
   std::va_list values;
   va_start(values, format);
@@ -60,7 +61,7 @@ int main(int argc, char** argv) {
   if (words.size() > 1) {
     logStream() << "ARGV0:" << program << '\n' << "ARGV: " << words[1] << '\n';
     app.startupFile = words[1];
-    // What is said while the file is read is said in a window that is there.
+    // Messages about reading the file need a visible window.
     app.mainWindow->wait_for_expose();
     openMeasurement(nullptr, kOpenStartupFile);
   } else {

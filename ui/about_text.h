@@ -5,9 +5,9 @@ namespace morvane {
 
 /// The end-user agreement.
 extern const char* const kAgreementText;
-/// When this program was built and which version it is.
+/// Version and build time of the program.
 extern const char* const kVersionText;
-/// How to reach the people who made it.
+/// Contact of the makers.
 extern const char* const kContactText;
 
 }  // namespace morvane

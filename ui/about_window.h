@@ -1,11 +1,11 @@
-// The window that says what the program is and on what terms it is used.
+// The About window: version, agreement and contact.
 #pragma once
 
 class Fl_Window;
 
 namespace morvane {
 
-/// Builds the window, hidden.
+/// Creates the window, hidden.
 Fl_Window* buildAboutWindow();
 
 }  // namespace morvane

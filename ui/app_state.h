@@ -1,4 +1,4 @@
-// The program-wide record: what callbacks must be able to reach.
+// The program-wide record: what callbacks need to access.
 #pragma once
 
 #include <string>
@@ -21,7 +21,7 @@ class GLWindow;
 class ResultsPanel;
 class StatusLine;
 
-/// One instance for the whole run. The pointers do not own: widgets belong to the toolkit's tree.
+/// There is one instance. Its pointers do not own the widgets; FLTK's widget tree does.
 struct AppState {
   std::string exeFolder;    ///< folder of the executable, without a trailing separator
   std::string startupFile;  ///< measurement named on the command line; empty without one

@@ -1,11 +1,11 @@
-// Work that has to wait until the event at hand is done with.
+// Deferred work, for when the current event has been handled.
 #pragma once
 
 #include <string>
 
 namespace morvane {
 
-/// Calls `action(text)` as soon as the toolkit waits for events again.
+/// Calls `action(text)` when FLTK next waits for events.
 void callSoon(void (*action)(const std::string&), const std::string& text);
 
 }  // namespace morvane

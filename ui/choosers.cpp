@@ -18,20 +18,20 @@
 namespace morvane {
 namespace {
 
-// Not the main window's own, so that a list of windows tells them apart.
+// Not the main window's title, so that they differ in a list of windows.
 constexpr const char* kBoxTitle = "Morvane Reader";
 
-/// `text` as the toolkit's boxes show it unchanged.
+/// `text` escaped for FLTK's message boxes.
 std::string plain(const std::string& text) { return labelText(text, "@"); }
 
-/// Makes the toolkit's message box ready for `text`, as a box of the main window over the middle of
-/// that, and returns the text in lines that keep it there.
+/// Prepares FLTK's message box for `text`: centred over the main window and owned by it. Returns
+/// the text wrapped so that the box fits.
 std::string prepareBox(const std::string& text) {
   constexpr int kBesideText = 80;  // icon and margins
   constexpr int kBelowText = 70;   // buttons and margins
   constexpr int kLeastWidth = 410;
   Fl_Window& main = *appState().mainWindow;
-  // The toolkit lets a modal window belong to the one that was in front last.
+  // FLTK makes a modal dialog transient for the first window of its list.
   Fl::first_window(&main);
   fl_message_hotspot(0);
   fl_message_title_default(kBoxTitle);
@@ -47,7 +47,7 @@ std::string prepareBox(const std::string& text) {
   return plain(lines);
 }
 
-/// Lets the operator choose. The chooser's own questions come up as all others do.
+/// Runs the chooser. Its own questions look like the program's.
 std::string answerOf(Fl_Native_File_Chooser& chooser, const FileRequest& request) {
   chooser.title(request.title);
   chooser.filter(request.filter);
@@ -74,7 +74,7 @@ std::string chooseFileToOpen(const FileRequest& request) {
 std::string chooseFileToSave(const FileRequest& request) {
   Fl_Native_File_Chooser chooser(Fl_Native_File_Chooser::BROWSE_SAVE_FILE);
   if (!request.presetName.empty()) {
-    // A whole path: the toolkit's own chooser takes a bare name for one in the current folder.
+    // A full path: FLTK's own chooser would put a bare name into the current folder.
     chooser.preset_file(pathIn(request.folder, request.presetName).c_str());
   }
   if (request.confirmOverwrite) chooser.options(Fl_Native_File_Chooser::SAVEAS_CONFIRM);

@@ -14,7 +14,7 @@
 namespace morvane {
 namespace {
 
-/// The saved configurations: a table that selects whole rows and holds none yet.
+/// The table of saved configurations, which is always empty. It selects whole rows.
 class SavedConfigs : public Fl_Table_Row {
  public:
   SavedConfigs(int x, int y, int w, int h, const char* label) : Fl_Table_Row(x, y, w, h, label) {
@@ -37,14 +37,14 @@ constexpr ButtonEntry kIdleButtons[] = {
     {370, 235, 75, 25, "Delete"},
 };
 
-/// The number a text begins with; 0 when it begins with none or with one beyond an int.
+/// The number at the start of `text`; 0 when there is none or it does not fit into an int.
 int leadingInteger(std::string_view text) {
   int number = 0;
   std::from_chars(text.data(), text.data() + text.size(), number);
   return number;
 }
 
-/// Reads the fields of a session. No session is opened, so nothing is done with them.
+/// Reads the fields of a connection. No connection is made, so they are not used.
 void openConnection(Fl_Widget* /*widget*/, void* data) {
   const auto& fields = *static_cast<const ConnectionFields*>(data);
   [[maybe_unused]] const std::string hostname = fields.hostname->value();

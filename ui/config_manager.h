@@ -1,4 +1,4 @@
-// The window for the settings of a network session to an instrument.
+// The window for the settings of a network connection to an instrument.
 #pragma once
 
 #include <FL/Fl_Double_Window.H>
@@ -8,7 +8,7 @@ class Fl_Input;
 
 namespace morvane {
 
-/// The fields of a session that "Open Connection" reads.
+/// The fields that "Open Connection" reads.
 struct ConnectionFields {
   Fl_Input* hostname = nullptr;
   Fl_Input* port = nullptr;
@@ -17,7 +17,7 @@ struct ConnectionFields {
 
 class ConfigManagerWindow : public Fl_Double_Window {
  public:
-  /// Builds the window with its widgets, hidden.
+  /// Creates the window with its widgets, hidden.
   ConfigManagerWindow();
 
  private:

@@ -1,4 +1,4 @@
-// What the program says without asking anything.
+// Messages to the operator that need no answer.
 #pragma once
 
 #include <string>
@@ -6,11 +6,11 @@
 
 namespace morvane {
 
-/// Appends `text` and a line end to the console strip's text.
+/// Appends `text` and a newline to the console strip.
 void appendConsole(std::string_view text);
 
-/// Says `text` to the operator: in the console strip and for about three seconds over the view's
-/// lower edge.
+/// Shows `text` to the operator: in the console strip, and for about three seconds at the lower
+/// edge of the view.
 void tellUser(const std::string& text);
 
 }  // namespace morvane

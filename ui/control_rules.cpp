@@ -7,7 +7,7 @@
 namespace morvane {
 namespace {
 
-constexpr std::string_view kMicro = "µ";  // as the inputs hold it; the single byte goes too
+constexpr std::string_view kMicro = "µ";  // as in the inputs; the Latin-1 byte is removed too
 
 constexpr float kStep = 0.05F;
 constexpr float kSmallestScale = 1e-10F;

@@ -1,4 +1,4 @@
-// What the view controls compute, without a window: number texts and scale steps.
+// The computations of the view controls, without a window: number texts and scale steps.
 #pragma once
 
 #include <string>
@@ -8,20 +8,20 @@
 
 namespace morvane {
 
-/// The unit behind a height limit.
+/// The unit after a height limit.
 inline constexpr std::string_view kMicrometres = "µm";
 
-/// A place for `zScale` on the slider: itself, or 1 where a flat surface has an infinite one.
+/// The slider value for `zScale`: itself, or 1 if it is infinite (flat surface).
 double finiteScale(float zScale);
 
-/// What the scale readout shows for a z-scale, e.g. "3x".
+/// The text of the scale readout for a z-scale, e.g. "3x".
 std::string readoutText(float zScale);
 
 /// `text` without any micro sign and any "m".
 std::string stripUnit(std::string_view text);
 
-/// The z-scale after one press of plus (`direction` above 0) or minus: a step of 5 % of the
-/// measurement's own scale `base`, never from at or above `maximum` and never to 0 or below.
+/// The z-scale after a press on plus (`direction` above 0) or minus. The step is 5 % of the
+/// automatic scale `base`. Plus does nothing at or above `maximum`. Minus never goes to 0 or below.
 float steppedScale(int direction, float base, float maximum, float current);
 
 }  // namespace morvane

@@ -47,8 +47,8 @@ struct ButtonEntry {
   bool hidden = false;
 };
 
-/// Ends where the pointer lets it go: the toolkit tells of a release before the motions that came
-/// with it while a frame was drawn.
+/// Handles a release as a last drag: while a frame is drawn FLTK queues motions, and it delivers
+/// the release before them.
 class ScaleSlider : public Fl_Hor_Nice_Slider {
  public:
   using Fl_Hor_Nice_Slider::Fl_Hor_Nice_Slider;
@@ -148,7 +148,7 @@ void addInput(const InputEntry& entry) {
 
 }  // namespace
 
-// In the order in which the Tab key goes from one to the next: from top to bottom.
+// From top to bottom, which is also the order of the Tab key.
 void buildControls() {
   for (const LogoEntry& logo : kLogos) addLogo(logo);
   for (const ButtonEntry& button : kUpperButtons) addButton(button);

@@ -3,7 +3,7 @@
 
 namespace morvane {
 
-/// Fills the control column, whose group is being built.
+/// Creates the controls in the current FLTK group.
 void buildControls();
 
 }  // namespace morvane

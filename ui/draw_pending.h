@@ -1,14 +1,14 @@
-// Bringing the windows up to date before work that takes a while.
+// Redraws the windows before work that takes a while.
 #pragma once
 
 namespace morvane {
 
-/// Draws everything that is waiting to be drawn, and returns when it is on the screen. No key and
-/// no press is acted on meanwhile.
+/// Draws all damaged windows and returns when they are on the screen. No keys or mouse presses are
+/// handled meanwhile.
 void drawPending();
 
-/// The same, for use when a window over the main one has just gone: waits until the system has
-/// taken it from the screen, a tenth of a second at most.
+/// The same, after a window over the main window was closed: waits until it is off the screen, at
+/// most 0.1 s.
 void drawUncovered();
 
 }  // namespace morvane

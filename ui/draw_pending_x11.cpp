@@ -10,14 +10,14 @@
 namespace morvane {
 namespace {
 
-/// Whether the desktop keeps the pictures of windows that others lie over; nothing has to be drawn
-/// then.
+/// Whether a compositor runs. It keeps the content of covered windows, so nothing has to be
+/// redrawn.
 bool keepsCovered() {
   const std::string name = "_NET_WM_CM_S" + std::to_string(fl_screen);
   return XGetSelectionOwner(fl_display, XInternAtom(fl_display, name.c_str(), False)) != None;
 }
 
-/// Handles what has been uncovered; false when that was nothing.
+/// Handles Expose events; false when there were none.
 bool handleExposures() {
   XEvent event;
   bool any = false;
@@ -37,7 +37,7 @@ void drawPending() {
 void drawUncovered() {
   using Clock = std::chrono::steady_clock;
   const auto end = Clock::now() + std::chrono::milliseconds(keepsCovered() ? 0 : 100);
-  // The window manager takes the frame away, in its own time.
+  // The window manager removes the frame later than the program closes the window.
   while (!handleExposures() && Clock::now() < end) {
     pollfd connection{ConnectionNumber(fl_display), POLLIN, 0};
     poll(&connection, 1, 10);

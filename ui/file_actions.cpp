@@ -55,12 +55,13 @@ bool readMeasurement(const std::string& path) {
   const WaitCursor wait;
   resFile& file = appState().glView->file();
   file.update(path);
-  // A file that vanishes right before the read leaves the sizes of the one before, which are valid.
+  // If the file vanishes right before the read, the sizes of the previous file remain, which are
+  // valid.
   return file.isValid() && file.grid() != nullptr;
 }
 
-/// Lists the bitmaps beside the measurement in the menu. Kept: which one is chosen depends on their
-/// order; when "captured_white.bmp" comes first, both are marked and the later one is taken.
+/// Lists the bitmaps beside the measurement in the menu. Kept: the choice depends on their order.
+/// If "captured_white.bmp" comes first, both are marked and the later one is used.
 void offerBitmaps(const BitmapFolder& bitmaps) {
   AppState& app = appState();
   ShownSurface& shown = app.glView->surface();
@@ -79,7 +80,7 @@ void showSurface() {
   app.menuBar->redraw();
   if (!app.glView->tools().profileMode()) app.profileButton->show();
   app.glView->showNow();
-  app.controlsPanel->show();  // on top: its right edge lies over the view's left one
+  app.controlsPanel->show();  // in front: its right edge overlaps the view
 }
 
 void resetControls() {
@@ -152,7 +153,7 @@ void openFile(const std::string& path) {
     return;
   }
   showOpened();
-  // A view that draws frames takes it away with the first of them.
+  // A visible view removes the line with its first frame.
   if (appState().glView->visible() == 0) line.release();
 }
 

@@ -41,7 +41,7 @@ void toggleFilter() {
   ShownSurface& shown = appState().glView->surface();
   shown.setFilterEnabled(!shown.filterEnabled());
   applyFilter();
-  // Switched on without a type nothing would be seen to happen; the window says what is missing.
+  // Without a type nothing would change; the window shows what is missing.
   if (shown.filterEnabled() && !typeOf(appState().filterWindow->settings())) {
     showFilterWindow();
     sayTypeIsMissing();
@@ -51,7 +51,7 @@ void toggleFilter() {
 void showFilterWindow() {
   constexpr int kMargin = 10;
   FilterWindow& window = *appState().filterWindow;
-  // Beside the surface: over its lower left, where there is only background.
+  // At the lower left of the view, where there is only background.
   const Fl_Window& main = *appState().mainWindow;
   window.placeOnce(main.x() + kControlsWidth + kMargin, main.y() + main.h() - window.h() - kMargin);
   window.updateHint();

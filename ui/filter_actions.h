@@ -1,13 +1,13 @@
-// Filtering the surface on show.
+// Filtering the surface shown.
 #pragma once
 
 namespace morvane {
 
-/// Filters the measurement on show as the filter window says; without a type the raw heights are
-/// shown.
+/// Filters the measurement shown with the settings of the filter window. Without a type the raw
+/// heights are shown.
 void applyFilter();
 
-/// Switches between filtered and raw heights and filters anew.
+/// Switches between filtered and raw heights and filters again.
 void toggleFilter();
 
 /// Shows the window of settings, the first time beside the surface.

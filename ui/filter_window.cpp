@@ -24,7 +24,7 @@ FilterWindow& windowOf(const Fl_Widget* widget) {
 
 void onSetting(Fl_Widget* widget, void* /*data*/) { windowOf(widget).takeSettings(); }
 
-/// Whether the pointer is on the words of a type, which stand right of its box.
+/// Whether the pointer is on the label of a type, to the right of its check box.
 bool onWordsOf(const Fl_Check_Button& type) {
   int width = 0;
   int height = 0;

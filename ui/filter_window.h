@@ -1,4 +1,4 @@
-// The window in which the filter's type and cut-offs are set.
+// The window for the filter's type and cut-offs.
 #pragma once
 
 #include <FL/Fl_Double_Window.H>
@@ -14,32 +14,33 @@ class Fl_Float_Input;
 
 namespace morvane {
 
-/// Its settings persist while the program runs. "Apply" leaves it open.
+/// Its settings last until the program ends. "Apply" does not close it.
 class FilterWindow : public Fl_Double_Window {
  public:
-  /// Builds the window, hidden.
+  /// Creates the window, hidden.
   FilterWindow();
 
-  /// A press on the words of a type chooses it as one on its box does.
+  /// A click on the label of a type selects it, like a click on its check box.
   int handle(int event) override;
 
-  /// What is typed and chosen now.
+  /// The current settings.
   [[nodiscard]] FilterSettings settings() const;
 
-  /// Acts on a setting that has changed: L2 can be typed for a band pass only, and the hint is of
-  /// the present settings.
+  /// Updates the window after a change: L2 is enabled for a band pass only, and the hint follows
+  /// the settings.
   void takeSettings();
-  /// Says in the quiet line below the inputs what is odd about the present settings, and returns
-  /// whether anything is.
+  /// Shows the hint about the current settings in the grey line below the inputs. Returns whether
+  /// there is one.
   bool updateHint();
-  /// Says `text` there until something is set.
+  /// Shows `text` there until a setting changes.
   void showHint(const std::string& text);
 
-  /// Gives it its first place on the screen; later it stays where the operator has put it.
+  /// Sets its initial place on the screen. Later calls do nothing, so it stays where the operator
+  /// moved it.
   void placeOnce(int x, int y);
 
   std::function<void()> onApply;      ///< "Apply" was pressed
-  std::function<ResHeader()> header;  ///< of the surface on show; sizes of 0 without one
+  std::function<ResHeader()> header;  ///< of the surface shown; sizes of 0 without one
 
  private:
   static Fl_Check_Button* addType(int y, const char* label);

@@ -1,10 +1,10 @@
-// Full screen, as far as the system fills it without making the window anew.
+// Full screen, if the system supports it without recreating the window.
 #pragma once
 
 namespace morvane {
 
-/// Whether the window manager itself lets a window fill the screen. Where it does not, the toolkit
-/// puts another window in its place, and the GL context goes with the old one.
+/// Whether the window manager supports full screen. If it does not, FLTK replaces the window, and
+/// the GL context is lost with the old one.
 bool canFillScreen();
 
 }  // namespace morvane

@@ -1,4 +1,4 @@
-// The toolkit knows, but keeps it with what is its own.
+// FLTK knows this, but declares it among its internals.
 #define FL_INTERNALS
 #include "ui/full_screen.h"
 

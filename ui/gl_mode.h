@@ -1,4 +1,4 @@
-// The frame buffer the program's GL windows ask for.
+// The frame buffer mode of the program's GL windows.
 #pragma once
 
 #include <FL/Enumerations.H>

@@ -1,4 +1,4 @@
-// A GL window of the program that keeps its picture.
+// A GL window that keeps its last frame.
 #pragma once
 
 #include <FL/Fl_Gl_Window.H>
@@ -12,15 +12,15 @@ class GlPane : public Fl_Gl_Window {
  public:
   using Fl_Gl_Window::Fl_Gl_Window;
 
-  /// Draws a frame and reads it before the screen gets it, so that nothing that lies over the
-  /// window is in it. No picture of a window that is not shown.
+  /// Draws a frame and reads it from the back buffer, so that windows in front are not in it. Empty
+  /// if the window is not shown.
   ScreenPart picture();
 
  protected:
-  /// Shows the frame that was kept where nothing has changed since, as other windows over this one
-  /// have only come and gone. False where a frame must be drawn. For use in `draw()`.
+  /// Shows the kept frame if nothing has changed since: the window was only uncovered. False when a
+  /// frame must be drawn. For use in `draw()`.
   bool showKept();
-  /// Keeps the frame that has just been drawn, except while the picture is dragged.
+  /// Keeps the frame just drawn, except during a drag.
   void keepFrame();
 
  private:

@@ -16,12 +16,12 @@ namespace morvane {
 namespace {
 
 constexpr const char* kLogFile = "GLWindow.log";
-// Long enough for the rasteriser to have finished the first frame of a surface.
+// By then the rasteriser has finished the first frame of a surface.
 constexpr double kTidyAfter = 0.3;  // seconds
 
 void tidyMemory(void* /*data*/) { releaseSpareMemory(); }
 
-/// The button that the event is about.
+/// The button of the current event.
 HeldButtons eventButton() {
   return {.left = Fl::event_button() == FL_LEFT_MOUSE,
           .right = Fl::event_button() == FL_RIGHT_MOUSE};
@@ -129,7 +129,7 @@ void GLWindow::initialiseGlew() {
     Fl::warning("%s", message.data());
     DebugLog::write(kLogFile, message.data());
   }
-  // GLEW may complain about the window system only; what counts is whether the functions are there.
+  // glewInit may fail for the window system (GLX) only. What counts is whether the functions exist.
   glReady_ =
       glCreateShader != nullptr && glGenVertexArrays != nullptr && glMapBufferRange != nullptr;
   if (!glReady_) {
@@ -181,21 +181,21 @@ int GLWindow::handle(int event) {
       return 1;
     case FL_MOUSEWHEEL:
       logStream() << "SCALE: " << camera_.distance << '\n';
-      // No motion need have come before: the toolkit merges it into what follows.
+      // FLTK may have merged a motion into this event.
       hand_.move(eventPoint());
       hand_.wheel(Fl::event_dy());
       redraw();
       return 1;
     case FL_ENTER:
       logStream() << "Entered\n";
-      // Wanted, so that motion without a button is told; then passed on.
+      // FLTK sends FL_MOVE to widgets that accept FL_ENTER.
       (void)Fl_Gl_Window::handle(event);
-      // The motion that led here is told as this event alone.
+      // There is no separate event for the motion into the window.
       hand_.move(eventPoint());
       return 1;
     case FL_KEYDOWN:
       logStream() << "Key Down\n";
-      // Kept: the words are the wrong way round.
+      // Kept: the words are swapped.
       if (Fl::event_key() == FL_Up) logStream() << "DOWN KEY PRESSED\n";
       if (Fl::event_key() == FL_Down) logStream() << "UP KEY PRESSED\n";
       break;

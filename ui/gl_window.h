@@ -1,4 +1,4 @@
-// The 3D view: the toolkit's GL window that shows the measured surface and its colour key.
+// The 3D view: the FLTK GL window that shows the measured surface and its colour key.
 #pragma once
 
 #include <functional>
@@ -15,24 +15,24 @@
 
 namespace morvane {
 
-/// Turns the toolkit's events into calls on what it owns: the measurement-file object, the surface
-/// on show, the camera, the tools and the scene that draws them. GL calls happen inside `draw()`
-/// and `handle()` only.
+/// Passes FLTK's events to the objects that it owns: the measurement-file object, the surface
+/// shown, the camera, the tools and the scene that draws them. Makes GL calls in `draw()` and
+/// `handle()` only.
 class GLWindow : public GlPane {
  public:
   GLWindow(int x, int y, int w, int h, const char* label);
 
   int handle(int event) override;
 
-  /// The object the open action reads with. What it holds after a failed read is not on show.
+  /// The object with which files are read. After a failed read its content is not what is shown.
   [[nodiscard]] resFile& file() { return file_; }
-  /// What is on show; a change of it asks for a frame.
+  /// What is shown. Changing it requests a redraw.
   [[nodiscard]] ShownSurface& surface() { return shown_; }
   [[nodiscard]] Tools& tools() { return tools_; }
-  /// The window that plots the section: a neighbour of this one in the main window.
+  /// The window that plots the section, a sibling of this one in the main window.
   [[nodiscard]] Profiler& profiler() { return *profiler_; }
 
-  /// What of the picture is switched on.
+  /// Which parts of the picture are switched on.
   [[nodiscard]] const SceneOptions& options() const { return options_; }
   void setOption(bool SceneOptions::*option, bool on);
 
@@ -40,22 +40,22 @@ class GLWindow : public GlPane {
   void swapPins();
   void setGridMode(bool on);
 
-  /// Puts the camera back to its first place.
+  /// Resets the camera.
   void resetCamera();
-  /// Shows the window and draws the frame at once, where the system can draw it.
+  /// Shows the window and draws it at once, if GL is usable.
   void showNow();
-  /// Whether the system can draw the view at all. Says so once through `onTrouble` when not.
+  /// Whether the system can draw the view. If not, `onTrouble` is called once.
   bool glUsable();
-  /// The folder of the executable, for the font.
+  /// Sets the folder of the executable, from which the font is loaded.
   void setExeFolder(const std::string& folder);
 
-  /// Told, in a sentence, why the system cannot draw the view at all.
+  /// Called with the reason why the system cannot draw the view.
   std::function<void(const std::string&)> onTrouble;
-  /// Told why a measurement that is open cannot be shown. Called while a frame is drawn.
+  /// Called with the reason why a measurement cannot be shown, while a frame is drawn.
   std::function<void(const std::string&)> onNotShown;
   /// Called when limits or scale have been brought up to date.
   std::function<void()> onMeasured;
-  /// Called when a frame is about to be drawn.
+  /// Called before a frame is drawn.
   std::function<void()> onDraw;
 
  protected:
@@ -74,7 +74,7 @@ class GLWindow : public GlPane {
   MouseHand hand_{shown_, camera_, tools_};
   Scene scene_;
   SceneOptions options_;
-  Profiler* profiler_;     // the toolkit's
+  Profiler* profiler_;     // owned by FLTK
   bool firstShow_ = true;  // GLEW not yet initialised
   bool glReady_ = false;   // GLEW found the functions the view calls
   bool troubleReported_ = false;

@@ -1,14 +1,14 @@
-// The dialog that gives the colour key limits of its own.
+// The dialog for the limits of the colour key.
 #pragma once
 
 class Fl_Window;
 
 namespace morvane {
 
-/// Builds the dialog, hidden.
+/// Creates the dialog, hidden.
 Fl_Window* buildHeatMapDialog();
 
-/// Shows it over the middle of the main window.
+/// Shows it centred over the main window.
 void showHeatMapDialog();
 
 }  // namespace morvane

@@ -49,26 +49,26 @@ void setIcon() {
   Fl_Window::default_icon(&icon);
 }
 
-/// Pictures that are loaded, as all others, but placed nowhere.
+/// Loads pictures that are not shown anywhere.
 void loadSparePictures() {
   for (const char* name : {"auto.png", "3D.png", "points.png", "ico2d.png", "ico3d.png"}) {
     loadImage("Icons", name);
   }
 }
 
-/// The column of results is laid out for a face with these metrics.
+/// The results column is laid out for a font with these metrics.
 void useProgramFont() {
   Fl::set_font(FL_HELVETICA, " Liberation Sans");
   Fl::set_font(FL_HELVETICA_BOLD, "BLiberation Sans");
 }
 
-/// An action that asks something goes on with the measurement it began with, so meanwhile nothing
-/// is opened.
+/// Opens a dropped file, but not while a modal dialog is open: its action needs the current
+/// measurement.
 void openDropped(const std::string& path) {
   if (Fl::modal() == nullptr) openFile(path);
 }
 
-/// Keeps what stands in it in its places whatever its size.
+/// A window whose children keep their places when it is resized.
 class MainWindow : public Fl_Double_Window {
  public:
   using Fl_Double_Window::Fl_Double_Window;
@@ -76,7 +76,7 @@ class MainWindow : public Fl_Double_Window {
     Fl_Double_Window::resize(x, y, w, h);
     layoutViews();
   }
-  /// A file was dropped: opens it later, when the program that it came from no longer waits.
+  /// Opens a dropped file later, since the program that it came from waits for the end of the drop.
   int handle(int event) override {
     if (event != FL_PASTE) return Fl_Double_Window::handle(event);
     callSoon(openDropped,
@@ -85,8 +85,8 @@ class MainWindow : public Fl_Double_Window {
   }
 };
 
-/// Lets a file be dropped anywhere on the main window. By itself the toolkit offers a drop to the
-/// part that the pointer entered last, whatever took the drag before, and no part takes it.
+/// Accepts a dropped file anywhere on the main window. By default FLTK sends the drop to the child
+/// below the pointer, even if the window accepted the drag, and no child handles it.
 int dispatchDrag(int event, Fl_Window* window) {
   const bool drag = event == FL_DND_ENTER || event == FL_DND_DRAG || event == FL_DND_RELEASE;
   Fl_Window* main = appState().mainWindow;
@@ -94,11 +94,11 @@ int dispatchDrag(int event, Fl_Window* window) {
     return Fl::handle_(event, window);
   }
   if (Fl::modal() != nullptr) return 0;
-  Fl::belowmouse(main);  // to which the rest is sent
+  Fl::belowmouse(main);  // receives the following events
   return 1;
 }
 
-/// Its check boxes are true whenever they are looked at.
+/// Updates its check boxes before it shows them.
 class MenuBar : public Fl_Menu_Bar {
  public:
   using Fl_Menu_Bar::Fl_Menu_Bar;

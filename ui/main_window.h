@@ -3,8 +3,8 @@
 
 namespace morvane {
 
-/// Creates every widget of the program, hidden, and keeps those that callbacks need in `AppState`.
-/// Called once at start-up, after the executable's folder is known.
+/// Creates all widgets of the program, hidden, and stores those that callbacks need in `AppState`.
+/// Call once, after the executable's folder is set.
 void buildMainWindow();
 
 }  // namespace morvane

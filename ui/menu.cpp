@@ -31,7 +31,7 @@ namespace {
 
 constexpr const char* kBitmapMenu = "&BMPs/";
 
-/// Asked of the window: its manager may have left full screen by itself.
+/// Asks the window, since the window manager can leave full screen too.
 bool fillsScreen() { return appState().mainWindow->fullscreen_active() != 0; }
 
 void toggleFullScreen() {
@@ -96,13 +96,13 @@ constexpr MenuEntry kMenu[] = {
      FL_CTRL + 'o'},
     {"&File/&Save Copy as...", saveCopy, kStandard, FL_MENU_DIVIDER, nullptr, FL_CTRL + 's'},
     {"&File/&Quit", [] { std::exit(0); }, kStandard, 0, nullptr, FL_CTRL + 'q'},
-    // Kept: it does nothing; the action is that of "&FullScreen".
+    // Kept: it does nothing; "&FullScreen" has the action.
     {"&Edit/&Fullscreen", nullptr, kStandard, 0, nullptr, FL_ALT + 'f'},
     {"&Options/Axis Key", toggle<&SceneOptions::axesVisible>, kStandard, FL_MENU_TOGGLE,
      isOn<&SceneOptions::axesVisible>},
     {"&Options/Heatmap/Scale", showHeatMapDialog},
     {"&Help/About", [] { showOwned(*appState().aboutWindow); }},
-    // What the standard menu leaves out.
+    // In the full menu only.
     {"&Tools/&Filter", toggleFilter, kFull, FL_MENU_TOGGLE,
      [] { return appState().glView->surface().filterEnabled(); }},
     {"&Tools/&Filter Settings", showFilterWindow, kFull, FL_MENU_DIVIDER},
@@ -126,12 +126,12 @@ constexpr MenuEntry kMenu[] = {
     {"&Tools/&Connections", [] { showOwned(*appState().configManager); }, kFull},
 };
 
-/// The one callback of every fixed item: acts by the item's own label.
+/// The callback of all fixed items. It finds the entry by the item's label.
 void onMenu(Fl_Widget* /*widget*/, void* /*data*/) {
   const Fl_Menu_Item* item = appState().menuBar->mvalue();
   std::cerr << '\n';
   if (item == nullptr || item->label() == nullptr) return;
-  // The item goes when an action rebuilds the menu.
+  // A copy, as the item is freed when an action rebuilds the menu.
   const std::string label = item->label();
   for (const MenuEntry& entry : kMenu) {
     if (label == entry.label() && entry.run != nullptr) entry.run();
@@ -165,21 +165,21 @@ void checkMenuBoxes() {
 
 void rebuildMenu() {
   appState().menuBar->clear();
-  // A new measurement shows its axes, as the menu then says.
+  // A new measurement shows its axes.
   appState().glView->setOption(&SceneOptions::axesVisible, true);
   buildMenu();
 }
 
 void addBitmapItem(const std::string& name, long index, bool chosen) {
   Fl_Menu_Bar* menu = appState().menuBar;
-  // Added by its number: a name may look like another's, or like a path of menus.
+  // Inserted by index: a name may equal another one, or look like a menu path.
   const int item =
       menu->add((kBitmapMenu + std::to_string(index)).c_str(), 0, onBitmapItem,
-                // NOLINTNEXTLINE(performance-no-int-to-ptr): the toolkit's way to hand on a number
+                // NOLINTNEXTLINE(performance-no-int-to-ptr): FLTK's way to pass a number
                 reinterpret_cast<void*>(static_cast<fl_intptr_t>(index)), FL_MENU_RADIO);
   menu->replace(item, labelText(name, "&@").c_str());
   if (!chosen) return;
-  // Kept: two items may be marked, though they are radio items.
+  // Kept: two items may be marked, although they are radio items.
   menu->mode(item, menu->mode(item) | FL_MENU_VALUE);
   menu->value(item);
 }

@@ -8,13 +8,13 @@ namespace morvane {
 /// Adds the fixed items to the menu bar.
 void buildMenu();
 
-/// Empties the menu bar and builds the fixed items anew.
+/// Clears the menu bar and adds the fixed items again.
 void rebuildMenu();
 
-/// Makes every check box show what it stands for: other controls change that too.
+/// Updates all check boxes, as other controls change the same settings.
 void checkMenuBoxes();
 
-/// Adds the bitmap number `index` of the measurement to the "&BMPs" menu, marked when it is chosen.
+/// Adds bitmap number `index` of the measurement to the "&BMPs" menu, marked if `chosen`.
 void addBitmapItem(const std::string& name, long index, bool chosen);
 
 }  // namespace morvane

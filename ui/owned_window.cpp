@@ -8,7 +8,7 @@
 namespace morvane {
 
 void showOwned(Fl_Window& window) {
-  // The toolkit gives such a window to the one that is first when it is made.
+  // FLTK makes a new non-modal window transient for the first window of its list.
   Fl::first_window(appState().mainWindow);
   if (!window.shown()) window.set_non_modal();
   window.show();

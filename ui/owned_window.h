@@ -1,12 +1,12 @@
-// Windows that belong to the main window.
+// Windows that are owned by the main window.
 #pragma once
 
 class Fl_Window;
 
 namespace morvane {
 
-/// Shows `window` where a press on the main window does not cover it; in front of all others when
-/// it is shown already.
+/// Shows `window` so that it stays in front of the main window. If it is shown already it is
+/// raised.
 void showOwned(Fl_Window& window);
 
 }  // namespace morvane

@@ -18,7 +18,7 @@ void Profiler::draw() {
   PlotRenderer::drawNothing();
   if (glGenVertexArrays == nullptr || !shown_.modelLoaded()) return;
   if (!plot_.generated()) plot_.generate(resourcePath(exeFolder, "Fonts", "arial.ttf"), w(), h());
-  // Hiding the window takes its context away; only what the view shares is left.
+  // Hiding the window destroys its context. Only shared objects remain.
   if (!context_valid()) plot_.enterContext();
   glViewport(0, 0, pixel_w(), pixel_h());
   glEnable(GL_MULTISAMPLE);

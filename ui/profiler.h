@@ -11,7 +11,7 @@ namespace morvane {
 
 class Profiler : public GlPane {
  public:
-  /// Plots the section of `tool` over the surface `shown`; both must outlive it.
+  /// Plots the section of `tool` through the surface `shown`. Both must outlive this window.
   Profiler(int x, int y, int w, int h, const char* label, ProfileTool& tool, ShownSurface& shown);
 
   std::string exeFolder;  ///< for the font

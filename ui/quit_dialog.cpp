@@ -17,7 +17,7 @@
 namespace morvane {
 namespace {
 
-/// Owns its text; the toolkit's tree owns the display.
+/// Owns the text buffer; FLTK's widget tree owns the display.
 class QuitDialog : public Fl_Double_Window {
  public:
   QuitDialog(int x, int y) : Fl_Double_Window(x, y, 400, 100, "Quit application?") {
@@ -58,7 +58,7 @@ class QuitDialog : public Fl_Double_Window {
 }  // namespace
 
 void confirmQuit(Fl_Widget* /*window*/, void* /*data*/) {
-  // The toolkit closes a window at Escape too, which nobody means here.
+  // FLTK also closes a window on Escape, which would be a mistake here.
   if (Fl::event() == FL_SHORTCUT && Fl::event_key() == FL_Escape) return;
   registerButtonBox();
   logStream() << "Dimensions = " << Fl::w() << '\n';

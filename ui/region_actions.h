@@ -1,10 +1,10 @@
-// Cutting a piece out of the surface on show.
+// Saving a region of the surface shown.
 #pragma once
 
 namespace morvane {
 
-/// Asks for a name and saves what lies between the corners of the grid box beside the measurement,
-/// then offers to open it.
+/// Asks for a name, saves the region between the corners of the grid box beside the measurement,
+/// and offers to open it.
 void saveShownRegion();
 
 }  // namespace morvane

@@ -34,11 +34,11 @@ void tell(const std::string& trouble) {
   tellUser(trouble);
 }
 
-/// Takes the picture of the view and what stands below it, as they are now.
+/// Captures the view and the profile window below it.
 Screenshot captureView() {
   const AppState& app = appState();
   GLWindow& view = *app.glView;
-  drawPending();  // what lay beneath a menu that has just gone
+  drawPending();  // the area under a menu that has just closed
   const std::array<ScreenPart, 2> own = {view.picture(), view.profiler().picture()};
   const ScreenRect area = reportArea({app.mainWindow->x_root(), app.mainWindow->y_root()}, view.w(),
                                      view.h(), view.profiler().visible() ? kProfileHeight : 0);
@@ -56,7 +56,7 @@ ReportValues presentValues() {
           .maximum = stripUnit(app.maximumInput->value())};
 }
 
-/// Where the report is to go; empty when the operator cancels.
+/// Asks for the path of the report; empty when cancelled.
 std::string chooseReportPath() {
   DebugLog::write(kLogFile, "Creating File Chooser");
   DebugLog::write(kLogFile, "Adding File Filter");

@@ -25,15 +25,15 @@ constexpr Fl_Fontsize kTitleSize = 20;
 constexpr int kBufferBytes = 1024;
 constexpr const char* kSeparatorText = "-----------------------------------------";
 
-/// The toolkit reads "@" in a tooltip as the start of a symbol unless it is doubled.
+/// FLTK reads "@" in a tooltip as the start of a symbol unless it is doubled.
 std::string tooltipText(std::string_view text) {
   std::string tip;
   for (const char letter : text) tip.append(letter == '@' ? 2 : 1, letter);
   return tip;
 }
 
-/// `text` with every byte that is no UTF-8 as the Windows-1252 character it then stands for: the
-/// toolkit's displays read on behind an unfinished sequence.
+/// `text` with every byte that is not UTF-8 converted from Windows-1252. FLTK's text displays read
+/// past the end of an incomplete UTF-8 sequence.
 std::string wellFormed(const std::string& text) {
   std::string formed;
   const char* end = text.data() + text.size();
@@ -48,7 +48,7 @@ std::string wellFormed(const std::string& text) {
 
 }  // namespace
 
-/// A text display without margins, scroll bars or cursor that only shows its own buffer.
+/// A text display without margins, scroll bars or cursor, with its own buffer.
 class ColumnText : public Fl_Text_Display {
  public:
   ColumnText() : Fl_Text_Display(0, 0, 0, 0), text_(kBufferBytes) {
@@ -65,8 +65,8 @@ class ColumnText : public Fl_Text_Display {
   ColumnText& operator=(const ColumnText&) = delete;
   ~ColumnText() override { buffer(nullptr); }
 
-  /// Stands at `area` of the column whose top-left corner is (`columnX`, `columnY`), the text
-  /// `indent` pixels to the right of its left edge.
+  /// Moves to `area` of the column, whose top left corner is (`columnX`, `columnY`). The text
+  /// starts `indent` pixels to the right of its left edge.
   void place(const PixelArea& area, int columnX, int columnY, int indent = 0) {
     resize(columnX + area.x, columnY + area.y, area.w, area.h);
     indent_ = indent;
@@ -78,10 +78,10 @@ class ColumnText : public Fl_Text_Display {
     redraw();
   }
 
-  /// Writes `text`; where the place is too small for it, a tooltip holds it whole.
+  /// Shows `text`. If it does not fit, a tooltip shows all of it.
   void writeWithTooltip(const std::string& text) {
     write(text);
-    // A tooltip on show still points to the text that is about to be freed.
+    // A visible tooltip points to the text that is about to be freed.
     if (Fl_Tooltip::current() == this) Fl_Tooltip::exit(this);
     fl_font(textfont(), textsize());
     if (text.find('\n') != std::string::npos || fl_width(text.c_str()) > visibleWidth_) {
@@ -91,12 +91,12 @@ class ColumnText : public Fl_Text_Display {
     }
   }
 
-  /// Answers the pointer only so far that tooltips work: no focus, no selection, no scrolling.
+  /// Handles only the events that tooltips need: no focus, no selection, no scrolling.
   int handle(int event) override { return event == FL_ENTER || event == FL_LEAVE ? 1 : 0; }
 
  protected:
   void draw() override {
-    // The toolkit's own margins would cut values that just fit.
+    // FLTK's margins would clip values that just fit.
     text_area.x = x() + indent_;
     text_area.w = w() - indent_;
     Fl_Text_Display::draw();
@@ -209,7 +209,7 @@ void ResultsPanel::drawLayout(const ResultLayout& layout) {
 }
 
 void ResultsPanel::draw() {
-  // Displays may share a few empty pixels with their neighbours, so that one cannot be drawn alone.
+  // Displays may overlap by a few empty pixels, so all of them are redrawn.
   clear_damage(FL_DAMAGE_ALL);
   fl_push_clip(x(), y(), w(), h());
   Fl_Group::draw();

@@ -1,4 +1,4 @@
-// The column at the right edge of the main window that tells what was measured and computed.
+// The results column at the right edge of the main window.
 #pragma once
 
 #include <FL/Fl_Group.H>
@@ -17,22 +17,22 @@ namespace morvane {
 
 class ColumnText;
 
-/// The group of all displays. Move and size it like any group: what is in it moves along, is never
-/// scaled, and is cut at the group's edges.
+/// The group of all displays. When it is moved or resized its children move along. They are never
+/// scaled, and are clipped at the group's edges.
 class ResultsPanel : public Fl_Group {
  public:
-  /// Builds the column, hidden, with its place in the main window and nothing but the title and the
-  /// header's labels in it. A missing icon file leaves the icon empty.
+  /// Creates the column, hidden, at its place in the main window. It shows only the title and the
+  /// header's labels. The icon is empty when its file is missing.
   explicit ResultsPanel(const std::string& exeFolder);
   ~ResultsPanel() override;
 
-  /// Takes a copy of what the column tells about `measurement`; `showResults` puts it on display.
+  /// Copies what the column shows of `measurement`; `showResults` displays it.
   void take(const Measurement& measurement);
 
-  /// Shows header and results of the measurement taken last.
+  /// Shows header and results of the last measurement taken.
   void showResults();
 
-  /// Puts every display back to its place and writes the header's labels.
+  /// Moves all displays to their default places and writes the header's labels.
   void reset();
 
   /// Hides the result rows and the separators among them.
@@ -41,14 +41,14 @@ class ResultsPanel : public Fl_Group {
   /// Writes the header's values, with `surfaceText` as the surface type.
   void fillHeader(std::string_view surfaceText);
 
-  /// The picture that belongs to the column; null without its file.
+  /// The icon of the column; null when its file is missing.
   [[nodiscard]] const Fl_Shared_Image* icon() const { return icon_.get(); }
 
  protected:
   void draw() override;
 
  private:
-  /// Returns a picture to the toolkit's cache.
+  /// Releases a picture to FLTK's image cache.
   struct ReleaseImage {
     void operator()(Fl_Shared_Image* image) const;
   };

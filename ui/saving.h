@@ -1,4 +1,4 @@
-// Saving what an action has made, with the questions and messages that belong to it.
+// Saving a file for an action, with its questions and messages.
 #pragma once
 
 #include <functional>
@@ -8,16 +8,17 @@
 
 namespace morvane {
 
-/// One thing to be saved.
+/// What to save, and how.
 struct SaveTask {
-  std::string thing;                   ///< in small letters, as messages name it: "copy"
-  std::string path;                    ///< where to, with its extension
-  std::function<std::string()> write;  ///< writes it; empty on success, else the reason
-  void (*complain)(const std::string&) = showAlert;  ///< how a refusal or a failure is told
+  std::string thing;  ///< its name in messages, in lower case: "copy"
+  std::string path;   ///< target path, with its extension
+  std::function<std::string()>
+      write;  ///< writes it; returns empty on success, else the error message
+  void (*complain)(const std::string&) = showAlert;  ///< shows a refusal or an error
 };
 
-/// Saves, unless the path is that of the measurement on show, or of a file that the operator does
-/// not want replaced. Tells what came of it; true when it is saved.
+/// Saves it. Refuses the path of the open measurement, and asks before it replaces an existing
+/// file. Reports the outcome to the operator. True when it was saved.
 bool save(const SaveTask& task);
 
 }  // namespace morvane

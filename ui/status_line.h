@@ -1,4 +1,4 @@
-// The line at the lower edge of the view in which the program says what it has done.
+// The status line at the lower edge of the view.
 #pragma once
 
 #include <FL/Fl_Window.H>
@@ -7,19 +7,19 @@
 
 namespace morvane {
 
-/// A window within the main one, so that it shows over logo and GL view alike. It goes by itself,
-/// or at the first press or turn of the wheel on it.
+/// A subwindow of the main window, so that it is visible over both the logo and the GL view. It
+/// disappears after a while, or at a mouse press or wheel event on it.
 class StatusLine : public Fl_Window {
  public:
   StatusLine();
 
   /// Shows `text` for about three seconds.
   void say(const std::string& text);
-  /// Shows `text`, on the screen before this returns, until `release`.
+  /// Shows `text` until `release`. It is on the screen when this returns.
   void hold(const std::string& text);
-  /// Takes what is held from the screen as soon as what is being drawn is done.
+  /// Hides a held text once drawing has finished.
   void release();
-  /// Keeps to the view's lower edge, where that is now, and in front of it.
+  /// Moves to the lower edge of the view, in front of it.
   void place();
 
   int handle(int event) override;
@@ -32,8 +32,8 @@ class StatusLine : public Fl_Window {
   void stand();
   static void expire(void* line);
 
-  std::string text_;   // as it was given
-  std::string lines_;  // as it is shown
+  std::string text_;   // as passed by the caller
+  std::string lines_;  // wrapped, as shown
   bool held_ = false;
 };
 

@@ -30,7 +30,7 @@ void setIcon(Fl_Button* button, const char* icon) {
   button->redraw();
 }
 
-/// Puts a limit text without its unit into an input, the cursor staying behind the same digits.
+/// Sets a limit text without its unit in an input. The cursor stays after the same digits.
 void setLimitText(Fl_Float_Input* input, const std::string& stripped) {
   const auto before = static_cast<std::size_t>(input->position());
   const std::size_t digits = stripUnit(std::string_view(input->value()).substr(0, before)).size();
@@ -55,13 +55,13 @@ void showScale() {
   app.scaleReadout->text(readoutText(scale).c_str());
 }
 
-/// What the limit inputs hold, without units.
+/// The texts of the limit inputs, without units.
 struct LimitTexts {
   std::string maximum;
   std::string minimum;
 };
 
-/// Takes the limit texts, and logs the upper one.
+/// Reads the limit texts and logs the upper one.
 LimitTexts takeLimitTexts() {
   const AppState& app = appState();
   LimitTexts texts = {stripUnit(app.maximumInput->value()), stripUnit(app.minimumInput->value())};
@@ -70,7 +70,7 @@ LimitTexts takeLimitTexts() {
 }
 
 Crop cropOf(const LimitTexts& texts, bool on) {
-  // What lies beyond single precision cannot be drawn.
+  // A value too large for a float cannot be drawn.
   const auto limit = [](const std::string& typed) {
     constexpr float kMost = std::numeric_limits<float>::max();
     return std::clamp(leadingFloat(typed), -kMost, kMost);
@@ -78,7 +78,7 @@ Crop cropOf(const LimitTexts& texts, bool on) {
   return {.on = on, .min = limit(texts.minimum), .max = limit(texts.maximum)};
 }
 
-/// Makes button and inputs those of typed or of automatic limits.
+/// Shows button and inputs for typed or for automatic limits.
 void showLimitMode(bool typed) {
   const AppState& app = appState();
   setIcon(app.cropButton, typed ? "auto.png" : "crop.png");
@@ -161,7 +161,7 @@ void setProfileMode(Fl_Widget* /*widget*/, long action) {
   }
   on ? app.profileButton->hide() : app.profileButton->show();
   on&& view.glUsable() ? view.profiler().show() : view.profiler().hide();
-  app.controlsPanel->show();  // on top: its right edge lies over theirs
+  app.controlsPanel->show();  // in front: its right edge overlaps both
   layoutViews();
 }
 

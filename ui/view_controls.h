@@ -5,23 +5,23 @@ class Fl_Widget;
 
 namespace morvane {
 
-/// Each takes the widget, which none looks at, and the number that selects its action.
+/// All callbacks ignore the widget; the number selects the action.
 
-/// Switches between heat map and bitmap; without a bitmap only icon and flags change.
+/// Switches between heat map and bitmap. Without a bitmap only the icon and the setting change.
 void toggleHeatMap(Fl_Widget* widget, long action);
 
-/// Changes the z-scale: 0 takes the slider's value, 1 and −1 are one step up and down.
+/// Changes the z-scale: 0 uses the slider's value, 1 and −1 are one step up and down.
 void changeScale(Fl_Widget* widget, long action);
 
 inline constexpr long kLimitsTyped = 1;
 inline constexpr long kLimitsButton = 4;
-/// Takes the typed limits, or alternates between automatic and user limits.
+/// Uses the typed limits, or switches between automatic and typed limits.
 void applyLimits(Fl_Widget* widget, long action);
 
-/// Puts the limits back to those of the surface, as the button does.
+/// Switches to automatic limits.
 void useAutomaticLimits();
 
-/// Puts camera, scale and limits back to what suits the measurement.
+/// Resets camera, scale and limits to those of the measurement.
 void resetView(Fl_Widget* widget, long action);
 
 inline constexpr long kProfileOn = 1;
@@ -30,10 +30,10 @@ inline constexpr long kProfileOff = -1;
 /// Switches the profile tool on or off, or swaps its pins.
 void setProfileMode(Fl_Widget* widget, long action);
 
-/// Makes the controls show the scale and, while they are automatic, the limits of the view.
+/// Updates the controls: the scale and, while they are automatic, the limits.
 void showMeasured();
 
-/// Chooses bitmap number `index` of the measurement; shown at once where no heat map is.
+/// Chooses bitmap number `index` of the measurement. Without the heat map it is shown at once.
 void selectBitmap(long index);
 
 }  // namespace morvane

@@ -38,7 +38,7 @@ void layoutViews() {
   place(*app.controlsPanel, layout.controls);
   place(*app.consolePanel, layout.console);
   app.statusLine->place();
-  // What was placed by hand is the new starting point of the toolkit's own resizing.
+  // FLTK's resizing must start from these places.
   app.mainWindow->init_sizes();
   app.mainWindow->redraw();
 }

@@ -1,4 +1,4 @@
-// The pointer that says: busy.
+// The wait cursor.
 #pragma once
 
 #include <FL/Fl_Double_Window.H>
@@ -7,7 +7,7 @@
 
 namespace morvane {
 
-/// Shows the wait cursor over the main window while it lives.
+/// Shows the wait cursor over the main window during its lifetime.
 class WaitCursor {
  public:
   WaitCursor() { appState().mainWindow->cursor(FL_CURSOR_WAIT); }

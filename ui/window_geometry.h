@@ -1,4 +1,4 @@
-// Where everything stands in the main window: the one place for these numbers.
+// The layout of the main window: sizes and places of its parts.
 #pragma once
 
 #include "base/pixel_area.h"
@@ -18,16 +18,16 @@ inline constexpr int kConsoleX = 135;
 inline constexpr int kConsoleHeight = 150;
 inline constexpr int kConsoleInputHeight = 30;
 inline constexpr int kConsoleOverhang =
-    15;  ///< kept: it is wider than the room beside the controls
+    15;  ///< kept: it is wider than the area beside the controls
 
-/// The control column lies over so many columns of the view's left edge, and a little beyond.
+/// By how many pixels the control column overlaps the left edge of the view.
 inline constexpr int kCoveredWidth = 5;
 
 /// The smallest window in which no control is cut off and the view can still be used.
 inline constexpr int kLeastWidth = kControlsWidth + kResultsWidth + 320;
 inline constexpr int kLeastHeight = kMenuHeight + 690;
 
-/// What stands in a main window of one size with one choice of neighbours.
+/// The places of the parts in a main window.
 struct WindowLayout {
   PixelArea view;
   PixelArea profile;
@@ -51,7 +51,7 @@ constexpr WindowLayout windowLayout(int width, int height, bool results, bool pr
   };
 }
 
-/// The main window as it first is, with nothing beside the view but the controls.
+/// The initial layout, with nothing beside the view but the controls.
 inline constexpr WindowLayout kFirstLayout =
     windowLayout(kWindowWidth, kWindowHeight, false, false);
 

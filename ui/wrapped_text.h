@@ -1,4 +1,4 @@
-// Text cut into lines by what the toolkit draws it with.
+// Text wrapped by its width in FLTK's current font.
 #pragma once
 
 #include <string>
@@ -6,8 +6,8 @@
 
 namespace morvane {
 
-/// `text` with line ends put in so that no line is wider than `width` pixels in the toolkit's
-/// present font: behind a blank or a path separator where the line has one, else anywhere.
+/// `text` with newlines inserted so that no line is wider than `width` pixels in FLTK's current
+/// font. Lines break after a blank or a path separator if possible, else anywhere.
 std::string wrappedText(std::string_view text, int width);
 
 }  // namespace morvane
