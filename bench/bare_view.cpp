@@ -1,4 +1,5 @@
-// A bare program around the picture: what the way from start to picture costs without any other.
+// A minimal program that uploads and draws the same buffers: the floor for the time from start to
+// picture.
 #include <FL/Fl.H>
 #include <FL/Fl_Gl_Window.H>
 #include <GL/glew.h>
@@ -103,7 +104,7 @@ class BareView : public Fl_Gl_Window {
   int frames_;
 };
 
-/// Shows an empty window and says when it is on the screen.
+/// Shows an empty window and prints a line when it is on the screen.
 int showEmpty() {
   Fl_Window window(1280, 800);
   window.end();

@@ -12,7 +12,7 @@
 namespace morvane::bench {
 namespace {
 
-/// Keeps every repetition's time in milliseconds beside the usual output.
+/// Records the time of every repetition in milliseconds, besides the usual output.
 class Collector : public benchmark::ConsoleReporter {
  public:
   Collector() : ConsoleReporter(OO_None) {}
@@ -61,7 +61,7 @@ int run(int argc, char** argv, const std::vector<Figure>& figures) {
   benchmark::Initialize(&count, arguments.data());
   if (benchmark::ReportUnrecognizedArguments(count, arguments.data())) return EXIT_FAILURE;
 
-  // Otherwise the allocator keeps a freed block for the next round, whose pages then cost nothing.
+  // Otherwise the allocator reuses a freed block in the next repetition, without new page faults.
   constexpr int kLargeBlock = 1 << 20;
   mallopt(M_MMAP_THRESHOLD, kLargeBlock);
   Collector collector;

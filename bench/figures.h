@@ -1,4 +1,4 @@
-// Running benchmarks in turn with their floors and printing each figure as a ratio.
+// Runs benchmarks interleaved with their floors and prints each figure as a ratio.
 #pragma once
 
 #include <string>
@@ -6,8 +6,8 @@
 
 namespace morvane::bench {
 
-/// A benchmark, the benchmark that is its floor, and what it may cost: `times` × the floor plus
-/// `plusMs` milliseconds.
+/// A benchmark, the benchmark that is its floor, and its limit: `times` × the floor plus `plusMs`
+/// milliseconds.
 struct Figure {
   std::string name;
   std::string floor;
@@ -15,11 +15,11 @@ struct Figure {
   double plusMs = 0.0;
 };
 
-/// Runs the registered benchmarks that the arguments select, repetitions interleaved so that a
-/// drift of the machine's speed meets a figure and its floor alike, and prints the median of each
-/// figure, of its floor, their ratio and the limit. Large blocks of memory come fresh from the
-/// system meanwhile, as they do for the first measurement a program opens. Returns the process's
-/// exit status: that of a failure when a benchmark reported an error or nothing was measured.
+/// Runs the registered benchmarks that the arguments select. Repetitions are interleaved, so that a
+/// drift of the machine's speed affects a figure and its floor alike. Prints the medians of each
+/// figure and its floor, their ratio and the limit. Large blocks of memory are always requested
+/// from the system, as for the first measurement that a program opens. Returns the exit status,
+/// which is a failure when a benchmark reported an error or nothing was measured.
 int run(int argc, char** argv, const std::vector<Figure>& figures);
 
 }  // namespace morvane::bench

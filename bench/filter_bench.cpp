@@ -45,7 +45,7 @@ void filter(benchmark::State& state, const Grid& grid, FilterType type) {
   }
 }
 
-// Both have the same kind of memory, huge pages included, so that only the work differs.
+// Both use the same kind of memory, including huge pages, so that only the work differs.
 void bareTransforms(benchmark::State& state, const Grid& grid) {
   const auto side = static_cast<int>(grid->width());
   for (auto _ : state) {

@@ -11,7 +11,7 @@ program=$1 make_grid=$2 runs=${3:-3}
 # shellcheck source=bench/lib.sh
 . "$(dirname "${BASH_SOURCE[0]}")/lib.sh"
 
-# memory NAME: what the system says of the program, in millions of bytes.
+# memory NAME: a value of the program's /proc status, in millions of bytes.
 memory() { awk -v name="$1:" '$1 == name { printf "%.1f", $2 * 1024 / 1e6 }' "/proc/$pid/status"; }
 
 # measure SIDE SIGN [FILE]: prints points, milliseconds to the first frame, milliseconds of a frame,

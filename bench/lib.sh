@@ -1,7 +1,7 @@
 # shellcheck shell=bash
-# What the measuring scripts share: starting the program, reading what it prints, turning its
-# surface. Nothing polls: that would take time from what is measured. Sourced, never run. Sets
-# `folder` (for files, removed at the end) and `pid`.
+# Shared functions of the measuring scripts: starting the program, reading its output, turning its
+# surface. Nothing polls, as that would disturb the measurement. To be sourced, not run. Sets
+# `folder` (temporary files, removed at the end) and `pid`.
 
 folder=$(mktemp -d)
 trap 'rm -rf "$folder"' EXIT
@@ -21,7 +21,7 @@ stop() {
   kill "$pid" 2> /dev/null || true
   wait "$pid" 2> /dev/null || true
 }
-# awaitLine SIGN: reads on to the next line that begins with it, which is left in `line`.
+# awaitLine SIGN: reads up to the next line that starts with SIGN and leaves it in `line`.
 awaitLine() {
   while read -r line <&3; do
     [[ $line != "$1"* ]] || return 0
@@ -29,12 +29,12 @@ awaitLine() {
   echo "the program ended without \"$1\"" >&2
   exit 1
 }
-# drain: reads what has been printed until now.
+# drain: discards the output up to now.
 drain() { while read -r -t 0.3 line <&3; do :; done; }
 
 frame='Drawing Time for HM Key: '
 
-# turn: turns the surface by mouse without a pause and prints the milliseconds from frame to frame.
+# turn: turns the surface continuously by mouse and prints the milliseconds between frames.
 turn() {
   local window from mover count=0 moves=()
   for ((i = 0; i < 5000; ++i)); do

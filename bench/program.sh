@@ -17,7 +17,7 @@ row() {
     else printf("%-28s %9.1f\n", figure, value)
   }'
 }
-# untilLine SIGN PROGRAM...: milliseconds from the start until the line.
+# untilLine SIGN PROGRAM...: milliseconds from the start until a line that starts with SIGN.
 untilLine() {
   local sign=$1
   shift
@@ -29,7 +29,7 @@ untilLine() {
 # repeated FUNCTION...: the median of `runs` results.
 repeated() { for ((i = 0; i < runs; ++i)); do "$@"; done | median; }
 
-# How long the bare program takes for a frame, and the program while it is turned.
+# The time of a frame: of the bare program, and of the program while its surface is turned.
 bareFrame() {
   start "$bare" "$1" 8
   awaitLine "frame "
@@ -47,7 +47,7 @@ programFrame() {
 mainWindow() { xdotool search --onlyvisible --name '^Morvane Reader Software$' | tail -1; }
 windows() { xprop -root _NET_CLIENT_LIST | grep -o 0x | wc -l; }
 
-# From the press on the report button until the chooser is there.
+# From the press on the report button until the file chooser is shown.
 report() {
   local window count
   start "$program" "$1"

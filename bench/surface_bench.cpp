@@ -33,7 +33,7 @@ void statistics(benchmark::State& state, const std::shared_ptr<const HeightGrid>
   }
 }
 
-// Two plain passes of the same arithmetic, without a look at missing points.
+// Two plain passes of the same arithmetic, without the check for missing points.
 void statisticsFloor(benchmark::State& state, const std::shared_ptr<const HeightGrid>& grid) {
   for (auto _ : state) {
     float sum = 0.0F;
@@ -77,15 +77,15 @@ void fillWithTwoThreads(const MeshArrays& mesh) {
   fillHalf(false);
 }
 
-/// Touches as much memory as a build takes and frees it. A virtual machine gives memory that lies
-/// idle back to its host, and having it again costs several times what is measured here.
+/// Touches as much memory as a build needs and frees it. A virtual machine returns idle memory to
+/// its host, and getting it back would take several times as long as what is measured.
 void wakeMemory(const HeightGrid& grid) { fillWithTwoThreads(FreshArrays(cellCount(grid)).mesh()); }
 
 void build(benchmark::State& state, const std::shared_ptr<const HeightGrid>& grid) {
   std::ostream silent(nullptr);
   SurfaceModel model(silent);
   model.setRaw(grid);
-  model.measure();  // the statistics, which have a figure of their own and are kept for the grid
+  model.measure();  // the statistics, which are measured separately and computed once per grid
   wakeMemory(*grid);
   for (auto _ : state) {
     const FreshArrays arrays(cellCount(*grid));

@@ -1,4 +1,4 @@
-// Windows bitmaps encoded byte by byte.
+// Encodes Windows bitmaps.
 #pragma once
 
 #include <cstddef>
@@ -7,8 +7,8 @@
 
 namespace morvane {
 
-/// A picture of `width` × `height` pixels, bottom row first: one grey byte a pixel, or three in the
-/// order blue, green, red.
+/// A picture of `width` × `height` pixels, bottom row first: one grey byte per pixel, or blue,
+/// green, red.
 struct BitmapContent {
   std::int32_t width = 0;
   std::int32_t height = 0;
@@ -16,8 +16,8 @@ struct BitmapContent {
   std::vector<std::uint8_t> pixels{};
 };
 
-/// The bytes of the file, rows padded to four bytes. Throws std::invalid_argument when there are
-/// not as many pixels as the size says.
+/// The bytes of the file, with rows padded to four bytes. Throws std::invalid_argument when the
+/// number of pixels does not match the size.
 std::vector<std::byte> encodeBitmap(const BitmapContent& content);
 
 }  // namespace morvane

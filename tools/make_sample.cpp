@@ -31,7 +31,7 @@ void write(const std::filesystem::path& path, const std::vector<std::byte>& byte
   std::printf("%s\n", path.string().c_str());
 }
 
-/// A plausible record for each algorithm code; the others carry none.
+/// A plausible record for each algorithm code that has one.
 struct CodeSample {
   std::uint32_t code;
   const char* partName;

@@ -1,5 +1,4 @@
-// Measurement files as plain values, encoded byte by byte: what the samples and the tests are made
-// of.
+// Encodes measurement files from plain values, for the samples and the tests.
 #pragma once
 
 #include <array>
@@ -14,8 +13,8 @@ namespace morvane {
 /// One 32-bit word of a result record.
 using RecordWord = std::variant<float, std::uint32_t>;
 
-/// What a measurement file is to hold. The defaults make a small valid version-4 file of doubles
-/// once sizes and heights are given.
+/// The content of a measurement file. With sizes and heights added, the defaults give a valid
+/// version-4 file of doubles.
 struct MeasurementContent {
   std::int32_t version = 4;
   std::int32_t numType = -7;
@@ -35,11 +34,11 @@ struct MeasurementContent {
   std::vector<std::int16_t> counts{};  ///< the same, where numType is -2
 };
 
-/// The bytes of the file: a 256-byte header and the grid. Texts are cut to their fields. Throws
-/// std::invalid_argument when the record does not fit into the header.
+/// The bytes of the file: a 256-byte header and the grid. Texts are truncated to their fields.
+/// Throws std::invalid_argument when the record does not fit into the header.
 std::vector<std::byte> encodeMeasurement(const MeasurementContent& content);
 
-/// Writes `bytes` to `path`; throws std::runtime_error with the system's reason on failure.
+/// Writes `bytes` to `path`. Throws std::runtime_error with the system's error message on failure.
 void writeBytes(const std::string& path, const std::vector<std::byte>& bytes);
 
 }  // namespace morvane

@@ -1,4 +1,4 @@
-// Prints how much of a wave of each length the band filter lets through.
+// Prints the transmission of the band filter over the wavelength.
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
@@ -22,8 +22,8 @@ struct Settings {
   float pitch, l1, l2;
 };
 
-/// What the filter lets through of each wave along a row, from wave number 0 to `points` / 2: the
-/// spectrum of its answer to a single raised point. Empty when there is no memory for the grid.
+/// The transmission along a row for the wave numbers 0 to `points` / 2, computed as the spectrum of
+/// the filter's impulse response. Empty when there is not enough memory for the grid.
 std::vector<double> transmissions(const Settings& settings, FilterType type) {
   const auto n = static_cast<std::size_t>(settings.points);
   std::vector<double> raised(n * n);
@@ -31,7 +31,7 @@ std::vector<double> transmissions(const Settings& settings, FilterType type) {
   raised[0] = 1.0;
   const auto& [points, pitch, l1, l2] = settings;
   if (!filterGrid(raised, answer, points, points, l1, l1, l2, l2, pitch, pitch, type)) return {};
-  // Summed over the rows what varies along a column is gone.
+  // The sum over the rows removes everything that varies along a column.
   std::vector<double> columns(n);
   for (std::size_t i = 0; i < answer.size(); ++i) columns[i % n] += answer[i];
   std::vector<double> cosines(n);

@@ -7,12 +7,12 @@
 namespace morvane {
 namespace {
 
-/// A small generator of our own (splitmix64), since the standard library's distributions differ
-/// from one system to the next.
+/// A random number generator (splitmix64), since the distributions of the standard library differ
+/// between systems.
 class Random {
  public:
   explicit Random(std::uint64_t seed) : state_(seed) {}
-  /// Evenly spread in [low, high).
+  /// Uniformly distributed in [low, high).
   double between(double low, double high) {
     state_ += 0x9E3779B97F4A7C15U;
     std::uint64_t z = state_;
@@ -26,7 +26,7 @@ class Random {
   std::uint64_t state_;
 };
 
-/// Waves of random direction whose lengths lie in a band; together they look like orange peel.
+/// Waves of random direction with wavelengths in a band. Together they look like orange peel.
 struct WaveBand {
   int waves;
   double shortest, longest;  // mm
@@ -36,7 +36,7 @@ struct WaveBand {
 constexpr WaveBand kPaint[] = {
     {24, 6.0, 14.0, 0.9}, {40, 1.6, 4.0, 0.55}, {60, 0.35, 0.9, 0.2}, {60, 0.12, 0.25, 0.05}};
 
-// A wave along a row is the real part of a turning pointer, so that no sine is taken per point.
+// A wave along a row is the real part of a rotating phasor, which saves a sine per point.
 void addWave(SampleSurface& surface, double kx, double ky, double amplitude, double phase) {
   const double stepCos = std::cos(kx * surface.pitch);
   const double stepSin = std::sin(kx * surface.pitch);
@@ -60,7 +60,7 @@ void addPaint(SampleSurface& surface, Random& random) {
     for (int wave = 0; wave < band.waves; ++wave) {
       const double length =
           std::exp(random.between(std::log(band.shortest), std::log(band.longest)));
-      // One wave to each slice of the half circle: directions left to chance cluster and weave.
+      // One wave per sector of the half circle, since fully random directions would cluster.
       const double angle = std::numbers::pi * (wave + random.between(0.0, 1.0)) / band.waves;
       const double k = 2.0 * std::numbers::pi / length;
       addWave(surface, k * std::cos(angle), k * std::sin(angle), amplitude,
@@ -74,7 +74,7 @@ double gauss(double distance, double width) {
   return std::exp(-part * part);
 }
 
-/// Calls `height(x, y)` in mm for every point, u and v being the place in parts of the panel.
+/// Calls `height(x, y)` for every point, with x and y in mm.
 template <typename Height>
 void addHeights(SampleSurface& surface, Height height) {
   for (std::size_t r = 0; r < surface.height; ++r) {
@@ -88,11 +88,11 @@ void addHeights(SampleSurface& surface, Height height) {
 void addDefects(SampleSurface& surface) {
   const double width = static_cast<double>(surface.width) * surface.pitch;
   const double height = static_cast<double>(surface.height) * surface.pitch;
-  // No smaller than the pitch can show: a groove below it would break up into dots.
+  // Not smaller than the pitch can resolve: a narrower groove would break up into dots.
   const double size = std::max(std::min(width, height) / 20.0, 16.0 * surface.pitch);
   addHeights(surface, [=](double x, double y) {
     const double form = 1.6 * std::sin(x / width * 2.2) * std::cos(y / height * 1.7);
-    // The scratch: a bent groove with raised lips that runs out at both ends.
+    // The scratch: a curved groove with raised edges that tapers off at both ends.
     const double along = x / width;
     const double off = y - height * (0.66 - 0.42 * along + 0.27 * along * along);
     const double ends = gauss(along - 0.58, 0.22);
@@ -108,7 +108,7 @@ void addDefects(SampleSurface& surface) {
   });
 }
 
-/// Means over boxes of 2 × `reach` + 1 points along one direction, the border points repeated.
+/// Moving averages over 2 × `reach` + 1 points along one direction. Border points are repeated.
 std::vector<double> boxMeans(const std::vector<double>& values, std::size_t lines,
                              std::size_t points, std::size_t lineStep, std::size_t pointStep,
                              std::size_t reach) {
@@ -142,7 +142,7 @@ struct Roughness {
   double sa = 0.0, raX = 0.0, raY = 0.0, rsM = 0.0;
 };
 
-/// Mean deviation of each line from its own mean, over lines of `points` values.
+/// The mean absolute deviation of lines of `points` values, each from its own mean.
 double meanLineDeviation(const std::vector<double>& values, std::size_t lines, std::size_t points,
                          std::size_t lineStep, std::size_t pointStep) {
   double total = 0.0;
@@ -169,7 +169,8 @@ Roughness roughnessOf(const std::vector<double>& band, const SampleSurface& surf
   result.sa /= static_cast<double>(band.size());
   result.raX = meanLineDeviation(band, h, w, w, 1);
   result.raY = meanLineDeviation(band, w, h, 1, w);
-  // Mean spacing of profile elements: the evaluated length for each crossing upwards.
+  // RSm, the mean width of profile elements: the evaluation length divided by the number of upward
+  // crossings.
   result.rsM = static_cast<double>(band.size()) * surface.pitch /
                static_cast<double>(std::max<std::size_t>(crossings, 1));
   return result;
@@ -201,7 +202,7 @@ SampleSurface paintedPanel(std::size_t width, std::size_t height, double pitch) 
   Random random(kSeed);
   addPaint(surface, random);
   addDefects(surface);
-  // The noise of the instrument, and its resolution of a tenth of a nanometre.
+  // The noise of the instrument, and its resolution of 0.1 nm.
   for (double& z : surface.heights) {
     z = std::round((z + random.between(-0.04, 0.04)) * 1e4) / 1e4;
   }

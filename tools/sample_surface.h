@@ -18,18 +18,18 @@ struct SampleSurface {
   std::vector<double> heights{};
 };
 
-/// A painted panel, always the same one: a gentle form, orange peel of several wavelengths, fine
+/// A painted panel, the same in every run: a slight form, orange peel of several wavelengths, fine
 /// roughness, a scratch, a crater and two inclusions.
 SampleSurface paintedPanel(std::size_t width, std::size_t height, double pitch);
 
 /// The orange-peel record (code 4) of a surface: two band passes in mm, with Sa, RaX, RaY and RsM
-/// computed from the surface between box means of the two limits.
+/// computed from the surface between the moving averages of the two limits.
 std::vector<RecordWord> orangePeelRecord(const SampleSurface& surface);
 
-/// The surface as a camera sees it under grazing light: grey, one pixel a point.
+/// A camera picture of the surface under grazing light: grey, one pixel per point.
 BitmapContent grazingPicture(const SampleSurface& surface);
 
-/// The same under diffuse light, in colour, `border` points cut off on every side.
+/// The same under diffuse light, in colour, with `border` points cut off on every side.
 BitmapContent diffusePicture(const SampleSurface& surface, std::size_t border);
 
 }  // namespace morvane

@@ -1,4 +1,4 @@
-// How the project's command-line tools answer `--help` and a wrong call.
+// The usage message of the project's command-line tools.
 #pragma once
 
 #include <cstdio>
@@ -7,8 +7,8 @@
 
 namespace morvane {
 
-/// Says `use` when the first argument asks for it or when the call is not `valid`, and returns the
-/// exit status for that; none when the program shall do its work.
+/// Prints `use` when the first argument asks for help or the call is not `valid`, and returns the
+/// exit status. Returns nothing when the tool should run.
 inline std::optional<int> toldUse(int argc, char** argv, bool valid, const char* use) {
   const std::string_view first = argc > 1 ? argv[1] : "";
   const bool asked = first == "--help" || first == "-h";
