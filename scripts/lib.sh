@@ -1,6 +1,6 @@
 # shellcheck shell=bash
-# What scripts/run and scripts/test share: messages, packages, building a preset, a virtual display.
-# Sourced, never run. Everything started here is stopped when the script ends, however it ends.
+# Shared functions of the scripts: messages, packages, building a preset, a virtual display. To be
+# sourced, not run. Everything that is started here is stopped when the script ends for any reason.
 
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 scratch=$(mktemp -d)
@@ -12,8 +12,8 @@ die() {
   exit 1
 }
 
-# Each process is started with setsid, so its id names its whole group. That keeps Ctrl-C, which a
-# terminal sends to everyone at once, from taking the X server away before the program has ended.
+# Each process is started with setsid, so its id is also that of its process group. So Ctrl-C in the
+# terminal does not stop the X server before the program has ended.
 stopProcess() {
   local pid=$1 deadline=$((SECONDS + 5))
   kill -TERM -- "-$pid" 2>/dev/null || kill -TERM "$pid" 2>/dev/null || return 0
@@ -22,7 +22,7 @@ stopProcess() {
   wait "$pid" 2>/dev/null || true
 }
 
-# Last started, first stopped: the program, then the window manager, then the X server.
+# Stops in reverse order: the program, then the window manager, then the X server.
 finish() {
   local i
   trap '' INT TERM HUP
@@ -35,8 +35,8 @@ trap 'exit 130' INT
 trap 'exit 143' TERM
 trap 'exit 129' HUP
 
-# Runs a command in the background and waits for it: only so does a signal end the script at once
-# and not after the command. Returns the command's status.
+# Runs a command in the background and waits for it, so that a signal ends the script at once and
+# not after the command. Returns the command's status.
 runStep() {
   local status=0
   setsid "$@" &
@@ -46,7 +46,7 @@ runStep() {
   return "$status"
 }
 
-# await SECONDS COMMAND...: polls until the command succeeds; fails when the time is over.
+# await SECONDS COMMAND...: polls until the command succeeds; fails after the timeout.
 await() {
   local deadline=$((SECONDS + $1))
   shift
@@ -76,7 +76,7 @@ aptGet() {
     >>"$scratch/apt.log" 2>&1
 }
 
-# installMissing GROUP...: installs what is not there yet, and asks the package index only then.
+# installMissing GROUP...: installs missing packages. The package index is updated only if needed.
 installMissing() {
   local package missing=()
   if ! command -v dpkg-query >/dev/null; then
@@ -109,13 +109,14 @@ hasWindowManager() {
   xprop -root _NET_SUPPORTING_WM_CHECK 2>/dev/null | grep -q 'window id'
 }
 
-# Starts an X server in memory with a window manager on it and points DISPLAY there. OpenGL is
-# pinned to Mesa's software rasteriser, so that pictures do not depend on the machine.
+# Starts a virtual X server with a window manager and sets DISPLAY. OpenGL is always Mesa's software
+# rasteriser, so that pictures do not depend on the machine.
 startDisplay() {
   local number ready="$scratch/display-ready"
   export LIBGL_ALWAYS_SOFTWARE=1 GALLIUM_DRIVER=llvmpipe
   mkfifo "$ready"
-  # The server picks a free display number and writes it to descriptor 3 once it takes connections.
+  # The server picks a free display number and writes it to descriptor 3 once it accepts
+  # connections.
   setsid Xvfb -displayfd 3 -screen 0 1600x1000x24 +extension GLX -nolisten tcp -noreset \
     3>"$ready" >"$scratch/xvfb.log" 2>&1 &
   started+=("$!")
