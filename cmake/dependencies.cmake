@@ -1,7 +1,7 @@
-# Every outside library the program calls, found once and used by its target name.
+# Finds all external libraries. They are used by their target names.
 include(cmake/find_dependency.cmake)
 
-# The libraries found for Windows are static ones, which do not name what they need themselves.
+# The libraries for Windows are static, so they do not name their own dependencies.
 if(MINGW)
   set(CMAKE_FIND_LIBRARY_SUFFIXES .a .lib .dll.a)
 endif()
@@ -26,12 +26,12 @@ morvane_find(morvane_fftw HEADER fftw3.h LIBRARIES "fftw3|fftw3-3|libfftw3-3"
 morvane_find(morvane_haru HEADER hpdf.h LIBRARIES "hpdf|hpdfs|libhpdf|libhpdfs"
   PACKAGE unofficial-libharu TARGETS unofficial::libharu::hpdf)
 
-# FLTK's own config file names a program that distributions pack separately.
+# FLTK's CMake config needs fluid, which distributions package separately.
 morvane_find(morvane_fltk HEADER FL/Fl_Gl_Window.H LIBRARIES fltk_images fltk_gl fltk)
 target_link_libraries(morvane_fltk INTERFACE OpenGL::GL)
 
-# Nothing but headers, which serve every target system where only the building system has them. The
-# folder they lie in must not be searched then, as it holds that system's other headers too.
+# glm is header-only, so the headers of the build system also work for cross-compiling. Their folder
+# must not be searched, as it has the other headers of that system too.
 find_path(morvane_glm_INCLUDE_FOLDER glm/glm.hpp)
 if(NOT morvane_glm_INCLUDE_FOLDER AND CMAKE_CROSSCOMPILING)
   find_path(HOST_GLM_INCLUDE_FOLDER glm/glm.hpp NO_CMAKE_FIND_ROOT_PATH)

@@ -1,9 +1,9 @@
 # morvane_find(TARGET HEADER h [SUFFIXES s...] [LIBRARIES l...] [PACKAGE p TARGETS t...] [OPTIONAL])
-# makes the interface library TARGET: by the header h, in a folder or a folder's subfolder s, and by
-# all libraries l, each a list of the names it goes by, with "|" between them. That way is the same
-# on every system and needs nothing but what every build of a library installs. Where a library has
-# yet another name, the CMake package p is asked and the first of its targets t that exists is taken.
-# An OPTIONAL library that is missing leaves TARGET empty.
+# makes the interface library TARGET. It searches for the header h, also in the subfolders s, and
+# for all libraries l. Each library is a list of possible names, separated by "|". This works on
+# every system, since every build of a library installs its header and binary. If it fails, the
+# CMake package p is searched and the first existing target t is used. If an OPTIONAL library is
+# missing, TARGET is empty.
 function(morvane_find target)
   cmake_parse_arguments(FIND "OPTIONAL" "HEADER;PACKAGE" "SUFFIXES;LIBRARIES;TARGETS" ${ARGN})
   add_library(${target} INTERFACE)

@@ -1,4 +1,4 @@
-# How our own code is compiled. Every target of ours links morvane_warnings privately.
+# Compiler flags of our code. Each of our targets links morvane_warnings privately.
 add_library(morvane_warnings INTERFACE)
 if(CMAKE_CXX_COMPILER_ID MATCHES "GNU|Clang")
   target_compile_options(morvane_warnings INTERFACE
@@ -9,8 +9,8 @@ elseif(MSVC)
 endif()
 
 if(WIN32)
-  # The toolkit asks for WIN32, which compilers in strict mode do not set, and takes its X11 branch
-  # without a word where it is missing. The rest opens M_PI and keeps the system's macros away.
+  # FLTK tests WIN32, which compilers do not define in strict mode, and silently uses its X11 code
+  # without it. The others enable M_PI and disable the min and max macros.
   add_compile_definitions(WIN32 _USE_MATH_DEFINES NOMINMAX)
 endif()
 
@@ -20,7 +20,7 @@ if(MORVANE_SANITIZE)
   add_link_options(-fsanitize=${MORVANE_SANITIZE})
 endif()
 
-# morvane_room(NAME SOURCES ... LINKS ... PRIVATE_LINKS ...): one folder, one static library.
+# morvane_room(NAME SOURCES ... LINKS ... PRIVATE_LINKS ...): makes the static library of a folder.
 # Headers are included by their path from the project root.
 function(morvane_room name)
   cmake_parse_arguments(ROOM "" "" "SOURCES;LINKS;PRIVATE_LINKS" ${ARGN})

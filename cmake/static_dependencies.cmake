@@ -1,5 +1,5 @@
-# On Windows the libraries are linked statically into the program. A static library does not say what
-# it needs, so that stands here.
+# On Windows the libraries are linked statically. A static library does not name its dependencies,
+# so they are listed here.
 target_compile_definitions(morvane_glew INTERFACE GLEW_STATIC)
 
 morvane_find(morvane_zlib HEADER zlib.h LIBRARIES "z|zlib|zlibstatic|zs|libz")
@@ -10,7 +10,7 @@ morvane_find(morvane_jpeg HEADER jpeglib.h LIBRARIES "jpeg|jpeg-static|libjpeg")
 
 target_link_libraries(morvane_haru INTERFACE morvane_png)
 
-# Formats of compressed fonts, and the shaping of letters: in some builds of FreeType only.
+# Compressed fonts and text shaping: only some builds of FreeType need these.
 morvane_find(morvane_bzip2 OPTIONAL HEADER bzlib.h LIBRARIES "bz2|libbz2")
 morvane_find(morvane_brotli OPTIONAL HEADER brotli/decode.h
   LIBRARIES "brotlidec|brotlidec-static" "brotlicommon|brotlicommon-static")
@@ -19,7 +19,7 @@ morvane_find(morvane_harfbuzz OPTIONAL HEADER hb.h SUFFIXES harfbuzz
 target_link_libraries(morvane_freetype INTERFACE
   morvane_harfbuzz morvane_png morvane_bzip2 morvane_brotli)
 
-# FLTK brings a JPEG, a PNG and a zlib library of its own where it was not told to use others.
+# FLTK has its own JPEG, PNG and zlib libraries unless it was built with others.
 morvane_find(morvane_fltk_jpeg OPTIONAL HEADER FL/Fl.H LIBRARIES fltk_jpeg)
 morvane_find(morvane_fltk_png OPTIONAL HEADER FL/Fl.H LIBRARIES fltk_png)
 morvane_find(morvane_fltk_zlib OPTIONAL HEADER FL/Fl.H LIBRARIES fltk_z)

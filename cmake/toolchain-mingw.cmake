@@ -1,5 +1,5 @@
-# Builds for Windows x86-64 with MinGW-w64 (posix threads) on another system. The dependencies come
-# from the prefixes in CMAKE_PREFIX_PATH alone, never from the building system's own folders.
+# Cross-compiles for Windows x86-64 with MinGW-w64 (posix threads). Dependencies come only from the
+# prefixes in CMAKE_PREFIX_PATH, never from the folders of the build system.
 set(CMAKE_SYSTEM_NAME Windows)
 set(CMAKE_SYSTEM_PROCESSOR x86_64)
 
@@ -8,14 +8,14 @@ set(CMAKE_C_COMPILER ${triplet}-gcc-posix)
 set(CMAKE_CXX_COMPILER ${triplet}-g++-posix)
 set(CMAKE_RC_COMPILER ${triplet}-windres)
 
-# The program runs where no compiler was ever installed, so it carries the compiler's libraries.
+# Links the compiler's runtime libraries statically, as they are not installed on Windows.
 set(CMAKE_EXE_LINKER_FLAGS_INIT -static)
 
 set(prefixes ${CMAKE_PREFIX_PATH})
 if(NOT prefixes)
   file(TO_CMAKE_PATH "$ENV{CMAKE_PREFIX_PATH}" prefixes)
 endif()
-# Where there are none, nothing is found: an empty list would open the building system's folders.
+# Without prefixes nothing must be found. An empty list would search the build system's folders.
 set(CMAKE_FIND_ROOT_PATH ${prefixes} ${CMAKE_CURRENT_LIST_DIR}/no-prefix)
 set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
 set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)

@@ -1,5 +1,5 @@
-# The Debian package: the program under /usr/lib, a command that starts it, and what a desktop needs
-# to offer it for measurements.
+# The Debian package: the program in /usr/lib, a launcher in /usr/bin, and the desktop entry and
+# file type.
 include(GNUInstallDirs)
 set(program_folder lib/${package_name})
 set(document_folder ${CMAKE_INSTALL_DATADIR}/doc/${package_name})
@@ -7,7 +7,7 @@ set(icon_folder ${CMAKE_INSTALL_DATADIR}/icons/hicolor)
 set(art ${PROJECT_SOURCE_DIR}/resources)
 set(made ${CMAKE_CURRENT_BINARY_DIR})
 
-# A field of several lines: each indented, an empty one as a point.
+# A multi-line field of a control file: lines are indented, empty ones are a dot.
 function(read_as_field variable file)
   file(READ ${file} text)
   string(STRIP "${text}" text)
@@ -16,7 +16,7 @@ function(read_as_field variable file)
   set(${variable} "${text}" PARENT_SCOPE)
 endfunction()
 
-# Documents are packed without name and time, so that the same document is always the same file.
+# Compressed without name and time, so that builds are reproducible.
 function(pack_document source target)
   find_program(GZIP_PROGRAM gzip REQUIRED)
   execute_process(COMMAND ${GZIP_PROGRAM} -9nc ${source} OUTPUT_FILE ${target}
@@ -38,7 +38,7 @@ install(FILES debian/${package_name}.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/mi
 install(FILES ${made}/copyright ${made}/changelog.gz DESTINATION ${document_folder})
 install(FILES ${PROJECT_SOURCE_DIR}/THIRD_PARTY.md DESTINATION ${document_folder} OPTIONAL)
 install(FILES ${made}/${package_name}.1.gz DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
-# The same picture for the program and for its files.
+# The same icon for the program and for its files.
 foreach(use apps/${package_name} mimetypes/application-x-morvane-res)
   get_filename_component(folder ${use} DIRECTORY)
   get_filename_component(name ${use} NAME)
@@ -54,7 +54,7 @@ set(CPACK_STRIP_FILES ON)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SECTION science)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-# They make type and desktop entry known; every desktop has them.
+# They register the file type and the desktop entry. Every desktop has them.
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "desktop-file-utils, shared-mime-info")
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 set(CPACK_DEBIAN_PACKAGE_DESCRIPTION

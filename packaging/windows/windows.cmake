@@ -9,7 +9,7 @@ set(CPACK_GENERATOR ZIP NSIS)
 set(CPACK_PACKAGE_FILE_NAME ${package_name}-${CMAKE_PROJECT_VERSION}-windows-x86_64)
 set(CPACK_PACKAGE_INSTALL_DIRECTORY "Morvane Reader")
 set(CPACK_STRIP_FILES ON)
-# Read by cpack before it makes each package: the installer must not go by the program's name.
+# Read by cpack before each package: gives the installer a name of its own.
 set(CPACK_PROJECT_CONFIG_FILE ${CMAKE_CURRENT_LIST_DIR}/file_names.cmake)
 
 # cpack takes the installer's script from the first folder that has one of that name.
@@ -19,8 +19,8 @@ set(CPACK_NSIS_PACKAGE_NAME "${product_name}")
 set(CPACK_NSIS_DISPLAY_NAME "${product_name}")
 set(CPACK_NSIS_MUI_ICON ${PROJECT_SOURCE_DIR}/app/windows/reader.ico)
 set(CPACK_NSIS_MUI_UNIICON ${CPACK_NSIS_MUI_ICON})
-# The 64-bit kind runs where the system cannot start 32-bit programs. The compiler that is had for
-# Windows itself makes the 32-bit kind alone, which serves there.
+# A 64-bit installer also runs on systems without 32-bit support (Wine). NSIS for Windows only makes
+# 32-bit installers, which run on every Windows.
 if(CMAKE_HOST_WIN32)
   set(CPACK_NSIS_DEFINES "Unicode true")
 else()

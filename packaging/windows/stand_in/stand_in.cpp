@@ -1,7 +1,7 @@
-// Writes how it was started, a line each for itself, its one argument and MORVANE_MENU, in UTF-8 to
-// the file that the environment variable STAND_IN_REPORT names.
+// Writes its path, its argument and MORVANE_MENU, a line each in UTF-8, to the file that the
+// environment variable STAND_IN_REPORT names.
 #include <windows.h>
-// Needs what windows.h declares.
+// Needs the declarations of windows.h.
 #include <shellapi.h>
 
 #include <cstdio>
