@@ -178,7 +178,7 @@ TEST_F(Mouse, GrabsTheNearerOfTwoPinsInLine) {
 }
 
 TEST_F(Mouse, KeepsBothPicturesThroughResizingAndManySwitches) {
-  open(60, 60);
+  open(200, 200);
   // The driver fills pools of its own during the first fifty or so; what leaks, never ends to.
   constexpr long kLevel = 4000;  // kB; ten buffers of the section's window are more
   long grown = kLevel;
