@@ -22,6 +22,16 @@ std::string shownText(double value, int decimals) {
   return unsignedZero(fixedText(value, decimals));
 }
 
+std::string settingText(float value) {
+  constexpr int kMostDecimals = 6;
+  int decimals = 2;
+  std::string text = shownText(value, decimals);
+  while (leadingFloat(text) != value && decimals < kMostDecimals) {
+    text = shownText(value, ++decimals);
+  }
+  return text;
+}
+
 std::string unsignedZero(std::string number) {
   if (number.starts_with('-') && number.find_first_not_of("0.e+", 1) == std::string::npos) {
     number.erase(0, 1);

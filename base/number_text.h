@@ -13,6 +13,9 @@ std::string fixedText(double value, int decimals);
 /// The same for display: a number that rounds to zero has no sign.
 std::string shownText(double value, int decimals);
 
+/// A number that an operator set: with two decimals, or as many more, up to six, as tell it.
+std::string settingText(float value);
+
 /// `number`, a decimal number as text, without its sign if it reads as zero.
 std::string unsignedZero(std::string number);
 

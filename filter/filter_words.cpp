@@ -8,17 +8,7 @@
 namespace morvane {
 namespace {
 
-/// A cut-off with two decimals, or with as many as it needs.
-std::string cutOffText(std::string_view typed) {
-  const float cutOff = std::abs(cutOffOf(typed));
-  constexpr int kMostDecimals = 6;
-  int decimals = 2;
-  std::string text = shownText(cutOff, decimals);
-  while (leadingFloat(text) != cutOff && decimals < kMostDecimals) {
-    text = shownText(cutOff, ++decimals);
-  }
-  return text;
-}
+std::string cutOffText(std::string_view typed) { return settingText(std::abs(cutOffOf(typed))); }
 
 }  // namespace
 

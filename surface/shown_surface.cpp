@@ -111,7 +111,7 @@ std::string ShownSurface::alterations() {
     words += (words.empty() ? "" : " · ") + alteration;
   };
   const auto range = [](float low, float high) {
-    return shownText(low, 2) + " to " + shownText(high, 2) + " µm";
+    return settingText(low) + " to " + settingText(high) + " µm";
   };
   if (model.shown() != model.raw()) add(filterWords_);
   if (model.crop.on) add("Limits " + range(model.crop.min, model.crop.max));

@@ -147,9 +147,12 @@ void openFile(const std::string& path) {
   }
   line.hold("Opening " + name + "…");
   if (!readMeasurement(path)) {
-    tellUser(name + ": " + appState().glView->file().trouble());
+    const std::string reason = name + ": " + appState().glView->file().trouble();
+    line.hold(reason);
     fl_beep(FL_BEEP_DEFAULT);
     showAlert("Invalid file");
+    // Its three seconds begin when the alert no longer takes the eye.
+    tellUser(reason);
     return;
   }
   showOpened();

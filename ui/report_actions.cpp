@@ -82,10 +82,14 @@ void writePdfReport(Fl_Widget* /*widget*/, long /*action*/) {
     const ReportPage page = describePage(presentValues());
     report.writeTexts(page, appState().maximumInput->value());
     DebugLog::write(kLogFile, "Taking Screenshot");
-    report.drawPicture(captureView().jpeg, page.picture);
+    const Screenshot shot = captureView();
+    report.drawPicture(shot.jpeg, page.picture);
     const std::string path = chooseReportPath();
     if (!path.empty()) {
-      save({"report", path, [&] { return report.save(path); }, tell});
+      // Told again, as the chooser may have covered the line that told it.
+      const std::string note =
+          shot.reason.empty() ? "" : ". The picture's own copy could not be saved: " + shot.reason;
+      save({"report", path, [&] { return report.save(path); }, tell, note});
     }
   }
   DebugLog::write(kLogFile,

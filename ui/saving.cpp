@@ -19,7 +19,7 @@ bool save(const SaveTask& task) {
     return false;
   }
   const auto first = static_cast<char>(task.thing.front() - 'a' + 'A');
-  tellUser(first + task.thing.substr(1) + " saved: " + task.path);
+  tellUser(first + task.thing.substr(1) + " saved: " + task.path + task.note);
   return true;
 }
 

@@ -12,9 +12,10 @@ namespace morvane {
 struct SaveTask {
   std::string thing;  ///< its name in messages, in lower case: "copy"
   std::string path;   ///< target path, with its extension
-  std::function<std::string()>
-      write;  ///< writes it; returns empty on success, else the error message
+  /// Writes it; returns empty on success, else the error message.
+  std::function<std::string()> write;
   void (*complain)(const std::string&) = showAlert;  ///< shows a refusal or an error
+  std::string note = {};  ///< added to the message of success; may be empty
 };
 
 /// Saves it. Refuses the path of the open measurement, and asks before it replaces an existing
