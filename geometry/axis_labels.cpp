@@ -37,7 +37,8 @@ float growth(int height) {
 // How far the search for a free place goes from the label's default place.
 constexpr float kStepOut = 0.01F;
 constexpr int kStepsOut = 25;
-constexpr std::array kLines = {0.0F, -1.0F, 1.0F, -2.0F, 2.0F, -3.0F, 3.0F};
+constexpr std::array kLines = {0.0F,  -0.55F, 0.55F, -1.1F, 1.1F, -1.65F,
+                               1.65F, -2.2F,  2.2F,  -3.3F, 3.3F};
 
 constexpr std::size_t kLengthX = 3;
 constexpr std::size_t kLengthY = 4;
@@ -58,12 +59,12 @@ class FreePlaces {
 
   void place(Labels& labels, const AxisLines& lines) {
     const auto isFree = [this](const AxisLabel& moved) { return free(moved); };
-    // Lengths avoid the taken areas. Those that have to move also avoid the other labels.
+    for (std::size_t i = 0; i < kLengthX; ++i) addObstacle(quadOf(labels[i]));
+    // Lengths avoid names and the taken areas. Those that have to move also avoid the lines.
     std::vector<AxisLabel*> moving;
     for (const std::size_t i : {kLengthX, kLengthY}) {
       if (!free(labels[i])) moving.push_back(&labels[i]);
     }
-    for (std::size_t i = 0; i < kLengthX; ++i) addObstacle(quadOf(labels[i]));
     for (const auto& [from, to] : {std::pair{lines.corner, lines.endX},
                                    {lines.corner, lines.endY},
                                    {lines.bottom, lines.top}}) {
@@ -156,7 +157,7 @@ class FreePlaces {
     return glm::vec2(near + part * (far - near));
   }
 
-  /// Moves `label` by whole lines, and outwards by fewer than `steps` steps, to the first place
+  /// Moves `label` by half lines, and outwards by fewer than `steps` steps, to the first place
   /// that `fits`. It stays where it is when no place fits.
   template <typename Fits>
   static void move(AxisLabel& label, int steps, const Fits& fits) {

@@ -45,11 +45,11 @@ struct AxisLabel {
 
 /// The labels of the axes: names, lengths, then the bottom height and the top height. They are laid
 /// out for a window of `width` × `height` pixels; `toClip` transforms pin space to clip space.
-/// Names and lengths have fixed places. A length that would overlap a `taken` area of the screen is
-/// moved by a few lines. The heights are placed at the ends of the Z axis. A height that would
-/// overlap another label or a line on the screen is moved in its plane. Seen from above, both ends
-/// are nearly the same point; then the top height is placed directly above the bottom height on the
-/// screen.
+/// Names and lengths have fixed places. A length that would overlap a name or a `taken` area of the
+/// screen is moved by a few lines. The heights are placed at the ends of the Z axis. A height that
+/// would overlap another label or a line on the screen is moved in its plane. Seen from above, both
+/// ends are nearly the same point; then the top height is placed directly above the bottom height
+/// on the screen.
 std::array<AxisLabel, 7> axisLabels(const AxesRange& range, const glm::mat4& toClip, int width,
                                     int height, const TextWidth& textWidth,
                                     std::vector<ScreenQuad> taken = {});
