@@ -9,6 +9,7 @@ struct PixelArea {
   int y = 0;
   int w = 0;
   int h = 0;
+  friend bool operator==(const PixelArea&, const PixelArea&) = default;
 };
 
 }  // namespace morvane

@@ -37,7 +37,7 @@ constexpr LogoEntry kLogos[] = {
 using Callback = void (*)(Fl_Widget*, long);
 
 struct ButtonEntry {
-  int x, y, w, h;
+  PixelArea area;
   const char* icon;
   const char* tooltip;
   Callback callback;
@@ -61,40 +61,44 @@ class ScaleSlider : public Fl_Hor_Nice_Slider {
 void onDetails(Fl_Widget* /*widget*/, long /*action*/) { toggleDetails(); }
 
 constexpr ButtonEntry kUpperButtons[] = {
-    {0, 85, kFull, 60, "open.png", "Open a measurement", openMeasurement, kOpenFromButton},
-    {0, 147, kFull, 60, "hmOn.png", "Heat map or bitmap", toggleHeatMap, 1,
+    {control::kOpen, "open.png", "Open a measurement", openMeasurement, kOpenFromButton},
+    {control::kHeatMap, "hmOn.png", "Heat map or bitmap", toggleHeatMap, 1,
      &AppState::heatMapButton, true},
-    {0, 209, kFull, 60, "reset.png", "Reset the view", resetView, 4},
+    {control::kReset, "reset.png", "Reset the view", resetView, 4},
 };
 
-constexpr ButtonEntry kMinus = {0, 303, 30, 40, "minus.png", "Flatter", changeScale, -1};
-constexpr ButtonEntry kPlus = {120, 303, 30, 40, "plus.png", "Steeper", changeScale, 1};
+constexpr ButtonEntry kMinus = {control::kMinus, "minus.png", "Flatter", changeScale, -1};
+constexpr ButtonEntry kPlus = {control::kPlus, "plus.png", "Steeper", changeScale, 1};
 
-// Row 491 is shared: either the wide profile button or the pair of narrow ones is shown.
 constexpr ButtonEntry kLowerButtons[] = {
-    {80, 345, 70, 82, "crop.png", "Limits: automatic or typed", applyLimits, kLimitsButton,
+    {control::kLimits, "crop.png", "Limits: automatic or typed", applyLimits, kLimitsButton,
      &AppState::cropButton},
-    {0, 429, kFull, 60, "pdf.png", "Report as PDF", writePdfReport, 4},
-    {0, 491, kFull, 60, "profiler.png", "Show a section", setProfileMode, kProfileOn,
+    {control::kReport, "pdf.png", "Report as PDF", writePdfReport, 4},
+    {control::kProfile, "profiler.png", "Show a section", setProfileMode, kProfileOn,
      &AppState::profileButton, false, true},
-    {75, 491, 75, 60, "swapPins.png", "Swap the ends of the section", setProfileMode,
+    {control::kSwapPins, "swapPins.png", "Swap the ends of the section", setProfileMode,
      kProfileSwapPins, &AppState::swapPinsButton, false, true},
-    {0, 491, 75, 60, "noProfile.png", "Leave the section", setProfileMode, kProfileOff,
+    {control::kProfileOff, "noProfile.png", "Leave the section", setProfileMode, kProfileOff,
      &AppState::profileOffButton, false, true},
-    {0, 553, kFull, 60, "info.png", "Results", onDetails, 0, &AppState::detailsButton, false, true},
+    {control::kDetails, "info.png", "Results", onDetails, 0, &AppState::detailsButton, false, true},
 };
 
 struct InputEntry {
-  int y;
+  PixelArea area;
   const char* text;
   const char* tooltip;
   Fl_Float_Input* AppState::*handle;
 };
 
 constexpr InputEntry kInputs[] = {
-    {345, "Maximum", "Upper limit of heights and colours", &AppState::maximumInput},
-    {387, "Minimum", "Lower limit of heights and colours", &AppState::minimumInput},
+    {control::kMaximum, "Maximum", "Upper limit of heights and colours", &AppState::maximumInput},
+    {control::kMinimum, "Minimum", "Lower limit of heights and colours", &AppState::minimumInput},
 };
+
+template <class Widget>
+Widget* make(const PixelArea& area) {
+  return new Widget(area.x, area.y, area.w, area.h);
+}
 
 void addLogo(const LogoEntry& entry) {
   constexpr int kHeight = 40;
@@ -103,8 +107,7 @@ void addLogo(const LogoEntry& entry) {
 }
 
 void addButton(const ButtonEntry& entry) {
-  auto* button = entry.toggles ? new Fl_Toggle_Button(entry.x, entry.y, entry.w, entry.h)
-                               : new Fl_Button(entry.x, entry.y, entry.w, entry.h);
+  auto* button = entry.toggles ? make<Fl_Toggle_Button>(entry.area) : make<Fl_Button>(entry.area);
   styleButton(*button);
   button->image(loadImage("Icons", entry.icon));
   button->tooltip(entry.tooltip);
@@ -114,7 +117,7 @@ void addButton(const ButtonEntry& entry) {
 }
 
 void addScaleControls(AppState& app) {
-  auto* slider = new ScaleSlider(0, 271, kFull, 30);
+  auto* slider = make<ScaleSlider>(control::kSlider);
   slider->bounds(1e-10, 0.4);
   slider->color(kBlack, kBlack);
   slider->tooltip("Vertical scale");
@@ -124,7 +127,7 @@ void addScaleControls(AppState& app) {
   addButton(kMinus);
   app.scaleReadout = new Fl_Text_Buffer;
   app.scaleReadout->text("---");
-  auto* readout = new Fl_Text_Display(30, 303, 90, 40);
+  auto* readout = make<Fl_Text_Display>(control::kReadout);
   readout->buffer(app.scaleReadout);
   readout->box(FL_FLAT_BOX);
   readout->color(kBlack);
@@ -137,7 +140,7 @@ void addScaleControls(AppState& app) {
 }
 
 void addInput(const InputEntry& entry) {
-  auto* input = new NumberInput(0, entry.y, 80, 40);
+  auto* input = make<NumberInput>(entry.area);
   input->value(entry.text);
   styleInput(*input);
   input->tooltip(entry.tooltip);

@@ -11,6 +11,7 @@
 #include <utility>
 
 #include "filter/filter_hint.h"
+#include "ui/window_geometry.h"
 #include "widgets/number_input.h"
 
 namespace morvane {
@@ -42,31 +43,34 @@ void addTitle(Fl_Color background) {
   title->buffer(text);
 }
 
-void addButton(int x, const char* label, Fl_Callback* callback) {
-  (new Fl_Button(x, 350, 100, 30, label))->callback(callback);
+void addButton(const PixelArea& area, const char* label, Fl_Callback* callback) {
+  (new Fl_Button(area.x, area.y, area.w, area.h, label))->callback(callback);
 }
 
 }  // namespace
 
 FilterWindow::FilterWindow() : Fl_Double_Window(0, 0, 400, 400, "Filter Window") {
   addTitle(color());
-  highPass_ = addType(120, "High Pass");
-  lowPass_ = addType(150, "Low Pass");
-  bandPass_ = addType(180, "Band Pass");
-  l1_ = addInput(230, "L1");
-  l2_ = addInput(300, "L2");
-  for (const int y : {230, 300}) {
-    (new Fl_Box(232, y, 40, 30, "mm"))->align(FL_ALIGN_LEFT | FL_ALIGN_INSIDE);
+  highPass_ = addType(filter_place::kHighPass, "High Pass");
+  lowPass_ = addType(filter_place::kLowPass, "Low Pass");
+  bandPass_ = addType(filter_place::kBandPass, "Band Pass");
+  l1_ = addInput(filter_place::kL1, "L1");
+  l2_ = addInput(filter_place::kL2, "L2");
+  for (const PixelArea& input : {filter_place::kL1, filter_place::kL2}) {
+    (new Fl_Box(input.x + input.w + 2, input.y, 40, input.h, "mm"))
+        ->align(FL_ALIGN_LEFT | FL_ALIGN_INSIDE);
   }
-  hint_ = new Fl_Box(30, 332, 340, 16);
+  constexpr PixelArea hint = filter_place::kHint;
+  hint_ = new Fl_Box(hint.x, hint.y, hint.w, hint.h);
   hint_->align(FL_ALIGN_LEFT | FL_ALIGN_INSIDE | FL_ALIGN_CLIP);
   hint_->labelsize(13);
   hint_->labelcolor(kQuiet);
-  addButton(60, "Apply", [](Fl_Widget* widget, void*) {
+  addButton(filter_place::kApply, "Apply", [](Fl_Widget* widget, void*) {
     FilterWindow& window = windowOf(widget);
     if (window.onApply) window.onApply();
   });
-  addButton(240, "Cancel", [](Fl_Widget* widget, void*) { windowOf(widget).hide(); });
+  addButton(filter_place::kCancel, "Cancel",
+            [](Fl_Widget* widget, void*) { windowOf(widget).hide(); });
   end();
   hide();
   takeSettings();
@@ -84,16 +88,16 @@ int FilterWindow::handle(int event) {
   return Fl_Double_Window::handle(event);
 }
 
-Fl_Check_Button* FilterWindow::addType(int y, const char* label) {
-  auto* button = new Fl_Check_Button(30, y, 40, 30, label);
+Fl_Check_Button* FilterWindow::addType(const PixelArea& area, const char* label) {
+  auto* button = new Fl_Check_Button(area.x, area.y, area.w, area.h, label);
   button->type(FL_RADIO_BUTTON);
   button->align(FL_ALIGN_RIGHT);
   button->callback(onSetting);
   return button;
 }
 
-Fl_Float_Input* FilterWindow::addInput(int y, const char* label) {
-  auto* input = new NumberInput(30, y, 200, 30, label);
+Fl_Float_Input* FilterWindow::addInput(const PixelArea& area, const char* label) {
+  auto* input = new NumberInput(area.x, area.y, area.w, area.h, label);
   input->when(FL_WHEN_CHANGED);
   input->callback(onSetting);
   return input;

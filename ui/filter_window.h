@@ -6,6 +6,7 @@
 #include <functional>
 #include <string>
 
+#include "base/pixel_area.h"
 #include "filter/band_filter.h"
 
 class Fl_Box;
@@ -43,8 +44,8 @@ class FilterWindow : public Fl_Double_Window {
   std::function<ResHeader()> header;  ///< of the surface shown; sizes of 0 without one
 
  private:
-  static Fl_Check_Button* addType(int y, const char* label);
-  static Fl_Float_Input* addInput(int y, const char* label);
+  static Fl_Check_Button* addType(const PixelArea& area, const char* label);
+  static Fl_Float_Input* addInput(const PixelArea& area, const char* label);
 
   Fl_Float_Input* l1_;
   Fl_Float_Input* l2_;

@@ -7,6 +7,7 @@
 #include <iostream>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "base/debug_log.h"
 #include "base/paths.h"
@@ -143,6 +144,12 @@ void onBitmapItem(Fl_Widget* /*widget*/, void* index) {
 }
 
 }  // namespace
+
+std::vector<std::string> menuPaths() {
+  std::vector<std::string> paths;
+  for (const MenuEntry& entry : kMenu) paths.emplace_back(entry.path);
+  return paths;
+}
 
 void buildMenu() {
   const bool full = environmentText("MORVANE_MENU") == "full";

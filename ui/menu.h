@@ -2,8 +2,13 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 namespace morvane {
+
+/// The fixed entries of the full menu in their order, as paths of labels with "&" before the letter
+/// that is underlined, e.g. "&Tools/&Filter Settings".
+std::vector<std::string> menuPaths();
 
 /// Adds the fixed items to the menu bar.
 void buildMenu();

@@ -10,6 +10,7 @@
 #include <memory>
 
 #include "base/debug_log.h"
+#include "ui/window_geometry.h"
 #include "widgets/button_box.h"
 #include "widgets/look.h"
 #include "widgets/styles.h"
@@ -31,8 +32,8 @@ class QuitDialog : public Fl_Double_Window {
     display->hide_cursor();
     display->scrollbar_width(0);
     display->buffer(&text_);
-    addButton(100, "Yes", [](Fl_Widget*, void*) { std::exit(1); });
-    addButton(220, "No", discard);
+    addButton(quit_place::kYes, "Yes", [](Fl_Widget*, void*) { std::exit(1); });
+    addButton(quit_place::kNo, "No", discard);
     end();
     callback(discard);
     set_modal();
@@ -40,8 +41,8 @@ class QuitDialog : public Fl_Double_Window {
   ~QuitDialog() override { clear(); }
 
  private:
-  static void addButton(int x, const char* label, Fl_Callback* action) {
-    auto* button = new Fl_Button(x, 60, 80, 30, label);
+  static void addButton(const PixelArea& area, const char* label, Fl_Callback* action) {
+    auto* button = new Fl_Button(area.x, area.y, area.w, area.h, label);
     styleButton(*button);
     button->callback(action);
   }

@@ -1,4 +1,4 @@
-// The layout of the main window: sizes and places of its parts.
+// The layout of the main window and of the windows with buttons: sizes and places of their parts.
 #pragma once
 
 #include "base/pixel_area.h"
@@ -26,6 +26,44 @@ inline constexpr int kCoveredWidth = 5;
 /// The smallest window in which no control is cut off and the view can still be used.
 inline constexpr int kLeastWidth = kControlsWidth + kResultsWidth + 320;
 inline constexpr int kLeastHeight = kMenuHeight + 690;
+
+/// The places of the controls in their column. The row of the profile button is shared: either the
+/// wide button or the pair of narrow ones is shown.
+namespace control {
+inline constexpr PixelArea kOpen{0, 85, kControlsWidth, 60};
+inline constexpr PixelArea kHeatMap{0, 147, kControlsWidth, 60};
+inline constexpr PixelArea kReset{0, 209, kControlsWidth, 60};
+inline constexpr PixelArea kSlider{0, 271, kControlsWidth, 30};
+inline constexpr PixelArea kMinus{0, 303, 30, 40};
+inline constexpr PixelArea kReadout{30, 303, 90, 40};
+inline constexpr PixelArea kPlus{120, 303, 30, 40};
+inline constexpr PixelArea kMaximum{0, 345, 80, 40};
+inline constexpr PixelArea kMinimum{0, 387, 80, 40};
+inline constexpr PixelArea kLimits{80, 345, 70, 82};
+inline constexpr PixelArea kReport{0, 429, kControlsWidth, 60};
+inline constexpr PixelArea kProfile{0, 491, kControlsWidth, 60};
+inline constexpr PixelArea kProfileOff{0, 491, 75, 60};
+inline constexpr PixelArea kSwapPins{75, 491, 75, 60};
+inline constexpr PixelArea kDetails{0, 553, kControlsWidth, 60};
+}  // namespace control
+
+/// The places in the filter window. The name of a type is to the right of its check box.
+namespace filter_place {
+inline constexpr PixelArea kHighPass{30, 120, 40, 30};
+inline constexpr PixelArea kLowPass{30, 150, 40, 30};
+inline constexpr PixelArea kBandPass{30, 180, 40, 30};
+inline constexpr PixelArea kL1{30, 230, 200, 30};
+inline constexpr PixelArea kL2{30, 300, 200, 30};
+inline constexpr PixelArea kHint{30, 332, 340, 16};
+inline constexpr PixelArea kApply{60, 350, 100, 30};
+inline constexpr PixelArea kCancel{240, 350, 100, 30};
+}  // namespace filter_place
+
+/// The places in the window that asks whether to quit.
+namespace quit_place {
+inline constexpr PixelArea kYes{100, 60, 80, 30};
+inline constexpr PixelArea kNo{220, 60, 80, 30};
+}  // namespace quit_place
 
 /// The places of the parts in a main window.
 struct WindowLayout {
