@@ -1,8 +1,6 @@
 // The control column, pressed and typed into as an operator does.
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <filesystem>
 #include <functional>
 
@@ -12,150 +10,114 @@
 namespace morvane::gui {
 namespace {
 
-using testing::Contains;
-using testing::StartsWith;
+/// A button without its edge, which also shows whether it has the focus.
+constexpr Area iconOf(const Area& button) {
+  return inWindow({button.x + 8, button.y + 8, button.w - 16, button.h - 16});
+}
 
-constexpr Point kHeatMap{77, 202};
-constexpr Point kReset{77, 264};
-constexpr Point kMinus{17, 348};
-constexpr Point kPlus{137, 348};
-constexpr Point kMaximum{30, 390};
-constexpr Point kMinimum{30, 432};
-constexpr Point kCrop{117, 411};
-constexpr Point kProfile{77, 546};
-constexpr Point kProfileOff{39, 546};
-constexpr Point kDetails{77, 608};
-
-constexpr Area kReadout{32, 328, 90, 40};
-constexpr Area kHeatMapIcon{50, 175, 54, 54};
-constexpr Area kCropIcon{90, 375, 54, 70};
+constexpr Area kHeatMapIcon = iconOf(control::kHeatMap);
+constexpr Area kLimitsIcon = iconOf(control::kLimits);
+constexpr Area kReadout = inWindow(control::kReadout);
+constexpr Area kMaximum = inWindow(control::kMaximum);
+constexpr Area kMinimum = inWindow(control::kMinimum);
 constexpr Area kMiddle{680, 380, 70, 60};  // well inside the surface
 constexpr Area kKey{1130, 140, 20, 540};
 
-bool isColourful(const Image& picture) {
-  return picture.part(kMiddle).count([](const Rgb& c) { return chroma(c) > 80; }) > 1000;
-}
 bool isGrey(const Image& picture) {
   return picture.part(kMiddle).count([](const Rgb& c) { return chroma(c) > 12; }) == 0;
 }
 bool showsKey(const Image& picture) {
   return picture.part(kKey).count([](const Rgb& c) { return chroma(c) > 80; }) > 5000;
 }
-bool isSky(const Rgb& colour) { return difference(colour, {211, 238, 255}) <= 1; }
 
 class Controls : public OnShow {
  protected:
-  /// Opens the reference panel where it has bitmaps beside it, or alone.
+  /// Opens the reference panel where it has bitmaps beside it, or alone. Then a file that is cut
+  /// off, after which nothing may work otherwise than before.
   void open(bool withBitmaps) {
-    std::string path = golden::file("panel/measurement.res").string();
+    std::string path = golden::measurement("panel");
     if (!withBitmaps) {
       std::filesystem::copy_file(path, folder_.file("alone.res"));
       path = folder_.file("alone.res");
     }
-    OnShow::open(path, isColourful);
-  }
-  /// Opens a file that is cut off; nothing may work otherwise than before.
-  void openBroken() {
-    std::filesystem::copy_file(golden::file("panel/measurement.res"), folder_.file("cut.res"));
-    std::filesystem::resize_file(folder_.file("cut.res"), 5000);
-    window().key({"ctrl+o"});
-    program_->answerChooser(folder_.file("cut.res"));
-    const Window alert = program_->alert();
-    alert.key({"Return"});
-    alert.awaitGone();
+    OnShow::open(path);
+    program_->open(brokenFile(folder_));
+    program_->answerAlert();
   }
 };
 
 TEST_F(Controls, HeatMapGivesWayToTheBitmapAndComesBack) {
   open(true);
-  openBroken();
-  window().click(kHeatMap);
-  const Image draped = await("the bitmap", isGrey);
-  EXPECT_FALSE(sameAsAtStart(draped, kHeatMapIcon));
-  EXPECT_FALSE(sameAsAtStart(draped, kReadout)) << "the surface lies flat, the readout must say so";
-  EXPECT_FALSE(showsKey(draped));
-  window().click(kHeatMap);
-  const Image back = await("the heat map", isColourful);
-  EXPECT_TRUE(sameAsAtStart(back, kReadout));
-  EXPECT_TRUE(sameAsAtStart(back, kMiddle));
-  EXPECT_TRUE(showsKey(back));
-}
-
-TEST_F(Controls, WithoutABitmapTheHeatMapGoesWithTheNextBuild) {
-  open(false);
-  window().click(kHeatMap);
-  const Image toggled =
-      await("the other icon", [&](const Image& p) { return !sameAsAtStart(p, kHeatMapIcon); });
-  EXPECT_TRUE(sameAsAtStart(toggled, kMiddle));
-  // Other limits do not build it anew while the heat map is off.
-  window().click(kCrop);
-  const Image limited = await("the crop button's other icon",
-                              [&](const Image& p) { return !sameAsAtStart(p, kCropIcon); });
-  EXPECT_TRUE(sameAsAtStart(limited, kMiddle));
-  EXPECT_TRUE(showsKey(limited));
-  window().click(kReset);
-  const Image rebuilt = await("mid grey", isGrey);
-  EXPECT_FALSE(showsKey(rebuilt));
+  program_->press(control::kHeatMap);
+  await("the bitmap on a flat surface, as the readout says", [&](const Image& p) {
+    return isGrey(p) && !showsKey(p) && !sameAsAtStart(p, kHeatMapIcon) &&
+           !sameAsAtStart(p, kReadout);
+  });
+  program_->press(control::kHeatMap);
+  await("the heat map and its key", [&](const Image& p) {
+    return showsKey(p) && sameAsAtStart(p, kReadout) && sameAsAtStart(p, kMiddle);
+  });
 }
 
 TEST_F(Controls, ScaleStepsComeBackToWhereTheyBegan) {
   open(false);
-  openBroken();
-  window().click(kPlus);
+  program_->press(control::kPlus);
   await("a new readout", [&](const Image& p) { return !sameAsAtStart(p, kReadout); });
-  window().click(kMinus);
+  program_->press(control::kMinus);
   await("the old readout", [&](const Image& p) { return sameAsAtStart(p, kReadout); });
   // Let go beyond its end, the slider's knob stands there.
-  window().drag({77, 311}, {400, 311});
+  constexpr Area kSlider = inWindow(control::kSlider);
+  const Point knob = middleOf(kSlider);
+  window().drag(knob, {kSlider.x + 400, knob.y});
   await("a steeper surface, the knob at the end", [&](const Image& p) {
+    const Area end{kSlider.x + kSlider.w - 18, kSlider.y, 14, kSlider.h};
     return !sameAsAtStart(p, kReadout) && !sameAsAtStart(p, kMiddle) &&
-           p.part({134, 285, 14, 24}).count([](const Rgb& c) { return c.r > 120; }) > 60;
+           p.part(end).count([](const Rgb& c) { return c.r > 120; }) > 60;
   });
-  window().click(kReset);
+  program_->press(control::kReset);
   await("the first picture",
         [&](const Image& p) { return sameAsAtStart(p, kReadout) && sameAsAtStart(p, kMiddle); });
 }
 
 TEST_F(Controls, TypedLimitsAreInForceUntilTheButtonReturnsToAutomatic) {
   open(false);
-  window().click(kCrop);
-  await("the other icon", [&](const Image& p) { return !sameAsAtStart(p, kCropIcon); });
+  program_->press(control::kLimits);
+  await("the other icon", [&](const Image& p) { return !sameAsAtStart(p, kLimitsIcon); });
   type(window(), kMaximum, "1.5abc");
   program_->awaitLine("CROP MAX: 1.5");
   program_->awaitLine("cropMax: 1.5");
   type(window(), kMinimum, "-0.5");
   program_->awaitLine("cropMin: -0.5");
   await("clamped colours",
-        [&](const Image& p) { return isColourful(p) && !sameAsAtStart(p, kMiddle); });
+        [&](const Image& p) { return showsKey(p) && !sameAsAtStart(p, kMiddle); });
   // Limits that make no sense are taken as they stand and leave the program usable.
   type(window(), kMaximum, "");
   program_->awaitLine("cropMax: 0");
   type(window(), kMaximum, "nan");
   type(window(), kMaximum, "-9");
   program_->awaitLine("cropMax: -9");
-  window().click(kCrop);
+  program_->press(control::kLimits);
   await("automatic limits",
-        [&](const Image& p) { return sameAsAtStart(p, kMiddle) && sameAsAtStart(p, kCropIcon); });
+        [&](const Image& p) { return sameAsAtStart(p, kMiddle) && sameAsAtStart(p, kLimitsIcon); });
 }
 
 TEST_F(Controls, ProfileAndDetailsTakeTheirRoomAndGiveItBack) {
   open(false);
-  openBroken();
   const auto skyAt = [](int x, int y) {
     return [x, y](const Image& picture) { return isSky(picture.at({x, y})); };
   };
-  window().click(kProfile);
+  program_->press(control::kProfile);
   program_->awaitLine("PROFILER ENABLED");
   await("room for the profile", std::not_fn(skyAt(700, 700)));
-  window().click(kProfileOff);
+  program_->press(control::kProfileOff);
   await("the whole view", skyAt(700, 700));
 
-  window().click(kDetails);
+  program_->press(control::kDetails);
   program_->awaitLine("OPGL WIDTH: 910");
   program_->awaitLine("Details Width: 220");
   program_->awaitLine("Details X: 1060");
   await("the results", std::not_fn(skyAt(1270, 700)));
-  window().click(kDetails);
+  program_->press(control::kDetails);
   await("the whole view again", [&](const Image& p) { return sameAsAtStart(p, kMiddle); });
 }
 

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cstdlib>
 #include <ostream>
+#include <sstream>
 #include <stdexcept>
 #include <utility>
 
@@ -21,15 +22,6 @@ int difference(const Rgb& a, const Rgb& b) {
 int chroma(const Rgb& colour) {
   const auto [least, most] = std::minmax({colour.r, colour.g, colour.b});
   return most - least;
-}
-
-int hue(const Rgb& colour) {
-  const int spread = chroma(colour);
-  if (spread == 0) return 0;
-  const auto [r, g, b] = colour;
-  const int most = std::max({r, g, b});
-  if (most == r) return (360 + 60 * (g - b) / spread) % 360;
-  return most == g ? 120 + 60 * (b - r) / spread : 240 + 60 * (r - g) / spread;
 }
 
 Image::Image(int width, int height, std::vector<std::uint32_t> pixels)
@@ -53,6 +45,20 @@ Image Image::part(const Area& area) const {
     pixels.insert(pixels.end(), first, first + area.w);
   }
   return {area.w, area.h, std::move(pixels)};
+}
+
+Image Image::ofPpm(const std::string& bytes) {
+  std::istringstream in(bytes);
+  std::string format;
+  int width = 0, height = 0, strongest = 0;
+  in >> format >> width >> height >> strongest;
+  in.get();
+  std::vector<std::uint32_t> pixels(static_cast<std::size_t>(width) *
+                                    static_cast<std::size_t>(height));
+  for (std::uint32_t& pixel : pixels) {
+    for (int i = 0; i < 3; ++i) pixel = pixel << 8 | static_cast<std::uint32_t>(in.get());
+  }
+  return {width, height, pixels};
 }
 
 void Image::savePng(const std::string& path) const {

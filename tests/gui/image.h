@@ -6,15 +6,15 @@
 #include <string>
 #include <vector>
 
+#include "base/pixel_area.h"
+
 namespace morvane::gui {
 
 struct Point {
   int x = 0, y = 0;
 };
-struct Area {
-  int x = 0, y = 0, w = 0, h = 0;
-  friend bool operator==(const Area&, const Area&) = default;
-};
+using Area = PixelArea;
+constexpr Point middleOf(const Area& area) { return {area.x + area.w / 2, area.y + area.h / 2}; }
 
 /// A colour as the screen shows it, 0 to 255.
 struct Rgb {
@@ -31,8 +31,8 @@ int difference(const Rgb& a, const Rgb& b);
 /// Spread between the strongest and the weakest channel: 0 for greys.
 int chroma(const Rgb& colour);
 
-/// Degrees on the colour circle, 0 to 359; red is 0, green 120, blue 240. 0 for greys.
-int hue(const Rgb& colour);
+/// The view's background, linear (0.65, 0.86, 1).
+inline bool isSky(const Rgb& colour) { return difference(colour, {211, 238, 255}) <= 1; }
 
 class Image {
  public:
@@ -73,6 +73,8 @@ class Image {
   }
 
   void savePng(const std::string& path) const;
+  /// The picture in the bytes of a PPM file with 8 bits a channel.
+  static Image ofPpm(const std::string& bytes);
 
   friend bool operator==(const Image&, const Image&) = default;
 

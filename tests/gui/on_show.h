@@ -6,7 +6,6 @@
 #include <functional>
 #include <memory>
 #include <string>
-#include <utility>
 
 #include "tests/gui/program.h"
 
@@ -16,10 +15,10 @@ class OnShow : public testing::Test {
  protected:
   using Predicate = std::function<bool(const Image&)>;
 
-  /// Starts the program on a file and waits until its window `shows` it.
-  void open(const std::string& path, const Predicate& shows, const Start& start = {}) {
+  /// Starts the program on a file and waits until it is shown.
+  void open(const std::string& path, const Start& start = {}) {
     program_ = std::make_unique<Program>(std::vector<std::string>{path}, start);
-    start_ = await("the surface", shows);
+    start_ = program_->awaitSurface();
   }
   Window window() { return program_->mainWindow(); }
   /// Waits for a picture that no pointer and no tip lies over.
@@ -31,8 +30,8 @@ class OnShow : public testing::Test {
     return picture.part(area) == start_.part(area);
   }
   /// Replaces the text of an input by real typing.
-  static void type(const Window& window, Point input, const std::string& text) {
-    window.click(input);
+  static void type(const Window& window, const Area& input, const std::string& text) {
+    window.click(middleOf(input));
     window.key({"ctrl+a", "BackSpace"});
     if (!text.empty()) window.type(text);
   }

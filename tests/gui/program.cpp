@@ -9,6 +9,9 @@
 #include <fstream>
 #include <iostream>
 
+#include "tests/support/golden.h"
+#include "ui/menu.h"
+
 namespace morvane::gui {
 namespace {
 
@@ -48,6 +51,12 @@ std::vector<std::string> startWords(const std::vector<std::string>& arguments, c
 }
 
 }  // namespace
+
+std::string brokenFile(const TemporaryFolder& folder) {
+  std::string path = folder.file("broken.res");
+  std::ofstream(path, std::ios::binary) << contentOf(golden::measurement("panel")).substr(0, 300);
+  return path;
+}
 
 Program::Program(const std::vector<std::string>& arguments, const Start& start)
     : screen_(start.display.empty() ? variable("DISPLAY") : start.display),
@@ -95,6 +104,44 @@ void Program::answerChooser(const std::string& path, const std::string& title) c
     chooser.key({"Delete", "Return"});
   }
   chooser.awaitGone();
+}
+
+void Program::open(const std::string& path) const {
+  mainWindow().key({"ctrl+o"});
+  answerChooser(path);
+}
+
+void Program::answerAlert(const std::string& key) const {
+  const Window box = alert();
+  box.key({key});
+  box.awaitGone();
+}
+
+Image Program::awaitSurface() const {
+  return mainWindow().awaitPicture("the surface and nothing over it", [](const Image& picture) {
+    const auto [x, y] = middleOf(viewOf(picture));
+    const auto isColourful = [](const Rgb& c) { return chroma(c) > 80; };
+    const Image status = statusOf(picture);
+    return picture.part({x - 30, y - 20, 60, 40}).count(isColourful) > 1000 &&
+           status.count(isSky) == status.width() * status.height();
+  });
+}
+
+void Program::choose(const std::string& entry) const {
+  std::string title;
+  std::size_t place = 0;  // below its title
+  for (std::string path : menuPaths()) {
+    const std::string itsTitle = path.substr(0, path.find('/'));
+    place = itsTitle == title ? place + 1 : 1;
+    title = itsTitle;
+    std::erase(path, '&');
+    if (path != entry) continue;
+    std::vector<std::string> keys(place + 1, "Down");
+    keys.front() = "alt+" + title.substr(title.find('&') + 1, 1);
+    keys.emplace_back("Return");
+    return mainWindow().key(keys);
+  }
+  throw GuiError("the menu has no entry \"" + entry + '"');
 }
 
 long Program::residentKilobytes() const {

@@ -14,11 +14,28 @@
 #include "tests/gui/process.h"
 #include "tests/gui/window.h"
 #include "tests/support/temporary_folder.h"
+#include "ui/window_geometry.h"
 
 namespace morvane::gui {
 
 /// The last line of every full frame. The picture follows it: wait for the picture itself.
 inline constexpr std::string_view kFrameDrawn = "Drawing Time for HM Key: ";
+
+/// A place of the control column as one of the main window.
+constexpr Area inWindow(const Area& place) {
+  return {place.x + kControlsX, place.y + kMenuHeight, place.w, place.h};
+}
+
+/// The place of the 3D view in a picture of the main window, without results and profile.
+inline Area viewOf(const Image& picture) {
+  return windowLayout(picture.width(), picture.height(), false, false).view;
+}
+
+/// The lower edge of that view where its status line is.
+inline Image statusOf(const Image& picture) {
+  const Area view = viewOf(picture);
+  return picture.part({middleOf(view).x - 215, view.y + view.h - 60, 430, 55});
+}
 
 /// What a start may have otherwise than usual.
 struct Start {
@@ -27,6 +44,9 @@ struct Start {
   std::string folder = ".";                   ///< working folder
   std::string display = {};                   ///< empty: $DISPLAY
 };
+
+/// A measurement in `folder` that is cut off behind its header.
+std::string brokenFile(const TemporaryFolder& folder);
 
 /// When a test has failed by the time this goes, the screen is left as SUITE.TEST.png in the
 /// test's folder and what the program printed goes to standard error.
@@ -56,10 +76,23 @@ class Program {
   [[nodiscard]] Window mainWindow() const { return window("Morvane Reader Software"); }
   /// Waits for a message box.
   [[nodiscard]] Window alert() const { return window("Morvane Reader"); }
+  /// Waits for a message box, presses `key` and waits until it has gone.
+  void answerAlert(const std::string& key = "Return") const;
+  /// Waits until a surface coloured by its heights is drawn and the status line has gone from the
+  /// lower edge of the view. Returns the picture.
+  [[nodiscard]] Image awaitSurface() const;
 
   /// Waits for the file chooser, types `path` into it and confirms, or leaves it with Escape when
   /// `path` is empty. Returns when it has gone.
   void answerChooser(const std::string& path, const std::string& title = "Open measurement") const;
+  /// Opens a measurement by Ctrl+O.
+  void open(const std::string& path) const;
+
+  /// Presses a control of the column; `place` is one of `control::`.
+  void press(const Area& place) const { mainWindow().click(middleOf(inWindow(place))); }
+  /// Chooses an entry of the full menu by its labels, e.g. "Tools/Filter Settings". Its title is
+  /// opened by Alt and the underlined letter.
+  void choose(const std::string& entry) const;
 
   /// Memory the program holds now.
   [[nodiscard]] long residentKilobytes() const;

@@ -40,6 +40,10 @@ std::string replaced(std::string line, const std::string& path) {
 
 fs::path file(const std::string& name) { return fs::path(MORVANE_GOLDEN_FOLDER) / name; }
 
+std::string measurement(const std::string& name) {
+  return (file(name) / "measurement.res").string();
+}
+
 std::vector<std::string> lines(const fs::path& path) {
   std::ifstream in(path);
   EXPECT_TRUE(in) << path;

@@ -11,6 +11,9 @@ namespace morvane::golden {
 /// A file or folder of the reference cases.
 std::filesystem::path file(const std::string& name);
 
+/// The measurement of a reference case.
+std::string measurement(const std::string& name);
+
 /// The lines of a reference file, `\xNN` turned back into bytes. Expects that there are some.
 std::vector<std::string> lines(const std::filesystem::path& path);
 

@@ -1,6 +1,7 @@
 // The number texts and scale steps of the controls against the reference cases.
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <sstream>
 
 #include "tests/support/golden.h"
@@ -43,10 +44,12 @@ TEST(GoldenControls, LimitsAndScaleSteps) {
 
 TEST(Controls, TakeNoWordsForNumbers) {
   EXPECT_EQ(stripUnit("12.5 µm"), "12.5 ");
-  for (const char* text : {"nan", "inf", "-inf", "+-5", "e5", "0x", " ", "-"}) {
+  for (const char* text : {"nan", "inf", "-inf", "+-5", "e5", "0x", " ", "-", ""}) {
     EXPECT_EQ(leadingNumber(text), 0.0) << text;
   }
-  EXPECT_EQ(leadingNumber(" -2.5e1mm"), -25.0);
+  const std::pair<const char*, double> numbers[] = {
+      {" -2.5e1mm", -25.0}, {"  .5", 0.5}, {"+2", 2.0}, {"1e", 1.0}, {"1e400", HUGE_VAL}};
+  for (const auto& [text, number] : numbers) EXPECT_EQ(leadingNumber(text), number) << text;
 }
 
 TEST(Controls, PlusStopsAtTheMaximum) {
