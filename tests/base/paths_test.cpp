@@ -34,16 +34,5 @@ TEST(Paths, ComeOutOfDroppedLinks) {
   EXPECT_EQ(pathOfLink(""), "");
 }
 
-TEST(Paths, AreJoinedWithThePlatformsSeparator) {
-  EXPECT_EQ(pathIn("C:/data", "a.res"),
-            kPathSeparator == '/' ? "C:/data/a.res" : R"(C:\data\a.res)");
-}
-
-TEST(Paths, OfResourcesStandBesideTheProgram) {
-  const std::string s(1, kPathSeparator);
-  EXPECT_EQ(resourcePath("/opt/reader", "Icons", "open.png"),
-            "/opt/reader" + s + "resources" + s + "Icons" + s + "open.png");
-}
-
 }  // namespace
 }  // namespace morvane

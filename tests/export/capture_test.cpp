@@ -93,14 +93,6 @@ class CaptureTest : public testing::Test {
     XSync(fl_display, False);
   }
 
-  void moveTo(int x, int y) {
-    XMoveWindow(fl_display, fl_xid(&window_), x, y);
-    XSync(fl_display, False);
-    window_.drawn = false;
-    window_.redraw();
-    settle();
-  }
-
   void expectNothing(const Screenshot& shot) const {
     EXPECT_EQ(shot.path, "");
     EXPECT_NE(shot.reason, "");
@@ -119,14 +111,14 @@ TEST_F(CaptureTest, SavesWhatTheWindowShowsUnderTheMomentsName) {
   // One of its own pictures lies inside, the other reaches out on two sides.
   const std::vector<ScreenPart> own = {greyPart({240, 190}, 50, 60),
                                        greyPart({400, 300}, 500, 500)};
-  const Screenshot shot = captureScreenRect({140, 90}, {140 + 341, 90 + 253}, &window_, own);
+  const Screenshot shot = captureScreenRect({140, 90}, {140 + 381, 90 + 313}, &window_, own);
   const std::string after = pictureName(localNow());
   const std::string folder = folder_.file("Documents/Morvane_Reader/Screenshots/");
   EXPECT_TRUE(shot.path == folder + before || shot.path == folder + after) << shot.path;
   EXPECT_EQ(output_.text(), "#### SCREENSHOT ROUTINE CALLED ####\nCANNOT ACCESS: " + folder +
                                 "\nCHECK: 1\n\n{### END OF SCREENSHOT ###}\n");
   const int split = kSplit - 40;
-  expectSpots(shot, 341, 253,
+  expectSpots(shot, 381, 313,
               {{split - 1, 0, kBlack},
                {split, 0, kWhite},
                {split - 1, 252, kBlack},
@@ -136,33 +128,34 @@ TEST_F(CaptureTest, SavesWhatTheWindowShowsUnderTheMomentsName) {
                {97, 130, kWhite},
                {152, 130, kWhite},
                {262, 212, kGrey},
-               {340, 252, kGrey},
-               {257, 212, kWhite}});
+               {380, 312, kGrey},
+               {257, 212, kWhite},
+               {356, 100, kWhite},
+               {364, 100, kBlack},
+               {100, 286, kWhite},
+               {100, 294, kBlack}});
 }
 
-// The window stands out of the screen, and the rectangle out of the window.
+// The window stands out of the screen on every side, and the rectangle out of the window.
 TEST_F(CaptureTest, IsBlackWhereThereIsNoPicture) {
-  moveTo(-120, -50);
-  expectSpots(captureScreenRect({-120, -50}, {320, 280}, &window_), 440, 330,
-              {{116, 200, kBlack},
-               {124, 200, kWhite},
+  const int width = Fl::w();
+  const int height = Fl::h();
+  window_.resize(-40, -30, width + 80, height + 60);
+  window_.drawn = false;
+  settle();
+  const ScreenPart own = greyPart({-20, 200}, 40, 40);
+  expectSpots(captureScreenRect({-60, -50}, {width + 60, height + 50}, &window_, {&own, 1}),
+              width + 120, height + 100,
+              {{56, 100, kBlack},
+               {66, 100, kBlack},  // the window's own
                {200, 46, kBlack},
-               {180, 54, kWhite},
-               {396, 296, kWhite},
-               {404, 296, kBlack},
-               {396, 304, kBlack}});
-  const int x = Fl::w() - 300;
-  const int y = Fl::h() - 240;
-  moveTo(x, y);
-  const ScreenPart own = greyPart({x - 10, y - 10}, 20, 20);
-  expectSpots(captureScreenRect({x, y}, {x + 440, y + 330}, &window_, {&own, 1}), 440, 330,
-              {{5, 5, kGrey},
-               {14, 14, kBlack},
-               {200, 80, kWhite},
-               {296, 180, kWhite},
-               {304, 180, kBlack},
-               {180, 236, kWhite},
-               {180, 244, kBlack}});
+               {200, 54, kWhite},
+               {44, 270, kGrey},
+               {76, 270, kGrey},
+               {width + 56, 100, kWhite},
+               {width + 64, 100, kBlack},
+               {200, height + 46, kWhite},
+               {200, height + 54, kBlack}});
 }
 
 TEST_F(CaptureTest, SurvivesAWindowThatIsHiddenOrGone) {

@@ -172,13 +172,6 @@ TEST(FilterRun, IsNamedByTheCutOffsThatCount) {
   EXPECT_EQ(filterWords({}), "");
 }
 
-TEST(FilterRun, TakesTheNumberACutOffBeginsWith) {
-  const std::pair<const char*, float> cases[] = {
-      {"", 0},    {"  .8mm", 0.8F}, {"+2", 2},   {"-1.5e1x", -15}, {"1e", 1},
-      {"abc", 0}, {"inf", 0},       {"-nan", 0}, {"+-3", 0},       {"1e400", HUGE_VALF}};
-  for (const auto& [typed, expected] : cases) EXPECT_EQ(cutOffOf(typed), expected) << typed;
-}
-
 TEST(FilterHint, NamesTheFirstOddThing) {
   const auto hint = [](const char* l1, const char* l2, bool bandPass) {
     const ResHeader header{.width = 1000, .height = 800, .pixelSizeX = 0.02, .pixelSizeY = 0.01};

@@ -3,7 +3,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <glm/geometric.hpp>
 
 #include "geometry/profile_plot.h"
 #include "tests/support/test_grid.h"
@@ -110,27 +109,6 @@ TEST(ProfilePlot, PutsHeightsAndDistancesWhereTheirNumbersSay) {
   EXPECT_TRUE(hasText(plot, "1.010"));  // the middle tick
   EXPECT_NEAR(plot.curve[0].x, plot::kLeft, 1e-6);
   EXPECT_NEAR(plot.curve[std::size_t{2} * 50 - 1].x, plot::kLeft + plot::kLength * 50 / 101, 1e-5);
-}
-
-// What some drivers need to draw a line without holes.
-TEST(ProfilePlot, IsMadeOfPiecesOfAPixelThatOverlap) {
-  constexpr float kPixel = 2.0F / 1130.0F;
-  std::vector<float> steps(3000, 0.0F);
-  std::fill(steps.begin() + 1000, steps.begin() + 1500, 4.0F);
-  std::fill(steps.begin() + 2000, steps.begin() + 2010, NAN);
-  steps[2005] = 4.0F;
-  const std::vector<glm::vec2> curve = plotted(sectionOf(steps)).curve;
-  std::vector<float> begins;
-  for (std::size_t i = 0; i < curve.size(); i += 2) {
-    if (i == 0 || curve[i].x > curve[i - 1].x) begins.push_back(curve[i].x);
-    const bool last = i + 2 == curve.size() || curve[i + 2].x > curve[i + 1].x;
-    EXPECT_TRUE(last || glm::distance(curve[i], curve[i + 1]) > 0.99F * kPixel) << i;
-  }
-  // The whole, the lone sample, the rest.
-  ASSERT_EQ(begins.size(), 3U);
-  EXPECT_NEAR(begins[1], plot::kLeft + plot::kLength * 2005 / 3000, 1e-5);
-  EXPECT_NEAR(begins[2], plot::kLeft + plot::kLength * 2010 / 3000, 1e-5);
-  EXPECT_NEAR(curve.back().x, plot::kLeft + plot::kLength * 2999 / 3000, 1e-5);
 }
 
 TEST(ProfilePlot, LeavesGapsAndMarksWhatIsClipped) {

@@ -6,11 +6,10 @@
 #include <filesystem>
 #include <functional>
 #include <map>
-#include <sstream>
 
 #include "geometry/profile_section.h"
-#include "resfile/res_file.h"
 #include "tests/geometry/golden_rows.h"
+#include "tests/support/reader.h"
 #include "tests/support/test_grid.h"
 
 namespace morvane {
@@ -31,9 +30,8 @@ std::vector<std::string> profileCases() {
 class GoldenProfile : public testing::TestWithParam<std::string> {};
 
 TEST_P(GoldenProfile, IsSampledAlike) {
-  std::ostringstream log;
-  resFile file(log);
-  file.update((golden::file(GetParam()).parent_path() / "measurement.res").string());
+  const Reader reader(golden::measurement(fs::path(GetParam()).parent_path().string()));
+  const HeightGrid& grid = *reader.file.grid();
   std::map<std::string, GoldenRow> rows;
   for (const GoldenRow& row : goldenRows(GetParam())) rows[row.name] = row;
 
@@ -43,10 +41,10 @@ TEST_P(GoldenProfile, IsSampledAlike) {
   const GoldenRow& clamp = rows.at("clamp");
   ProfileClip clip;
   if (clamp.line != "clamp off") clip = {true, clamp.at(0), clamp.at(1)};
-  const ProfileSection section = sampleProfile(*file.grid(), {pin("pinA"), pin("pinB")}, clip);
+  const ProfileSection section = sampleProfile(grid, {pin("pinA"), pin("pinB")}, clip);
 
-  EXPECT_EQ(file.grid()->width(), rows.at("size").size(0));
-  EXPECT_EQ(file.grid()->height(), rows.at("size").size(1));
+  EXPECT_EQ(grid.width(), rows.at("size").size(0));
+  EXPECT_EQ(grid.height(), rows.at("size").size(1));
   expectEnd(rows.at("length"), {section.lineLength});
   ASSERT_EQ(section.samples.size(), rows.at("count").size(0));
   EXPECT_EQ(rows.size(), section.samples.size() + 8);

@@ -1,12 +1,14 @@
-// The cursor's point on the surface against the triangles that are drawn.
+// The cursor's point on the surface against the triangles that are drawn, and lines on the surface.
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <glm/common.hpp>
 #include <glm/geometric.hpp>
 #include <random>
 #include <vector>
 
 #include "geometry/surface_hit.h"
+#include "geometry/surface_line.h"
 #include "surface/mesh.h"
 #include "tests/support/test_grid.h"
 
@@ -18,16 +20,15 @@ Ray rayThrough(const glm::vec3& from, const glm::vec3& to) {
   return {from, direction, from + direction * kRayLength};
 }
 
-/// The triangles of the mesh as it is uploaded, in the space of the pins.
-std::vector<glm::dvec3> drawnTriangles(const DrawnHeights& heights) {
+/// The triangles of the mesh as they are uploaded and drawn by `model`.
+std::vector<glm::dvec3> drawnTriangles(const DrawnHeights& heights, const glm::dmat4& model) {
   const std::size_t floats = cellCount(heights.grid) * kFloatsPerCell;
   std::vector<float> positions(floats);
   std::vector<float> others(floats);
   buildMesh(heights.grid, {heights.crop}, {positions, others, others, {}});
   std::vector<glm::dvec3> corners;
   for (std::size_t i = 0; i < floats; i += 3) {
-    corners.emplace_back(positions[i], positions[i + 1],
-                         positions[i + 2] * heightToModel(heights.zScale));
+    corners.emplace_back(model * glm::dvec4(positions[i], positions[i + 1], positions[i + 2], 1.0));
   }
   return corners;
 }
@@ -51,94 +52,60 @@ double nearest(const std::vector<glm::dvec3>& corners, const Ray& ray) {
   return found;
 }
 
-bool inside(const glm::vec3& point, const HeightGrid& grid) {
-  return point.x >= 0.0F && point.x <= static_cast<float>(grid.width() - 1) / kPointsPerUnit &&
-         point.y >= 0.0F && point.y <= static_cast<float>(grid.height() - 1) / kPointsPerUnit;
-}
-
-TEST(SurfaceHit, IsTheNearestOfAllDrawnTriangles) {
-  const auto grid = roughGrid(23, 17);
-  for (const std::size_t missing : {3U, 60U, 61U, 62U, 84U, 200U, 390U}) {
-    grid->values()[missing] = missing % 2 == 0 ? NAN : INFINITY;
-  }
-  std::mt19937 random(7);
-  std::uniform_real_distribution<float> part(0.0F, 1.0F);
-  const auto somewhere = [&](float depth) {
-    const float x = part(random) * 0.022F;
-    const float y = part(random) * 0.016F;
-    return glm::vec3(x, y, (part(random) - 0.5F) * depth);
-  };
-  for (const bool cropped : {false, true}) {
-    const DrawnHeights heights = {*grid, {cropped, -3.0F, 2.0F}, 30.0F, 0.0F};
-    const auto triangles = drawnTriangles(heights);
-    int met = 0;
-    for (int i = 0; i < 2000; ++i) {
-      const glm::vec3 from = somewhere(0.05F);
-      const Ray ray = rayThrough(from, somewhere(0.01F));
-      const double expected = nearest(triangles, ray);
-      const auto hit = surfaceHit(heights, ray, glm::mat4(1.0F));
-      // The rim is a thousandth of a step wider than the triangles.
-      if (hit && hit->onSurface && !inside(hit->point, *grid)) continue;
-      ASSERT_EQ(hit && hit->onSurface, std::isfinite(expected)) << "ray " << i;
-      if (!std::isfinite(expected)) continue;
-      ++met;
-      const glm::vec3 point = ray.origin + ray.direction * static_cast<float>(expected);
-      ASSERT_NEAR(glm::distance(hit->point, point), 0.0F, 1e-6F) << "ray " << i;
-    }
-    EXPECT_GT(met, 1000);
-  }
-}
-
-struct View {
+// From the start view over leaning and turned ones to views from below, from afar and from behind.
+const struct View {
   float degrees;
   glm::vec3 axis;
   float distance;
   glm::vec2 pan;
+} kViews[] = {
+    {0.0F, {0, 0, 1}, 0.3F, {0.0F, 0.0F}},       {-40.0F, {1, 0, 0}, 0.1F, {0.01F, -0.005F}},
+    {35.0F, {1, 2, 3}, 0.07F, {-0.01F, 0.004F}}, {170.0F, {0.1F, 0, 1}, 0.2F, {0.06F, 0.04F}},
+    {180.0F, {1, 0, 0}, 0.15F, {0.0F, 0.01F}},   {150.0F, {1, 1, 0}, 0.09F, {-0.01F, 0.0F}},
+    {-30.0F, {1, 1, 0}, 4.0F, {0.3F, -0.2F}},    {20.0F, {0, 1, 0}, -0.12F, {0.0F, 0.0F}},
 };
 
-// From the start view over leaning and turned ones to views from below, from afar and from behind.
-const View kViews[] = {
-    {0.0F, {0, 0, 1}, 3.0F, {0.0F, 0.0F}},     {-40.0F, {1, 0, 0}, 1.0F, {0.1F, -0.05F}},
-    {35.0F, {1, 2, 3}, 0.7F, {-0.12F, 0.04F}}, {170.0F, {0.1F, 0, 1}, 2.0F, {0.6F, 0.4F}},
-    {180.0F, {1, 0, 0}, 1.5F, {0.0F, 0.1F}},   {150.0F, {1, 1, 0}, 0.9F, {-0.1F, 0.0F}},
-    {-30.0F, {1, 1, 0}, 40.0F, {3.0F, -2.0F}}, {20.0F, {0, 1, 0}, -1.2F, {0.0F, 0.0F}},
-};
-
-TEST(SurfaceHit, ReturnsThePointThatIsSeenThereInEveryView) {
-  constexpr std::size_t kColumns = 300;
-  constexpr std::size_t kRows = 200;
-  const auto grid = gridFrom(kColumns, kRows, [](double column, double row) {
-    return 900.0 + 6.0 * std::sin(0.09 * column) + 0.03 * row;
-  });
-  constexpr float kLift = -903.0F * 80.0F * kHeightToModel;
-  const DrawnHeights heights = {*grid, {}, 80.0F, 903.0F, kLift};
+TEST(SurfaceHit, IsTheNearestOfAllDrawnTrianglesInEveryView) {
+  constexpr float kScale = 30.0F;
+  constexpr float kLift = -900.0F * kScale * kHeightToModel;
+  const auto grid = roughGrid(23, 17);
+  for (double& height : grid->values()) height += 900.0;
+  for (const std::size_t missing : {3U, 60U, 61U, 62U, 84U, 200U, 390U}) {
+    grid->values()[missing] = missing % 2 == 0 ? NAN : INFINITY;
+  }
+  std::mt19937 random(7);
+  const auto upTo = [&](float most) {
+    return std::uniform_real_distribution<float>(0.0F, most)(random);
+  };
   for (const View& view : kViews) {
+    const DrawnHeights heights = {*grid, {view.degrees > 0.0F, 897.0F, 902.0F}, kScale, 0, kLift};
     Camera camera;
     camera.rotation = glm::angleAxis(glm::radians(view.degrees), glm::normalize(view.axis));
     camera.eye = {0.0F, 0.0F, view.distance};
     camera.pan = view.pan;
-    const ViewMatrices matrices = viewMatrices(camera, 980, 775, 300, 200, heights.zScale, kLift);
-    const glm::dmat4 sight = glm::dmat4(matrices.projection) * glm::dmat4(matrices.view);
-    const auto seen = [&](const glm::vec4& world) {
-      return glm::vec2(project(sight, 980, 775, glm::vec3(world)));
-    };
-    for (std::size_t i = kColumns + 1; i < (kRows - 1) * kColumns; i += 97) {
-      const std::size_t column = i % kColumns;
-      const std::size_t row = i / kColumns;
-      // From afar the rounding of a pixel may miss the very rim.
-      if (column == 0 || column == kColumns - 1) continue;
-      const glm::vec4 point(static_cast<float>(column) / kPointsPerUnit,
-                            static_cast<float>(row) / kPointsPerUnit,
-                            static_cast<float>(grid->values()[i]), 1.0F);
-      const glm::vec4 world = matrices.model * point;
-      const glm::vec2 window = seen(world);
-      const Ray ray = pickRay(matrices, 980, 775, window.x, window.y);
+    const ViewMatrices matrices = viewMatrices(camera, 980, 775, 23, 17, kScale, kLift);
+    const glm::mat4 sight = matrices.projection * matrices.view * matrices.overlay;
+    const auto triangles = drawnTriangles(heights, matrices.model);
+    int met = 0;
+    for (int i = 0; i < 400; ++i) {
+      const glm::vec3 somewhere(upTo(0.022F), upTo(0.016F), 0.0F);
+      const glm::vec2 pixel = project(sight, 980, 775, somewhere);
+      const Ray ray = pickRay(matrices, 980, 775, pixel.x, pixel.y);
+      const double expected = nearest(triangles, ray);
       const auto hit = surfaceHit(heights, ray, matrices.overlay);
-      ASSERT_TRUE(hit && hit->onSurface) << view.degrees << " degrees, point " << i;
-      const glm::vec4 found = matrices.overlay * glm::vec4(hit->point, 1.0F);
-      EXPECT_LT(glm::distance(seen(found), window), 0.05F) << view.degrees << ", point " << i;
-      EXPECT_LT(glm::distance(found, world), 1e-5F * std::abs(view.distance)) << view.degrees;
+      const bool found = hit && hit->onSurface;
+      // The rim is a thousandth of a step wider than the triangles.
+      const glm::vec3 edge =
+          found ? glm::min(hit->point, glm::vec3(0.022F, 0.016F, 0) - hit->point) : glm::vec3(0.0F);
+      if (found && (edge.x < 0.0F || edge.y < 0.0F)) continue;
+      ASSERT_EQ(found, std::isfinite(expected)) << view.degrees << " degrees, ray " << i;
+      if (!found) continue;
+      ++met;
+      const glm::vec3 point = ray.origin + ray.direction * static_cast<float>(expected);
+      const glm::vec3 shown(matrices.overlay * glm::vec4(hit->point, 1.0F));
+      ASSERT_LT(glm::distance(shown, point), 1e-5F * std::abs(view.distance)) << view.degrees;
     }
+    EXPECT_GT(met, 200) << view.degrees;
   }
 }
 
@@ -172,6 +139,45 @@ TEST(SurfaceHit, FindsGridPointsEdgesAndTheRimStraightFromAbove) {
       EXPECT_TRUE(hit && hit->onSurface) << x << ", " << y;
     }
   }
+}
+
+TEST(SurfaceLine, OfARegionFollowsTheDrawnHeightsOfItsEdge) {
+  const auto grid =
+      gridFrom(9, 7, [](double column, double row) { return row == 4.0 ? NAN : column + row; });
+  const float zScale = 1.0F / heightToModel(1.0F);
+  const auto line = regionOutline({*grid, {true, 0.0F, 8.0F}, zScale, 0.0F},
+                                  {.column = 2, .row = 1, .width = 6, .height = 5});
+  ASSERT_EQ(line.size(), 2U * 5 + 2U * 4 + 1);
+  EXPECT_EQ(line.front(), line.back());
+  int missing = 0;
+  for (std::size_t i = 0; i < line.size(); ++i) {
+    const auto column = static_cast<int>(std::lround(line[i].x * 1000.0F));
+    const auto row = static_cast<int>(std::lround(line[i].y * 1000.0F));
+    EXPECT_TRUE(column == 2 || column == 7 || row == 1 || row == 5) << column << ", " << row;
+    EXPECT_EQ(std::isnan(line[i].z), row == 4);
+    missing += row == 4 ? 1 : 0;
+    EXPECT_TRUE(row == 4 ||
+                std::abs(line[i].z - static_cast<float>(std::min(column + row, 8))) < 1e-4F);
+    EXPECT_TRUE(i == 0 || glm::distance(glm::vec2(line[i]), glm::vec2(line[i - 1])) < 1.01e-3F)
+        << i;
+  }
+  EXPECT_EQ(missing, 2);
+}
+
+TEST(SurfaceLine, ShowsADotWhereLessThanAPixelIsLeftBetweenGaps) {
+  std::vector<glm::vec3> line;
+  for (int i = 0; i < 1000; ++i)
+    line.emplace_back(static_cast<float>(i) / 1000.0F - 0.5F, 0.0F, 0.0F);
+  line[500].z = line[502].z = NAN;
+  const LinePieces pieces = linePieces(line, glm::mat4(1.0F), 100, 100);
+  EXPECT_EQ(pieces.dots, (std::vector{line[501]}));
+  // 20 samples make a pixel.
+  EXPECT_NEAR(static_cast<double>(pieces.ends.size()), 2.0 * 50, 4.0);
+  for (std::size_t i = 2; i < pieces.ends.size(); i += 2) {
+    EXPECT_TRUE(i == 50 || pieces.ends[i].x < pieces.ends[i - 1].x) << "no crack between pieces";
+  }
+  EXPECT_EQ(pieces.ends.front(), line.front());
+  EXPECT_EQ(pieces.ends.back(), line.back());
 }
 
 }  // namespace

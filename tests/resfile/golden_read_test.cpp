@@ -3,39 +3,38 @@
 
 #include <algorithm>
 #include <map>
+#include <span>
 #include <sstream>
 
-#include "resfile/res_file.h"
+#include "resfile/region_file.h"
 #include "tests/support/golden.h"
+#include "tests/support/reader.h"
 #include "tests/support/temporary_folder.h"
 
 namespace morvane {
 namespace {
 
-/// The words of a record as the reference writes them: numbers, two of "orpeel" integers.
-template <typename Floats>
-void expectWords(const std::vector<std::string>& words, std::size_t first, const Floats& floats) {
-  ASSERT_EQ(words.size(), first + floats.size()) << words[1];
-  for (std::size_t i = 0; i < floats.size(); ++i) {
-    EXPECT_TRUE(golden::isExactly(floats[i], words[first + i]))
-        << words[1] << ' ' << i << ": " << floats[i] << ", expected " << words[first + i];
-  }
-}
-
+/// Expects a record to be as the reference writes it: numbers, two of "orpeel" integers.
 void expectRecord(const ResResults& r, const std::vector<std::string>& words) {
-  const std::string& name = words.at(1);
-  if (name == "standard") return expectWords(words, 2, r.standard);
-  if (name == "copr") return expectWords(words, 2, r.copr);
-  if (name == "wavescan") return expectWords(words, 2, r.waveScanBands);
-  if (name == "texcurv") return expectWords(words, 2, r.textureCurvature);
-  if (name == "ecrm") return expectWords(words, 2, r.standardEcRm);
-  if (name == "vw") return expectWords(words, 2, r.vwEcRm);
-  if (name == "gm") return expectWords(words, 2, r.gmEcRm);
-  if (name == "ecws") return expectWords(words, 2, r.ecWaveScanBands);
-  ASSERT_EQ(name, "orpeel");
-  EXPECT_EQ(words.at(2), std::to_string(r.orangePeel.filterType[0]));
-  EXPECT_EQ(words.at(3), std::to_string(r.orangePeel.filterType[1]));
-  expectWords(words, 4, r.orangePeel.values);
+  const std::map<std::string, std::span<const float>> records = {{"standard", r.standard},
+                                                                 {"copr", r.copr},
+                                                                 {"wavescan", r.waveScanBands},
+                                                                 {"texcurv", r.textureCurvature},
+                                                                 {"ecrm", r.standardEcRm},
+                                                                 {"vw", r.vwEcRm},
+                                                                 {"gm", r.gmEcRm},
+                                                                 {"ecws", r.ecWaveScanBands},
+                                                                 {"orpeel", r.orangePeel.values}};
+  const std::span<const float> floats = records.at(words.at(1));
+  const std::size_t integers = words[1] == "orpeel" ? 2 : 0;
+  ASSERT_EQ(words.size(), 2 + integers + floats.size()) << words[1];
+  for (std::size_t i = 0; i < integers; ++i) {
+    EXPECT_EQ(words[2 + i], std::to_string(r.orangePeel.filterType[i]));
+  }
+  for (std::size_t i = 0; i < floats.size(); ++i) {
+    EXPECT_TRUE(golden::isExactly(floats[i], words[2 + integers + i]))
+        << words[1] << ' ' << i << ": " << floats[i];
+  }
 }
 
 /// Expects the field `key` to be what the reference says, in words or as a number.
@@ -93,26 +92,14 @@ class GoldenRead : public testing::TestWithParam<std::string> {};
 
 TEST_P(GoldenRead, GivesItsLogAndFields) {
   const auto folder = golden::file(GetParam());
-  const std::string path = (folder / "measurement.res").string();
-  std::ostringstream log;
-  resFile file(log);
-  file.update(path);
-  const bool valid = file.isValid();
-  golden::expectLog(folder / "log.txt", log.str(), path);
-  expectFields(folder / "fields.txt", file, valid);
+  const std::string path = golden::measurement(GetParam());
+  Reader reader(path);
+  const bool valid = reader.file.isValid();
+  golden::expectLog(folder / "log.txt", reader.log.str(), path);
+  expectFields(folder / "fields.txt", reader.file, valid);
 }
 
 INSTANTIATE_TEST_SUITE_P(Cases, GoldenRead, testing::ValuesIn(golden::casesWith("fields.txt")));
-
-std::vector<double> region(const HeightGrid& grid, std::size_t c0, std::size_t r0, std::size_t w,
-                           std::size_t h) {
-  std::vector<double> values;
-  for (std::size_t r = r0; r < r0 + h; ++r) {
-    const auto row = grid.row(r).subspan(c0, w);
-    values.insert(values.end(), row.begin(), row.end());
-  }
-  return values;
-}
 
 TEST(GoldenSequence, OneReaderKeepsWhatLaterFilesDoNotHold) {
   const auto folder = golden::file("sequence");
@@ -133,7 +120,7 @@ TEST(GoldenSequence, OneReaderKeepsWhatLaterFilesDoNotHold) {
       const std::vector<std::string> words = golden::words(cut);
       if (words[0] != step[0]) continue;
       const auto at = [&](std::size_t i) { return std::stoul(words[i]); };
-      const auto values = region(*file.grid(), at(1), at(2), at(3), at(4));
+      const auto values = cutHeights(*file.grid(), {at(1), at(2), at(3), at(4)});
       const std::string target = temporary.file(words[5]);
       EXPECT_EQ(file.writeRegion(values, std::stoi(words[3]), std::stoi(words[4]), target), "");
       EXPECT_TRUE(contentOf(target) == contentOf((folder / words[5]).string())) << cut;
@@ -144,9 +131,8 @@ TEST(GoldenSequence, OneReaderKeepsWhatLaterFilesDoNotHold) {
 }
 
 TEST(GoldenSequence, AFailedOpenLeavesEarlierHeightsToWhoeverHoldsThem) {
-  std::ostringstream log;
-  resFile file(log);
-  file.update(golden::file("sequence/a.res").string());
+  Reader reader(golden::file("sequence/a.res").string());
+  resFile& file = reader.file;
   const Measurement shown = file.measurement();
   file.update(golden::file("sequence/none.res").string());
   EXPECT_EQ(file.grid(), nullptr);

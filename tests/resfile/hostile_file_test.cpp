@@ -1,11 +1,53 @@
 // Files that lie: the reader must judge them, not trust them.
 #include <gtest/gtest.h>
 
+#include <fstream>
+#include <limits>
+#include <sstream>
+
 #include "base/little_endian.h"
-#include "tests/resfile/hostile_file.h"
+#include "resfile/res_file.h"
+#include "tests/support/temporary_folder.h"
+#include "tools/measurement_builder.h"
 
 namespace morvane {
 namespace {
+
+MeasurementContent smallContent(std::int32_t version) {
+  MeasurementContent content;
+  content.version = version;
+  content.width = 3;
+  content.height = 2;
+  content.algorithmType = 9;
+  content.record.assign(16, 1.25F);
+  content.heights = {1.1, 2.2, 3.3, 4.4, 5.5, 6.6};
+  return content;
+}
+
+constexpr std::int32_t kMost = std::numeric_limits<std::int32_t>::max();
+constexpr std::int32_t kLeast = std::numeric_limits<std::int32_t>::min();
+
+class HostileFile : public testing::Test {
+ protected:
+  // There are thousands: not written the builder's way, which waits for the disk.
+  std::string write(const std::vector<std::byte>& bytes) {
+    std::string path = folder_.file("hostile.res");
+    std::ofstream(path, std::ios::binary)
+        .write(reinterpret_cast<const char*>(bytes.data()),
+               static_cast<std::streamsize>(bytes.size()));
+    return path;
+  }
+  bool opens(const std::vector<std::byte>& bytes) { return opens(write(bytes)); }
+  bool opens(const std::string& path) {
+    log_.str("");
+    file_.update(path);
+    return file_.isValid();
+  }
+
+  TemporaryFolder folder_;
+  std::ostringstream log_;
+  resFile file_{log_};
+};
 
 TEST_F(HostileFile, CutAnywhereIsInvalidAndItsMissingHeightsAreZero) {
   for (const std::int32_t version : {2, 3, 4}) {
@@ -49,6 +91,24 @@ TEST_F(HostileFile, IsNotReadForAReason) {
             "its header announces -3 x 2 points");
   opens(folder_.file("none.res"));
   EXPECT_EQ(file_.trouble(), "No such file or directory");
+}
+
+TEST_F(HostileFile, ImpossibleSizesAreNamed) {
+  for (const auto& [width, height] : {std::pair{-3, 2},
+                                      {3, -2},
+                                      {-3, -2},
+                                      {kLeast, kLeast},
+                                      {kMost, kMost},
+                                      {65536, 65536},
+                                      {kMost, 1},
+                                      {1, kMost}}) {
+    MeasurementContent content = smallContent(4);
+    content.width = width;
+    content.height = height;
+    EXPECT_FALSE(opens(encodeMeasurement(content))) << width << " x " << height;
+    const bool possible = width > 0 && height > 0 && std::int64_t{width} * height <= kMost;
+    EXPECT_EQ(log_.str().find("DAMAGED FIELD") == std::string::npos, possible) << log_.str();
+  }
 }
 
 TEST_F(HostileFile, TextLengthsAreCutToTheirFields) {

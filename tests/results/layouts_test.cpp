@@ -2,22 +2,17 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <filesystem>
-#include <fstream>
 #include <limits>
-#include <sstream>
 #include <string>
 #include <string_view>
 #include <vector>
 
-#include "resfile/res_file.h"
 #include "results/layouts.h"
 #include "tests/support/golden.h"
+#include "tests/support/reader.h"
 
 namespace morvane {
 namespace {
-
-namespace fs = std::filesystem;
 
 /// What the column shows of the reader's measurement, in the words of a rows file.
 std::vector<std::string> shownLines(const resFile& reader) {
@@ -34,34 +29,28 @@ std::vector<std::string> shownLines(const resFile& reader) {
   return lines;
 }
 
-void expectRows(const fs::path& rowsFile, const resFile& reader) {
-  EXPECT_EQ(shownLines(reader), golden::lines(rowsFile)) << rowsFile;
-}
-
 TEST(LayoutsGolden, RowsOfSingleFiles) {
   const std::vector<std::string> cases = golden::casesWith("rows.txt");
   EXPECT_GE(cases.size(), 17U + 9U) << "every algorithm code and the other cases";
   for (const std::string& name : cases) {
-    std::ostringstream log;
-    resFile reader(log);
-    reader.update((golden::file(name) / "measurement.res").string());
-    expectRows(golden::file(name) / "rows.txt", reader);
+    EXPECT_EQ(shownLines(Reader(golden::measurement(name)).file),
+              golden::lines(golden::file(name) / "rows.txt"))
+        << name;
   }
 }
 
 TEST(LayoutsGolden, RowsOfFilesReadInTurn) {
-  const fs::path folder = golden::file("sequence");
-  std::ifstream steps(folder / "steps.txt");
-  std::ostringstream log;
-  resFile reader(log);
-  int step = -1;
-  std::string file;
-  std::string presence;
-  while (steps >> step >> file >> presence) {
-    reader.update((folder / file).string());
-    expectRows(folder / ("step" + std::to_string(step) + "_rows.txt"), reader);
+  Reader reader("");
+  int rows = 0;
+  for (const std::string& step : golden::lines(golden::file("sequence/steps.txt"))) {
+    const std::vector<std::string> words = golden::words(step);
+    reader.file.update(golden::file("sequence/" + words[1]).string());
+    EXPECT_EQ(shownLines(reader.file),
+              golden::lines(golden::file("sequence/step" + words[0] + "_rows.txt")))
+        << step;
+    ++rows;
   }
-  EXPECT_EQ(step, 6);
+  EXPECT_EQ(rows, 7);
 }
 
 // ---- what no golden file holds

@@ -4,24 +4,17 @@
 #include <cmath>
 #include <sstream>
 
-#include "resfile/res_file.h"
 #include "surface/surface_model.h"
 #include "tests/support/golden.h"
+#include "tests/support/reader.h"
 
 namespace morvane {
 namespace {
 
-std::shared_ptr<const HeightGrid> gridOfCase(const std::string& name) {
-  std::ostringstream log;
-  resFile file(log);
-  file.update((golden::file(name) / "measurement.res").string());
-  return file.grid();
-}
-
 class GoldenSurface : public testing::TestWithParam<std::string> {
  protected:
   void SetUp() override {
-    model_.setRaw(gridOfCase(GetParam()));
+    model_.setRaw(Reader(golden::measurement(GetParam())).file.grid());
     model_.measure();
   }
   void setCrop(const std::string& min, const std::string& max) {

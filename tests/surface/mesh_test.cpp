@@ -2,7 +2,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <array>
 #include <atomic>
 #include <cmath>
 #include <glm/geometric.hpp>
@@ -33,65 +32,48 @@ struct Mesh {
   std::vector<float> positions, normals, colours, faces;
 };
 
-constexpr std::size_t kColumnOf[] = {0, 1, 0, 0, 1, 1};
-constexpr std::size_t kRowOf[] = {0, 1, 1, 0, 0, 1};
-
-Vector pointOf(const HeightGrid& grid, std::size_t c, std::size_t r) {
-  return {static_cast<float>(c) / 1000.0F, static_cast<float>(r) / 1000.0F,
-          static_cast<float>(grid.row(r)[c])};
+Vector at(const std::vector<float>& values, std::size_t vector) {
+  return {values[3 * vector], values[3 * vector + 1], values[3 * vector + 2]};
 }
 
-using Triangle = std::array<Vector, 3>;
-
-/// The triangle of cell (c, r) that begins with its vertex `first`, 0 or 3.
-Triangle triangleOf(const HeightGrid& grid, std::size_t c, std::size_t r, std::size_t first) {
-  Triangle corners;
-  for (std::size_t i = 0; i < 3; ++i) {
-    corners[i] = pointOf(grid, c + kColumnOf[first + i], r + kRowOf[first + i]);
-  }
-  return corners;
-}
-
-bool isWhole(const Triangle& t) {
-  return std::isfinite(t[0][2]) && std::isfinite(t[1][2]) && std::isfinite(t[2][2]);
-}
-
-Vector normalOf(const Triangle& t) { return glm::normalize(glm::cross(t[1] - t[0], t[2] - t[0])); }
-
-/// The sum of the normals of all triangles that hold a point, found by looking at every triangle.
-Vector naiveNormal(const HeightGrid& grid, const Vector& point) {
-  Vector sum(0.0);
-  for (std::size_t r = 0; r + 1 < grid.height(); ++r) {
-    for (std::size_t c = 0; c + 1 < grid.width(); ++c) {
-      for (const std::size_t first : {0U, 3U}) {
-        const Triangle triangle = triangleOf(grid, c, r, first);
-        const bool holds = std::find(triangle.begin(), triangle.end(), point) != triangle.end();
-        if (holds && isWhole(triangle)) sum += normalOf(triangle);
-      }
-    }
-  }
-  return glm::normalize(sum);
-}
-
-void expectNear(const float* found, const Vector& expected, double tolerance) {
-  for (int k = 0; k < 3; ++k) ASSERT_NEAR(found[k], expected[k], tolerance) << k;
-}
-
-/// Compares every triangle without a missing corner, vertex by vertex.
+/// Compares the whole mesh with what its corners say, vertex by vertex, and looks at every triangle
+/// for each. Where a corner is missing there is no triangle.
 void expectNaiveMesh(const HeightGrid& grid) {
   SCOPED_TRACE(std::to_string(grid.width()) + " x " + std::to_string(grid.height()));
+  constexpr std::size_t kColumnOf[] = {0, 1, 0, 0, 1, 1};
+  constexpr std::size_t kRowOf[] = {0, 1, 1, 0, 0, 1};
   const Mesh mesh(grid);
-  for (std::size_t t = 0; t < cellCount(grid) * 2; ++t) {
-    const std::size_t cell = t / 2;
-    const Triangle triangle =
-        triangleOf(grid, cell % (grid.width() - 1), cell / (grid.width() - 1), t % 2 == 0 ? 0 : 3);
-    if (!isWhole(triangle)) continue;
-    expectNear(&mesh.faces[3 * t], normalOf(triangle), 2e-4);
-    for (std::size_t i = 0; i < 3; ++i) {
-      expectNear(&mesh.positions[9 * t + 3 * i], triangle[i], 0.0);
-      expectNear(&mesh.normals[9 * t + 3 * i], naiveNormal(grid, triangle[i]), 2e-4);
-      expectNear(&mesh.colours[9 * t + 3 * i], {0.5, 0.5, 0.5}, 0.0);
+  const std::size_t vertices = mesh.positions.size() / 3;
+  std::vector<Vector> corners, faces;
+  for (std::size_t v = 0; v < vertices; ++v) {
+    const std::size_t cell = v / 6;
+    const std::size_t column = cell % (grid.width() - 1) + kColumnOf[v % 6];
+    const std::size_t row = cell / (grid.width() - 1) + kRowOf[v % 6];
+    const auto height = static_cast<float>(grid.row(row)[column]);
+    corners.emplace_back(static_cast<float>(column) / 1000.0F, static_cast<float>(row) / 1000.0F,
+                         height);
+    if (v % 3 != 2) continue;
+    faces.push_back(
+        glm::normalize(glm::cross(corners[v - 1] - corners[v - 2], corners[v] - corners[v - 2])));
+  }
+  for (const std::vector<float>* floats : {&mesh.positions, &mesh.normals, &mesh.colours}) {
+    EXPECT_TRUE(std::ranges::all_of(*floats, [](float value) { return std::isfinite(value); }));
+  }
+  for (std::size_t v = 0; v < vertices; ++v) {
+    const Vector& face = faces[v / 3];
+    if (std::isnan(face.z)) {
+      const auto corner = [&](std::size_t i) { return at(mesh.positions, v - v % 3 + i); };
+      ASSERT_TRUE(corner(0) == corner(1) || corner(1) == corner(2) || corner(2) == corner(0)) << v;
+      continue;
     }
+    Vector sum(0.0);
+    for (std::size_t other = 0; other < vertices; ++other) {
+      if (corners[other] == corners[v] && !std::isnan(faces[other / 3].z)) sum += faces[other / 3];
+    }
+    ASSERT_EQ(at(mesh.positions, v), corners[v]) << v;
+    ASSERT_LT(glm::distance(at(mesh.faces, v / 3), face), 3e-4) << v;
+    ASSERT_LT(glm::distance(at(mesh.normals, v), glm::normalize(sum)), 3e-4) << v;
+    ASSERT_EQ(at(mesh.colours, v), Vector(0.5)) << v;
   }
 }
 
@@ -110,7 +92,7 @@ TEST(Mesh, MatchesTheNaiveWayOnEverySize) {
 
 TEST(Mesh, NormalsBesideMissingPointsSumTheFacesThatExist) {
   const auto grid = roughGrid(9, 15);
-  for (const std::size_t i : {0U, 4U, 30U, 31U, 76U, 89U, 134U}) grid->values()[i] = NAN;
+  for (const std::size_t i : {0U, 4U, 8U, 30U, 31U, 76U, 89U, 126U, 134U}) grid->values()[i] = NAN;
   expectNaiveMesh(*grid);
 }
 
@@ -172,32 +154,6 @@ TEST(Scale, IsNeverNoise) {
   }
 }
 
-TEST(Model, KeepsTheFilteredGridOnlyWhileItFits) {
-  std::ostringstream log;
-  SurfaceModel model(log);
-  EXPECT_EQ(log.str(), "Hello Vertices\n");
-  model.setRaw(roughGrid(4, 4));
-  model.setFiltered(roughGrid(3, 4));
-  model.useFiltered = true;
-  EXPECT_EQ(model.shown(), model.raw());
-  model.setFiltered(roughGrid(4, 4));
-  EXPECT_NE(model.shown(), model.raw());
-  model.setRaw(roughGrid(4, 4));
-  EXPECT_EQ(model.shown(), model.raw());
-}
-
-TEST(Model, MeasuresEachGridAnew) {
-  std::ostringstream log;
-  SurfaceModel model(log);
-  model.setRaw(gridOf(2, 2, {7, 7, 7, 9}));
-  model.measure();
-  model.setRaw(gridOf(3, 2, {1, 5, 1, 5, 1, 5}));
-  model.measure();
-  EXPECT_EQ(model.mean(), 3.0F);
-  EXPECT_EQ(model.sd(), 2.0F);
-  EXPECT_EQ(model.autoScale(), automaticScale(2.0F, 3));
-}
-
 TEST(Model, ColoursByTheGlobalLimitsAndClampsToTheTypedOnes) {
   std::ostringstream log;
   SurfaceModel model(log);
@@ -220,6 +176,72 @@ TEST(AutomaticScale, StepsFinerOnSmoothSurfaces) {
   };
   EXPECT_FLOAT_EQ(automaticScale(0.19F, 400), expected(0.01, 0.19F));
   EXPECT_FLOAT_EQ(automaticScale(0.21F, 400), expected(0.05, 0.21F));
+}
+
+// ---- heights that are not finite are points the instrument could not see, not data
+
+struct Built {
+  explicit Built(std::shared_ptr<const HeightGrid> grid) : positions(cellCount(*grid) * 18) {
+    model.setRaw(std::move(grid));
+    model.measure();
+    normals = colours = positions;
+    model.build({positions, normals, colours, {}});
+  }
+  std::ostringstream log;
+  SurfaceModel model{log};
+  std::vector<float> positions, normals, colours;
+};
+
+TEST(MissingPoints, TakeNoPartInNumbers) {
+  for (const double missing : std::initializer_list<double>{NAN, INFINITY, -INFINITY, 1e300}) {
+    const Built with(gridOf(3, 3, {missing, 1, 2, 3, 4, missing, 6, 7, 8}));
+    EXPECT_FLOAT_EQ(with.model.mean(), 31.0F / 7.0F);
+    EXPECT_FLOAT_EQ(with.model.variance(), 5.9591837F);
+    // They start at the first finite height.
+    EXPECT_EQ(with.model.limits().trueMin, 1.0F);
+    EXPECT_EQ(with.model.limits().trueMax, 8.0F);
+  }
+}
+
+/// How often each point of a grid of 9 × 8 is drawn where the surface is drawn as points.
+std::vector<int> drawnPoints(const Built& built) {
+  std::vector<int> drawn(72);
+  for (const auto& [vertex, count, step] : pointRuns(8, 7)) {
+    for (std::size_t cell = 0; cell < count * step; cell += step) {
+      const float* p = built.positions.data() + 18 * cell + 3 * vertex;
+      ++drawn[static_cast<std::size_t>(std::lround(9000.0F * p[1] + 1000.0F * p[0]))];
+    }
+  }
+  return drawn;
+}
+
+TEST(MissingPoints, AreNotDrawnWhereTheOthersAreDrawnOnce) {
+  const auto grid = roughGrid(9, 8);
+  EXPECT_EQ(drawnPoints(Built(grid)), std::vector<int>(72, 1));
+  // Apart, side by side, on the rim, and round point 50, which then has no face.
+  for (const std::size_t i : {4, 8, 20, 27, 28, 41, 49, 60}) {
+    grid->values()[i] = NAN;
+  }
+  const std::vector<int> drawn = drawnPoints(Built(grid));
+  for (std::size_t i = 0; i < drawn.size(); ++i) {
+    EXPECT_EQ(drawn[i] > 0, std::isfinite(grid->values()[i]) && i != 50) << i;
+  }
+}
+
+TEST(MissingPoints, MayBeAllThereIs) {
+  const Built built(gridOf(3, 3, std::vector<double>(9, NAN)));
+  EXPECT_FALSE(built.model.hasHeights());
+  EXPECT_EQ(built.model.limits().trueMin, 0.0F);
+  EXPECT_EQ(built.model.limits().trueMax, 0.0F);
+  EXPECT_EQ(built.model.mean(), 0.0F);
+}
+
+TEST(MissingPoints, AreNotMistakenForVeryLargeHeights) {
+  auto grid = roughGrid(5, 5);
+  for (double& height : grid->values()) height *= 1e37;
+  const Built built(grid);
+  EXPECT_TRUE(built.model.hasHeights());
+  EXPECT_TRUE(std::ranges::all_of(built.normals, [](float n) { return std::isfinite(n); }));
 }
 
 }  // namespace

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "surface/shown_surface.h"
+#include "surface/statistics.h"
 #include "tests/support/test_grid.h"
 
 namespace morvane {
@@ -41,6 +42,7 @@ TEST_F(Shown, TypedLimitsWaitForTheNextRebuildWhileABitmapColoursTheSurface) {
   shown_.resetScaleAndLimits();
   EXPECT_TRUE(needsMesh());
   EXPECT_TRUE(shown_.measured().crop.on);
+  EXPECT_FALSE(shown_.measured().heatMap) << "with the next rebuild, bitmap or not";
   EXPECT_EQ(shown_.crop().max, shown_.measured().limits().trueMax);
 }
 
@@ -65,12 +67,17 @@ TEST_F(Shown, AnotherMeasurementStartsAnewButKeepsFilterAndColourSource) {
   EXPECT_EQ(shown_.alterations(),
             "Low pass 0.80 mm · Limits -0.10 to 1.123 µm · Colours -1.00 to 2.00 µm");
   Measurement next;
-  next.grid = roughGrid(6, 5);
+  next.grid = gridFrom(6, 5, [](double column, double) { return column; });
   shown_.show(next);
-  EXPECT_EQ(shown_.zScale(), automatic_);
+  EXPECT_FLOAT_EQ(shown_.measured().mean(), 2.5F);
+  EXPECT_EQ(shown_.zScale(), automaticScale(shown_.measured().sd(), 6));
   EXPECT_EQ(shown_.alterations(), "Colours -1.00 to 2.00 µm");
   EXPECT_EQ(shown_.measured().shown(), next.grid);
   EXPECT_TRUE(shown_.filterEnabled());
+  for (const std::size_t rows : {4U, 5U}) {
+    shown_.setFiltered(roughGrid(6, rows), "");
+    EXPECT_EQ(shown_.measured().shown() != next.grid, rows == 5) << "only one that fits";
+  }
 }
 
 }  // namespace

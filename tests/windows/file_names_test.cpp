@@ -6,7 +6,6 @@
 #include <filesystem>
 #include <sstream>
 #include <string>
-#include <vector>
 
 #include "base/file_copy.h"
 #include "base/folders.h"
@@ -14,9 +13,8 @@
 #include "base/safe_file.h"
 #include "base/utf8_win32.h"
 #include "resfile/bitmap_image.h"
-#include "resfile/res_file.h"
+#include "tests/support/reader.h"
 #include "tests/support/temporary_folder.h"
-#include "tools/bitmap_builder.h"
 #include "tools/measurement_builder.h"
 
 namespace morvane {
@@ -48,11 +46,9 @@ TEST(FileNames, BeyondAsciiAreWrittenReadCopiedAndCompared) {
   writeBytes(path, encodeMeasurement(smallContent()));
   ASSERT_TRUE(fs::exists(folder.path() / fs::path(kWideName)));
 
-  std::ostringstream log;
-  resFile reader(log);
-  reader.update(path);
-  ASSERT_TRUE(reader.isValid()) << log.str();
-  EXPECT_EQ(reader.grid()->values()[5], 6.5);
+  const Reader reader(path);
+  ASSERT_TRUE(reader.file.isValid()) << reader.log.str();
+  EXPECT_EQ(reader.file.grid()->values()[5], 6.5);
   EXPECT_EQ(fileNameOf(path), kName);
   EXPECT_EQ(folderOf(path), backslashes(folder.path().string()));
 
@@ -67,6 +63,7 @@ TEST(FileNames, BeyondAsciiAreWrittenReadCopiedAndCompared) {
 
   const std::string bitmap = folderOf(path) + "\\\xc3\x84.bmp";
   writeBytes(bitmap, encodeMeasurement(smallContent()));
+  std::ostringstream log;
   BitmapImage image(log);
   image.readBitmap(bitmap);
   EXPECT_NE(log.str().find("File not Bitmap Format!"), std::string::npos);  // found and judged
@@ -122,11 +119,9 @@ TEST(Refusals, WhatIsNoFileIsNotRead) {
   for (const std::string& path :
        {folder.path().string(), folder.file("none.res"), folder.file("a?b.res"), std::string("NUL"),
         std::string("\xff.res"), std::string()}) {
-    std::ostringstream log;
-    resFile reader(log);
-    reader.update(path);
-    EXPECT_EQ(reader.grid(), nullptr) << path;
-    EXPECT_NE(log.str().find("ERROR: FILE CANNOT BE OPENED"), std::string::npos) << path;
+    const Reader reader(path);
+    EXPECT_EQ(reader.file.grid(), nullptr) << path;
+    EXPECT_NE(reader.log.str().find("ERROR: FILE CANNOT BE OPENED"), std::string::npos) << path;
   }
 }
 

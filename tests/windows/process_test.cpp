@@ -3,17 +3,12 @@
 #include <windows.h>
 
 #include <array>
-#include <chrono>
 #include <memory>
 #include <string>
-#include <thread>
-#include <utility>
 #include <vector>
 
 namespace morvane {
 namespace {
-
-using namespace std::chrono_literals;
 
 struct HandleCloser {
   using pointer = HANDLE;
@@ -70,27 +65,19 @@ DWORD exitCodeOf(const Handle& process) {
   return code;
 }
 
-/// The first `count` lines out of a pipe, without their ends; fewer when they do not come in time.
+/// The first `count` lines out of a pipe, without their ends. Waits for each.
 std::vector<std::string> linesFrom(HANDLE pipe, std::size_t count) {
-  std::vector<std::string> lines;
-  std::string line;
-  const auto end = std::chrono::steady_clock::now() + 20s;
-  while (lines.size() < count && std::chrono::steady_clock::now() < end) {
-    DWORD waiting = 0;
-    if (PeekNamedPipe(pipe, nullptr, 0, nullptr, &waiting, nullptr) == 0) break;
-    if (waiting == 0) {
-      std::this_thread::sleep_for(10ms);
-      continue;
-    }
-    char c = 0;
-    DWORD got = 0;
-    ReadFile(pipe, &c, 1, &got, nullptr);
+  std::vector<std::string> lines(1);
+  char c = 0;
+  DWORD got = 0;
+  while (lines.size() <= count && ReadFile(pipe, &c, 1, &got, nullptr) != 0 && got == 1) {
     if (c == '\n') {
-      lines.push_back(std::exchange(line, {}));
+      lines.emplace_back();
     } else if (c != '\r') {
-      line += c;
+      lines.back() += c;
     }
   }
+  lines.pop_back();
   return lines;
 }
 

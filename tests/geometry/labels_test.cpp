@@ -1,4 +1,4 @@
-// The labels of the axes as they are read on the screen.
+// The labels of the axes and of the colour key as they are read on the screen.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -17,6 +17,7 @@ constexpr std::size_t kLengthX = 3;
 constexpr std::size_t kBottom = 5;
 constexpr std::size_t kTop = 6;
 
+/// Glyphs half as wide as high.
 float monospaced(std::string_view text, float scale) {
   return 24.0F * scale * static_cast<float>(text.size());
 }
@@ -131,6 +132,30 @@ TEST_F(AxisLabels, LengthsKeepClearOfTheKey) {
     }
     EXPECT_EQ(labels[kLengthX].place.x, static_cast<float>(columns) / 1000.0F);
   }
+}
+
+TEST(KeyColumn, FitsBesideTheKeyHoweverLongAndInEveryWindow) {
+  constexpr float kKeyLeft = 565.0F * 1.725F;
+  constexpr float kKeyRight = 565.0F * 1.775F;
+  for (const float stretch : {1.0F, 1.05F, 1.3F, 2.1F}) {
+    // In a narrow view glyphs are wider.
+    const auto wide = [&](std::string_view text, float scale) {
+      return stretch * monospaced(text, scale);
+    };
+    for (const float max : {5.0F, 173.45F, 40000.0F, 3e38F}) {
+      SCOPED_TRACE(testing::Message() << max << " at " << stretch);
+      const KeyColumn shown = keyColumn(max, -max, wide);
+      for (const KeyNumber& number : shown.numbers) {
+        const float end = number.x + wide(number.text, shown.scale);
+        EXPECT_TRUE((number.x >= 0.0F && end <= kKeyLeft) ||
+                    (number.x >= kKeyRight && end <= 1130.0F))
+            << number.text << " from " << number.x << " to " << end;
+      }
+      EXPECT_TRUE(shown.scale >= 0.32F || max > 1e6F);
+    }
+  }
+  EXPECT_EQ(keyColumn(0.004F, -0.001F, monospaced).numbers.back().text, "  0.00µm");
+  EXPECT_FLOAT_EQ(keyColumn(5.0F, -5.0F, monospaced).numbers.front().x, 1005.7F);
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
-// What the system refuses to write: a full disk and a protected file, as this system has them.
+// Files that lie and disks that refuse, as this system has them.
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
@@ -8,20 +8,28 @@
 #include <array>
 #include <csignal>
 #include <fstream>
-#include <sstream>
 
 #include "base/safe_file.h"
-#include "resfile/res_file.h"
+#include "tests/support/reader.h"
 #include "tests/support/temporary_folder.h"
 
 namespace morvane {
 namespace {
 
+TEST(Refused, WhatIsNoFileAndWithoutWaiting) {
+  const TemporaryFolder folder;
+  const std::string pipe = folder.file("pipe.res");
+  ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+  for (const std::string& path : {folder.path().string(), pipe, folder.file("none.res"),
+                                  std::string("/dev/zero"), std::string()}) {
+    const Reader reader(path);
+    EXPECT_EQ(reader.file.grid(), nullptr) << path;
+    EXPECT_NE(reader.log.str().find("ERROR: FILE CANNOT BE OPENED\n  err "), std::string::npos);
+  }
+}
+
 TEST(Saving, LeavesTheOldFileWhereTheDiskIsFull) {
   const TemporaryFolder folder;
-  std::ostringstream log;
-  const resFile file(log);
-  const std::vector<double> values = {1, 2, 3, 4};
   const std::string old = folder.file("old.res");
   std::ofstream(old) << "old";
   // A limit on the size of files stands for the full disk.
@@ -30,7 +38,9 @@ TEST(Saving, LeavesTheOldFileWhereTheDiskIsFull) {
   const rlimit small = {100, limit.rlim_max};
   const auto previous = std::signal(SIGXFSZ, SIG_IGN);
   ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &small), 0);
-  const std::string reason = file.writeRegion(values, 2, 2, old);
+  SafeFile file(old);
+  file.write(std::string(4000, 'n').data(), 4000);
+  const std::string reason = file.commit();
   ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &limit), 0);
   std::signal(SIGXFSZ, previous);
   EXPECT_EQ(reason, "File too large");
