@@ -78,6 +78,43 @@ Outline outlineOf(FT_GlyphSlot slot, FT_Stroker stroker) {
   return failed ? nullptr : std::move(outline);
 }
 
+/// The coverage of a glyph in rows of `width` texels.
+struct Texels {
+  int width;
+  int rows;
+  std::vector<unsigned char> values;
+};
+
+/// A copy of half the size. Width and rows must be even.
+Texels halved(const Texels& texels) {
+  Texels half = {texels.width / 2, texels.rows / 2, {}};
+  const auto at = [&](int row, int column) {
+    return texels.values[static_cast<std::size_t>(row * texels.width + column)];
+  };
+  for (int row = 0; row < texels.rows; row += 2) {
+    for (int c = 0; c < texels.width; c += 2) {
+      const int sum = at(row, c) + at(row, c + 1) + at(row + 1, c) + at(row + 1, c + 1);
+      half.values.push_back(static_cast<unsigned char>((sum + 2) / 4));
+    }
+  }
+  return half;
+}
+
+GlTexture makeTexture(const Texels& texels) {
+  GlTexture texture = GlTexture::generate();
+  glBindTexture(GL_TEXTURE_2D, texture.name());
+  glTexImage2D(GL_TEXTURE_2D, 0, GL_RED, texels.width, texels.rows, 0, GL_RED, GL_UNSIGNED_BYTE,
+               texels.values.data());
+  glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_WRAP_S, GL_CLAMP_TO_EDGE);
+  glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_WRAP_T, GL_CLAMP_TO_EDGE);
+  glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER, GL_LINEAR);
+  glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MAG_FILTER, GL_LINEAR);
+  return texture;
+}
+
+/// `number`, or the next one if it is odd.
+int roundedUp(int number) { return number + number % 2; }
+
 GlyphPicture makePicture(Outline outline) {
   GlyphPicture picture;
   FT_Glyph glyph = outline.release();
@@ -88,23 +125,17 @@ GlyphPicture makePicture(Outline outline) {
   // NOLINTNEXTLINE(cppcoreguidelines-pro-type-static-cast-downcast): what the call above has made
   const auto* made = reinterpret_cast<const FT_BitmapGlyphRec*>(glyph);
   const FT_Bitmap& bitmap = made->bitmap;
-  picture.width = static_cast<int>(bitmap.width) + 2 * kBorder;
-  picture.rows = static_cast<int>(bitmap.rows) + 2 * kBorder;
+  picture.width = roundedUp(static_cast<int>(bitmap.width)) + 2 * kBorder;
+  picture.rows = roundedUp(static_cast<int>(bitmap.rows)) + 2 * kBorder;
   picture.left = made->left - kBorder;
   picture.top = made->top + kBorder;
-  std::vector<unsigned char> texels(static_cast<std::size_t>(picture.width * picture.rows));
+  Texels texels = {picture.width, picture.rows, {}};
+  texels.values.resize(static_cast<std::size_t>(picture.width * picture.rows));
   for (int row = 0; row < static_cast<int>(bitmap.rows); ++row) {
     std::copy_n(bitmap.buffer + std::ptrdiff_t{row} * bitmap.pitch, bitmap.width,
-                texels.begin() + std::ptrdiff_t{row + kBorder} * picture.width + kBorder);
+                texels.values.begin() + std::ptrdiff_t{row + kBorder} * picture.width + kBorder);
   }
-  picture.texture = GlTexture::generate();
-  glBindTexture(GL_TEXTURE_2D, picture.texture.name());
-  glTexImage2D(GL_TEXTURE_2D, 0, GL_RED, picture.width, picture.rows, 0, GL_RED, GL_UNSIGNED_BYTE,
-               texels.data());
-  glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_WRAP_S, GL_CLAMP_TO_EDGE);
-  glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_WRAP_T, GL_CLAMP_TO_EDGE);
-  glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER, GL_LINEAR);
-  glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MAG_FILTER, GL_LINEAR);
+  picture.textures = {makeTexture(texels), makeTexture(halved(texels))};
   return picture;
 }
 
@@ -159,6 +190,7 @@ void TextRenderer::enterContext() {
 }
 
 void TextRenderer::setSpace(float width, float height) {
+  pixels_ = {width, height};
   // NOLINTNEXTLINE(readability-suspicious-call-argument): the origin is a corner
   projection_ = glm::ortho(0.0F, width, 0.0F, height);
   space_ = {width, height};
@@ -166,8 +198,8 @@ void TextRenderer::setSpace(float width, float height) {
 }
 
 void TextRenderer::setPixels(int width, int height) {
-  const glm::vec2 pixelsPerUnit(static_cast<float>(std::max(width, 1)) / space_.x,
-                                static_cast<float>(std::max(height, 1)) / space_.y);
+  pixels_ = {std::max(width, 1), std::max(height, 1)};
+  const glm::vec2 pixelsPerUnit = pixels_ / space_;
   // In a small window glyphs stay readable.
   constexpr float kSmallest = 0.6F;  // pixels per unit
   shape_ = std::max(std::min(pixelsPerUnit.x, pixelsPerUnit.y), kSmallest) / pixelsPerUnit;
@@ -209,21 +241,35 @@ void TextRenderer::drawGlyphs(std::string_view text, glm::vec2 pen, glm::vec2 sc
   const GlBlending blending;
   glUseProgram(program_.name());
   glUniformMatrix4fv(program_.uniform("projection"), 1, GL_FALSE, glm::value_ptr(projection));
+  const float texels = texelsPerPixel(pen, scale, projection);
   // With blending in linear light, dark strokes thinner than a pixel look too pale.
   constexpr float kInLinearLight = 2.0F;
-  glUniform1f(program_.uniform("thickening"),
-              glIsEnabled(GL_FRAMEBUFFER_SRGB) == GL_TRUE ? kInLinearLight : 1.0F);
+  constexpr float kThin = 1.5F;  // texels a pixel
+  const bool pale = texels >= kThin && glIsEnabled(GL_FRAMEBUFFER_SRGB) == GL_TRUE;
+  glUniform1f(program_.uniform("thickening"), pale ? kInLinearLight : 1.0F);
   glActiveTexture(GL_TEXTURE0);
   glBindVertexArray(vertexArray_.name());
   glBindBuffer(GL_ARRAY_BUFFER, vertexBuffer_.name());
+  // The size at which a pixel covers at most four texels.
+  const std::size_t size = texels <= 4.0F ? 0 : 1;
   // All rims first, so that a rim does not cover the letter before it.
-  drawLayer(&Glyph::rim, text, pen, scale, rimColour_);
-  drawLayer(&Glyph::ink, text, pen, scale, colour);
+  drawLayer(&Glyph::rim, size, text, pen, scale, rimColour_);
+  drawLayer(&Glyph::ink, size, text, pen, scale, colour);
   glBindTexture(GL_TEXTURE_2D, 0);
 }
 
-void TextRenderer::drawLayer(GlyphPicture Glyph::*layer, std::string_view text, glm::vec2 pen,
-                             glm::vec2 scale, const glm::vec3& colour) const {
+/// How many texels of a glyph at full size a pixel covers along the text.
+float TextRenderer::texelsPerPixel(glm::vec2 pen, glm::vec2 scale,
+                                   const glm::mat4& projection) const {
+  const auto pixel = [&](glm::vec2 point) {
+    const glm::vec4 clip = projection * glm::vec4(point, 0.0F, 1.0F);
+    return glm::vec2(clip) / clip.w * 0.5F * pixels_;
+  };
+  return 1.0F / glm::distance(pixel(pen), pixel(pen + glm::vec2(scale.x, 0.0F)));
+}
+
+void TextRenderer::drawLayer(GlyphPicture Glyph::*layer, std::size_t size, std::string_view text,
+                             glm::vec2 pen, glm::vec2 scale, const glm::vec3& colour) const {
   glUniform3fv(program_.uniform("textCol"), 1, glm::value_ptr(colour));
   while (!text.empty()) {
     const std::uint32_t code = nextCharacter(text);
@@ -237,7 +283,7 @@ void TextRenderer::drawLayer(GlyphPicture Glyph::*layer, std::string_view text, 
         left, top, 0, 0, left,  bottom, 0, 1, right, bottom, 1, 1,
         left, top, 0, 0, right, bottom, 1, 1, right, top,    1, 0,
     };
-    glBindTexture(GL_TEXTURE_2D, picture.texture.name());
+    glBindTexture(GL_TEXTURE_2D, picture.textures[size].name());
     glBufferSubData(GL_ARRAY_BUFFER, 0, sizeof quad, quad.data());
     glDrawArrays(GL_TRIANGLES, 0, 6);
     pen.x += penStep(glyphs_[code], scale.x);

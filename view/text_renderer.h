@@ -14,7 +14,8 @@ namespace morvane {
 
 /// A coverage bitmap with an empty border for texture filtering.
 struct GlyphPicture {
-  GlTexture texture;
+  /// At full and at half size: a pixel of small text then needs few samples.
+  std::array<GlTexture, 2> textures;
   int width = 0;  ///< pixels, with the border
   int rows = 0;
   int left = 0;  ///< from the pen to the left edge
@@ -72,14 +73,17 @@ class TextRenderer {
   void loadGlyphs(const std::string& fontPath);
   void drawGlyphs(std::string_view text, glm::vec2 pen, glm::vec2 scale,
                   const glm::mat4& projection, const glm::vec3& colour) const;
-  void drawLayer(GlyphPicture Glyph::*layer, std::string_view text, glm::vec2 pen, glm::vec2 scale,
-                 const glm::vec3& colour) const;
+  void drawLayer(GlyphPicture Glyph::*layer, std::size_t size, std::string_view text, glm::vec2 pen,
+                 glm::vec2 scale, const glm::vec3& colour) const;
+  [[nodiscard]] float texelsPerPixel(glm::vec2 pen, glm::vec2 scale,
+                                     const glm::mat4& projection) const;
 
   ShaderProgram program_;
   glm::vec3 rimColour_{1.0F};
   glm::mat4 projection_{1.0F};
   glm::vec2 space_{1.0F};
-  glm::vec2 shape_{1.0F};  // scale of glyphs in each direction, so that they are not distorted
+  glm::vec2 pixels_{1.0F};  // of the space
+  glm::vec2 shape_{1.0F};   // scale of glyphs in each direction, so that they are not distorted
   std::array<Glyph, kGlyphs> glyphs_;
   GlVertexArray vertexArray_;
   GlBuffer vertexBuffer_;
