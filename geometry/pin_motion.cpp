@@ -12,8 +12,6 @@ namespace {
 constexpr std::size_t kWideGrid = 755;  // points
 constexpr float kPinZ = 0.05F;
 
-float modelUnits(std::size_t points) { return static_cast<float>(points) / kPointsPerUnit; }
-
 /// The largest coordinates of a pin. Kept: x is limited by the width, y by the height minus one.
 glm::vec2 farEdge(const GridSize& grid) {
   return {modelUnits(grid.width), modelUnits(grid.height > 0 ? grid.height - 1 : 0)};

@@ -9,6 +9,7 @@
 #include <utility>
 #include <vector>
 
+#include "surface/face_normals.h"
 #include "surface/row_bands.h"
 
 namespace morvane {
@@ -41,10 +42,6 @@ struct PointRow {
   bool hasMissing = false;
 };
 
-struct Vec3 {
-  float x, y, z;
-};
-
 /// A grid point as the corner of a triangle.
 struct Corner {
   const PointRow* row;
@@ -53,20 +50,6 @@ struct Corner {
   /// Whether it belongs to a face: then the sum of its face normals points up.
   [[nodiscard]] bool isHeld() const { return row->normals[3 * column + 2] > 0.0F; }
 };
-
-/// 1 / length of a vector of squared length `squared`. 0 when the length is 0, infinite or NaN. It
-/// has no branches, so that loops over it are vectorised.
-float inverseLength(float squared) {
-  const bool known = (squared > 0.0F) & (squared <= std::numeric_limits<float>::max());
-  const float inverse = 1.0F / std::sqrt(squared);
-  return known ? inverse : 0.0F;
-}
-
-/// `value` × `inverse`; 0 when `inverse` is 0, even if `value` is NaN.
-float scaled(float value, float inverse) {
-  const float product = value * inverse;
-  return inverse > 0.0F ? product : 0.0F;
-}
 
 /// A row of triangles. Each has one edge along a row, with the heights along[c] and along[c + 1],
 /// and one along a column, from top[c] to bottom[c].
@@ -82,13 +65,11 @@ struct TriangleRow {
 void crossEdges(const TriangleRow& row, float* __restrict outX, float* __restrict outY,
                 float* __restrict outZ) {
   for (std::size_t c = 0; c < row.count; ++c) {
-    const float x = row.dy * (row.along[c] - row.along[c + 1]);
-    const float y = -(row.bottom[c] - row.top[c]) * row.dx[c];
-    const float z = row.dx[c] * row.dy;
-    const float inverse = inverseLength(x * x + y * y + z * z);
-    outX[c] = scaled(x, inverse);
-    outY[c] = scaled(y, inverse);
-    outZ[c] = scaled(z, inverse);
+    const Vec3 normal =
+        faceNormal(row.dx[c], row.dy, row.along[c], row.along[c + 1], row.top[c], row.bottom[c]);
+    outX[c] = normal.x;
+    outY[c] = normal.y;
+    outZ[c] = normal.z;
   }
 }
 
@@ -115,7 +96,7 @@ class BandBuilder {
         steps_(cells_),
         sums_(points_) {
     for (std::size_t c = 0; c < points_; ++c) {
-      columns_[c] = static_cast<float>(c) / kPointsPerUnit;
+      columns_[c] = modelUnits(c);
     }
     for (std::size_t c = 0; c < cells_; ++c) steps_[c] = columns_[c + 1] - columns_[c];
     findAnchor();
@@ -155,18 +136,8 @@ class BandBuilder {
     if (found == values.end()) return;
     const auto index = static_cast<std::size_t>(found - values.begin());
     const float z = look_.crop.clamp(static_cast<float>(*found));
-    anchorPosition_ = {columns_[index % points_], rowPosition(index / points_), z};
-    anchorColour_ = colourOf(z, index / points_, index % points_);
-  }
-
-  static float rowPosition(std::size_t row) { return static_cast<float>(row) / kPointsPerUnit; }
-
-  [[nodiscard]] Colour colourOf(float z, std::size_t row, std::size_t column) const {
-    if (look_.scale != nullptr) return look_.scale->colourOf(z);
-    if (look_.drape != nullptr && look_.drape->covers(row, column)) {
-      return look_.drape->colourOf(row, column);
-    }
-    return kUncoloured;
+    anchorPosition_ = {columns_[index % points_], modelUnits(index / points_), z};
+    anchorColour_ = colourAt(look_, z, index / points_, index % points_);
   }
 
   void loadHeights(std::size_t row, PointRow& target) const {
@@ -181,11 +152,10 @@ class BandBuilder {
     target.hasMissing = missing;
   }
 
-  // The cross products of the cell's edges, without the terms that are zero: triangle 1 is (C − A)
-  // × (C − B), triangle 2 is (F − E) × (D − E).
+  // Triangle 1 of a cell is (C − A) × (C − B), triangle 2 is (F − E) × (D − E).
   void computeFaces(std::size_t row, const PointRow& upper, const PointRow& lower,
                     FaceRow& faces) const {
-    const float dy = rowPosition(row + 1) - rowPosition(row);
+    const float dy = modelUnits(row + 1) - modelUnits(row);
     const float* z0 = upper.heights.data();
     const float* z1 = lower.heights.data();
     crossEdges({cells_, steps_.data(), dy, z1, z0, z1}, faces.lower);
@@ -208,7 +178,7 @@ class BandBuilder {
   /// Normals, positions and colours of grid row `row`, whose faces are above_ and below_.
   void finishPoints(std::size_t row, PointRow& target) {
     sumNormals(target);
-    const float y = rowPosition(row);
+    const float y = modelUnits(row);
     float* position = target.positions.data();
     for (std::size_t c = 0; c < points_; ++c) {
       position[3 * c] = columns_[c];
@@ -217,7 +187,7 @@ class BandBuilder {
     }
     float* colour = target.colours.data();
     for (std::size_t c = 0; c < points_; ++c) {
-      const Colour value = colourOf(target.heights[c], row, c);
+      const Colour value = colourAt(look_, target.heights[c], row, c);
       std::memcpy(colour + 3 * c, value.data(), sizeof value);
     }
   }
@@ -231,10 +201,10 @@ class BandBuilder {
     const float* z = sums_.z.data();
     float* out = target.normals.data();
     for (std::size_t c = 0; c < points_; ++c) {
-      const float inverse = inverseLength(x[c] * x[c] + y[c] * y[c] + z[c] * z[c]);
-      out[3 * c] = scaled(x[c], inverse);
-      out[3 * c + 1] = scaled(y[c], inverse);
-      out[3 * c + 2] = scaled(z[c], inverse);
+      const Vec3 normal = unit({x[c], y[c], z[c]});
+      out[3 * c] = normal.x;
+      out[3 * c + 1] = normal.y;
+      out[3 * c + 2] = normal.z;
     }
   }
 
@@ -335,11 +305,16 @@ class BandBuilder {
 
 }  // namespace
 
-void buildMesh(const HeightGrid& grid, const MeshLook& look, const MeshArrays& arrays) {
+void buildMesh(const HeightGrid& grid, const MeshLook& look, const MeshArrays& arrays,
+               const CellRows& rows) {
   if (cellCount(grid) == 0) return;
-  forEachRowBand(grid.height(), [&](std::size_t /*band*/, std::size_t first, std::size_t end) {
-    BandBuilder(grid, look, arrays).build(first, end);
-  });
+  const std::size_t end = std::min(rows.end, grid.height() - 1);
+  if (rows.first >= end) return;
+  // A band of points has one row more than its cells.
+  forEachRowBand(end - rows.first + 1,
+                 [&](std::size_t /*band*/, std::size_t first, std::size_t last) {
+                   BandBuilder(grid, look, arrays).build(rows.first + first, rows.first + last);
+                 });
 }
 
 std::array<PointRun, 4> pointRuns(std::size_t columns, std::size_t rows) {

@@ -3,6 +3,7 @@
 
 #include <array>
 #include <cstddef>
+#include <limits>
 #include <span>
 
 #include "resfile/height_grid.h"
@@ -14,6 +15,8 @@ namespace morvane {
 
 /// Grid points per model unit in x and y.
 inline constexpr float kPointsPerUnit = 1000.0F;
+/// The position of column or row `index`, in model units.
+inline float modelUnits(std::size_t index) { return static_cast<float>(index) / kPointsPerUnit; }
 
 inline constexpr std::size_t kVerticesPerCell = 6;
 inline constexpr std::size_t kFloatsPerCell = kVerticesPerCell * 3;
@@ -43,13 +46,29 @@ struct MeshLook {
   const BitmapDrape* drape = nullptr;
 };
 
+/// The colour of the grid point (row, column) whose drawn height is `z`.
+inline Colour colourAt(const MeshLook& look, float z, std::size_t row, std::size_t column) {
+  if (look.scale != nullptr) return look.scale->colourOf(z);
+  if (look.drape != nullptr && look.drape->covers(row, column)) {
+    return look.drape->colourOf(row, column);
+  }
+  return kUncoloured;
+}
+
+/// Rows of cells, from `first` to below `end`; by default all.
+struct CellRows {
+  std::size_t first = 0;
+  std::size_t end = std::numeric_limits<std::size_t>::max();
+};
+
 /// Fills `arrays` (each of `cellCount` cells) from `grid` with the seven workers. A vertex normal
 /// is the normalised sum of the normals of all faces at the point. A triangle with a missing corner
 /// is no face and is collapsed: its corners without a face move to a corner with one, or to the
 /// first finite point. So missing points are drawn neither as triangles nor as points. Two builds
 /// of one grid are bit-identical. Without any finite height the arrays are undefined and nothing
-/// may be drawn.
-void buildMesh(const HeightGrid& grid, const MeshLook& look, const MeshArrays& arrays);
+/// may be drawn. With `rows` only their part is filled: a mesh can be built in several calls.
+void buildMesh(const HeightGrid& grid, const MeshLook& look, const MeshArrays& arrays,
+               const CellRows& rows = {});
 
 /// One vertex, `vertex` of the six, of each of `count` cells: the first cell and the following
 /// ones, `step` cells apart.

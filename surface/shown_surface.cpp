@@ -121,13 +121,16 @@ std::string ShownSurface::alterations() {
   return words;
 }
 
-std::optional<BitmapDrape> ShownSurface::drape() {
+const BitmapDrape* ShownSurface::drape() {
   const HeightGrid& grid = *measured().shown();
-  if (model_.heatMap || !bitmapAvailable() || cellCount(grid) == 0) return {};
-  bitmap_.readBitmap(bitmapPath_);
-  *log_ << "BMP ARRAY: " << 8 << '\n' << "RES WIDTH: " << grid.width() << '\n';
-  if (bitmap_.pixels().empty()) return {};
-  return BitmapDrape(bitmap_, grid.width(), grid.height());
+  if (std::exchange(drapeRevision_, meshRevision_) != meshRevision_) {
+    drape_.reset();
+    if (model_.heatMap || !bitmapAvailable() || cellCount(grid) == 0) return nullptr;
+    bitmap_.readBitmap(bitmapPath_);
+    *log_ << "BMP ARRAY: " << 8 << '\n' << "RES WIDTH: " << grid.width() << '\n';
+    if (!bitmap_.pixels().empty()) drape_.emplace(bitmap_, grid.width(), grid.height());
+  }
+  return drape_ ? &*drape_ : nullptr;
 }
 
 void ShownSurface::rebuild() {

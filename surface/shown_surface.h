@@ -84,9 +84,9 @@ class ShownSurface {
   [[nodiscard]] std::uint64_t meshRevision() const { return meshRevision_; }
   /// Grows with every measurement.
   [[nodiscard]] std::uint64_t measurementRevision() const { return measurementRevision_; }
-  /// The bitmap for the mesh of the current grid. None under the heat map, or when no bitmap can be
-  /// read. Valid until the next call.
-  [[nodiscard]] std::optional<BitmapDrape> drape();
+  /// The bitmap for the mesh of the current grid. Null under the heat map, or when no bitmap can be
+  /// read. Valid until the mesh must be rebuilt.
+  [[nodiscard]] const BitmapDrape* drape();
 
  private:
   void changed() const;
@@ -103,6 +103,8 @@ class ShownSurface {
   std::string filterWords_;  // of the filtered grid
   std::string bitmapPath_;
   BitmapImage bitmap_;
+  std::optional<BitmapDrape> drape_;
+  std::uint64_t drapeRevision_ = 0;  // of the mesh that `drape_` is for
   bool measured_ = false;
   std::uint64_t meshRevision_ = 0;
   std::uint64_t measurementRevision_ = 0;

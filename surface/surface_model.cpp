@@ -59,11 +59,18 @@ void SurfaceModel::logLimits() const {
         << "cropMax: " << crop.max << '\n';
 }
 
-void SurfaceModel::build(const MeshArrays& arrays, const BitmapDrape* drape) const {
+void SurfaceModel::build(const MeshArrays& arrays, const BitmapDrape* drape,
+                         const CellRows& rows) const {
   if (!raw_) return;
-  *log_ << "Setting Vertex Normals...\n";
+  if (rows.first == 0) *log_ << "Setting Vertex Normals...\n";
   const HeatMapScale colours = colourScale();
-  buildMesh(*shown(), {crop, heatMap ? &colours : nullptr, drape}, arrays);
+  buildMesh(*shown(), {crop, heatMap ? &colours : nullptr, drape}, arrays, rows);
+}
+
+CoarseMesh SurfaceModel::buildCoarse(std::size_t step, const BitmapDrape* drape) const {
+  if (!raw_) return {};
+  const HeatMapScale colours = colourScale();
+  return buildCoarseMesh(*shown(), {crop, heatMap ? &colours : nullptr, drape}, step);
 }
 
 }  // namespace morvane

@@ -5,6 +5,7 @@
 #include <memory>
 #include <optional>
 
+#include "surface/coarse_mesh.h"
 #include "surface/heat_map_scale.h"
 #include "surface/mesh.h"
 #include "surface/statistics.h"
@@ -28,9 +29,12 @@ class SurfaceModel {
   /// raw grid, its statistics and automatic scale.
   void measure();
 
-  /// Writes the mesh for the last `measure` into `arrays`, each of `cellCount(*shown())` cells.
-  /// Without the heat map `drape` colours it, if there is one.
-  void build(const MeshArrays& arrays, const BitmapDrape* drape = nullptr) const;
+  /// Writes the mesh for the last `measure` into `arrays`, each of `cellCount(*shown())` cells, or
+  /// only its `rows`. Without the heat map `drape` colours it, if there is one.
+  void build(const MeshArrays& arrays, const BitmapDrape* drape = nullptr,
+             const CellRows& rows = {}) const;
+  /// The same surface at every `step`-th row and column.
+  [[nodiscard]] CoarseMesh buildCoarse(std::size_t step, const BitmapDrape* drape = nullptr) const;
 
   /// The grid that is built: the filtered one if `useFiltered` is set and it has the right size,
   /// else the raw one. Null before the first measurement.

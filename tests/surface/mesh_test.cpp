@@ -10,6 +10,7 @@
 #include <sstream>
 #include <string>
 
+#include "surface/coarse_mesh.h"
 #include "surface/mesh.h"
 #include "surface/row_bands.h"
 #include "surface/statistics.h"
@@ -94,6 +95,76 @@ TEST(Mesh, NormalsBesideMissingPointsSumTheFacesThatExist) {
   const auto grid = roughGrid(9, 15);
   for (const std::size_t i : {0U, 4U, 8U, 30U, 31U, 76U, 89U, 126U, 134U}) grid->values()[i] = NAN;
   expectNaiveMesh(*grid);
+}
+
+TEST(Mesh, IsTheSameWhenItIsBuiltInSeveralCalls) {
+  const auto grid = roughGrid(9, 40);
+  const Mesh whole(*grid);
+  Mesh pieces(*gridOf(9, 40, std::vector<double>(9 * 40)));
+  for (std::size_t row = 0; row < 39; row += 5) {
+    buildMesh(*grid, {}, {pieces.positions, pieces.normals, pieces.colours, pieces.faces},
+              {row, row + 5});
+  }
+  EXPECT_TRUE(whole.positions == pieces.positions && whole.normals == pieces.normals &&
+              whole.colours == pieces.colours && whole.faces == pieces.faces);
+}
+
+/// The vertex of the full mesh at a grid point. At the last row or column it is another corner.
+std::size_t vertexAt(const HeightGrid& grid, std::size_t column, std::size_t row) {
+  const std::size_t right = column + 1 == grid.width() ? 1 : 0;
+  const std::size_t below = row + 1 == grid.height() ? 1 : 0;
+  constexpr std::size_t kCorner[2][2] = {{0, 4}, {2, 1}};
+  return 6 * ((row - below) * (grid.width() - 1) + column - right) + kCorner[below][right];
+}
+
+TEST(CoarseMesh, HasThePointsOfTheFullOneUpToTheLastRowAndColumn) {
+  const auto grid = roughGrid(12, 9);
+  const HeatMapScale scale(-4.0F, 4.0F);
+  const MeshLook look = {{true, -3.0F, 3.5F}, &scale, nullptr};
+  const Mesh full(*grid, look);
+  for (const std::size_t step : {1, 2, 3, 5, 20}) {
+    const CoarseMesh coarse = buildCoarseMesh(*grid, look, step);
+    std::size_t vertex = 0;
+    for (std::size_t row = 0; row < 9; row = row == 8 ? 9 : std::min<std::size_t>(row + step, 8)) {
+      for (std::size_t column = 0; column < 12;
+           column = column == 11 ? 12 : std::min<std::size_t>(column + step, 11)) {
+        const std::size_t same = vertexAt(*grid, column, row);
+        for (std::size_t i = 0; i < 3; ++i) {
+          EXPECT_EQ(coarse.positions[3 * vertex + i], full.positions[3 * same + i]);
+          EXPECT_EQ(coarse.normals[3 * vertex + i], full.normals[3 * same + i]);
+          EXPECT_EQ(coarse.colours[3 * vertex + i], full.colours[3 * same + i]);
+        }
+        ++vertex;
+      }
+    }
+    EXPECT_EQ(vertex, coarse.vertices());
+    EXPECT_EQ(vertex, coarseVertices(*grid, step));
+  }
+  EXPECT_EQ(coarseStep(*grid, 12), 4U) << "4 x 3 points";
+}
+
+/// Twice the area of the coarse triangles, in grid points.
+double coveredCells(const CoarseMesh& mesh) {
+  double area = 0.0;
+  for (std::size_t i = 0; i < mesh.corners.size(); i += 3) {
+    const auto at = [&](std::size_t corner) {
+      const float* p = &mesh.positions[3 * std::size_t{mesh.corners[i + corner]}];
+      return Vector(p[0], p[1], 0.0);
+    };
+    area += glm::cross(at(1) - at(0), at(2) - at(0)).z * 1e6;
+  }
+  return area;
+}
+
+TEST(CoarseMesh, LeavesOutTrianglesWithAMissingCorner) {
+  auto grid = roughGrid(9, 9);
+  EXPECT_NEAR(coveredCells(buildCoarseMesh(*grid, {}, 4)), 128.0, 1e-3);
+  grid->values()[4 * 9 + 4] = std::nan("");
+  const CoarseMesh holed = buildCoarseMesh(*grid, {}, 4);
+  EXPECT_NEAR(coveredCells(holed), 128.0 - 6 * 16.0, 1e-3);
+  EXPECT_EQ(holed.positions[3 * 4 + 2], holed.positions[2]) << "drawn as a point, at another one";
+  std::fill(grid->values().begin(), grid->values().end(), std::nan(""));
+  EXPECT_EQ(buildCoarseMesh(*grid, {}, 4).vertices(), 0U);
 }
 
 TEST(Mesh, GridsWithoutCellsAreLeftAlone) {
