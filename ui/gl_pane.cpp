@@ -17,7 +17,7 @@ ScreenPart GlPane::picture() {
   if (shown() == 0 || visible_r() == 0) return {};
   make_current();
   if (glBlitFramebuffer == nullptr) return {};  // the view draws nothing either
-  draw();
+  drawWhole();
   kept_.take(pixel_w(), pixel_h());
   ScreenPart part{{x_root(), y_root()}, RgbImage(pixel_w(), pixel_h())};
   RgbImage& image = part.image;
@@ -27,6 +27,7 @@ ScreenPart GlPane::picture() {
   for (std::size_t row = 0; row < height / 2; ++row) {
     std::swap_ranges(image.row(row), image.row(row + 1), image.row(height - 1 - row));
   }
+  swap_buffers();
   return part;
 }
 

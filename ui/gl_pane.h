@@ -12,16 +12,20 @@ class GlPane : public Fl_Gl_Window {
  public:
   using Fl_Gl_Window::Fl_Gl_Window;
 
-  /// Draws a frame and reads it from the back buffer, so that windows in front are not in it. Empty
-  /// if the window is not shown.
+  /// Draws a whole frame, shows it, and reads it from GL, so that windows in front are not in it.
+  /// Empty if the window is not shown.
   ScreenPart picture();
 
  protected:
+  /// Draws a frame that is complete, whatever `draw` may put off.
+  virtual void drawWhole() { draw(); }
   /// Shows the kept frame if nothing has changed since: the window was only uncovered. False when a
   /// frame must be drawn. For use in `draw()`.
   bool showKept();
   /// Keeps the frame just drawn, except during a drag.
   void keepFrame();
+  /// Keeps none: the frame just drawn is not complete.
+  void keepNothing() { kept_.forget(); }
 
  private:
   FrameCopy kept_;

@@ -2,6 +2,7 @@
 
 #include <FL/Fl.H>
 
+#include <algorithm>
 #include <array>
 #include <cstdio>
 #include <utility>
@@ -11,6 +12,7 @@
 #include "base/paths.h"
 #include "ui/gl_mode.h"
 #include "ui/window_geometry.h"
+#include "view/gl_driver.h"
 
 namespace morvane {
 namespace {
@@ -18,6 +20,10 @@ namespace {
 constexpr const char* kLogFile = "GLWindow.log";
 // By then the rasteriser has finished the first frame of a surface.
 constexpr double kTidyAfter = 0.3;  // seconds
+// A motion that pauses for so long is taken to rest.
+constexpr double kRest = 0.15;  // seconds
+// How long a slice of a frame may take.
+constexpr double kSlice = 25.0;  // milliseconds
 
 void tidyMemory(void* /*data*/) { releaseSpareMemory(); }
 
@@ -56,6 +62,8 @@ GLWindow::GLWindow(int x, int y, int w, int h, const char* label)
     if (onMeasured) onMeasured();
   };
 }
+
+GLWindow::~GLWindow() { abandonFull(); }
 
 void GLWindow::measureSoon() {
   const Fl_Timeout_Handler measure = [](void* view) {
@@ -139,20 +147,116 @@ void GLWindow::initialiseGlew() {
   }
 }
 
+Subject GLWindow::subject() {
+  return {shown_, tools_, camera_, options_, {w(), h(), pixel_w(), pixel_h()}};
+}
+
 void GLWindow::draw() {
   if (onDraw) onDraw();
+  abandonFull();
   if (!shown_.modelLoaded() || !glReady_) {
     Scene::drawNothing();
     return;
   }
   if (showKept()) return;
-  const FrameReport frame =
-      scene_.draw(shown_, tools_, camera_, options_, {w(), h(), pixel_w(), pixel_h()});
+  coarseStepNeeded() > 1 ? drawCoarse() : drawFull();
+}
+
+void GLWindow::drawWhole() {
+  abandonFull();
+  if (shown_.modelLoaded() && glReady_) drawFull();
+}
+
+std::size_t GLWindow::coarseStepNeeded() {
+  const HeightGrid& grid = *shown_.measured().shown();
+  if (pacer_.fullIsFast(grid.count())) return 1;
+  return std::max<std::size_t>(coarseStep(grid, pacer_.coarsePoints()), 2);
+}
+
+void GLWindow::drawFull() {
+  const std::size_t points = shown_.measured().shown()->count();
+  const bool timed = points > FramePacer::kSmallSurface && !scene_.fullMeshNeeded(shown_);
+  const Stopwatch watch;
+  const FrameReport report = scene_.draw(subject());
+  if (timed) {
+    glFinish();
+    pacer_.fullTook(points, watch.milliseconds());
+  }
+  fullPending_ = false;
   keepFrame();
-  if (!frame.trouble.empty()) reportTrouble(frame.trouble);
-  if (!frame.meshBuilt) return;
-  if (!frame.notShown.empty() && onNotShown) {
-    onNotShown("The surface cannot be shown: " + frame.notShown + '.');
+  endFrame(report);
+}
+
+void GLWindow::drawCoarse() {
+  const std::size_t step = coarseStepNeeded();
+  const bool timed = !scene_.coarseMeshNeeded(shown_, step);
+  endFrame(scene_.drawCoarse(subject(), step));
+  if (timed) coarseDrawn_ = coarseVertices(*shown_.measured().shown(), step);
+  fullPending_ = true;
+  keepNothing();
+  const std::uint64_t measurement = shown_.measurementRevision();
+  const bool opened = std::exchange(opened_, measurement) != measurement;
+  const bool released = std::exchange(released_, false);
+  beginFullAfter(opened || released ? 0.0 : kRest);
+}
+
+void GLWindow::flush() {
+  const Stopwatch watch;
+  coarseDrawn_ = 0;
+  GlPane::flush();
+  tellFrame(!fullPending_);
+  if (coarseDrawn_ == 0) return;
+  pacer_.coarseTook(coarseDrawn_, watch.milliseconds());
+}
+
+void GLWindow::beginFullAfter(double seconds) {
+  Fl::remove_timeout(beginFull, this);
+  Fl::add_timeout(seconds, beginFull, this);
+}
+
+void GLWindow::beginFull(void* window) {
+  auto* view = static_cast<GLWindow*>(window);
+  if (view->damage() != 0 || view->visible_r() == 0) return;  // `draw` follows
+  view->abandonFull();
+  view->make_current();
+  view->scene_.begin(view->subject());
+  view->slicesTook_ = 0.0;
+  Fl::add_idle(drawSlice, view);
+}
+
+void GLWindow::abandonFull() {
+  Fl::remove_timeout(beginFull, this);
+  Fl::remove_idle(drawSlice, this);
+}
+
+void GLWindow::drawSlice(void* window) { static_cast<GLWindow*>(window)->drawSlice(); }
+
+void GLWindow::drawSlice() {
+  if (damage() != 0 || visible_r() == 0) {  // `draw` follows
+    abandonFull();
+    return;
+  }
+  make_current();
+  const bool building = scene_.fullMeshNeeded(shown_);
+  const Stopwatch watch;
+  const bool complete = scene_.advance(subject(), kSlice);
+  if (complete) glFinish();
+  if (!building) slicesTook_ += watch.milliseconds();
+  if (!complete) return;
+  abandonFull();
+  pacer_.fullTook(shown_.measured().shown()->count(), slicesTook_);
+  fullPending_ = false;
+  keepFrame();
+  swap_buffers();
+  tellFrame(true);
+  endFrame(scene_.report());
+}
+
+void GLWindow::endFrame(const FrameReport& report) {
+  if (!report.trouble.empty()) reportTrouble(report.trouble);
+  if (!report.meshBuilt) return;
+  if (!report.notShown.empty() && onNotShown) {
+    onNotShown("The surface cannot be shown: " + report.notShown + '.');
   }
   Fl::remove_timeout(tidyMemory);
   Fl::add_timeout(kTidyAfter, tidyMemory);
@@ -170,7 +274,12 @@ int GLWindow::handle(int event) {
       hand_.press(eventPoint(), eventButton());
       return 1;
     case FL_RELEASE:
-      if (hand_.release(eventPoint(), heldOr(eventButton()))) redraw();
+      released_ = fullPending_;
+      if (hand_.release(eventPoint(), heldOr(eventButton()))) {
+        redraw();
+      } else if (std::exchange(released_, false)) {
+        beginFullAfter(0.0);
+      }
       return 1;
     case FL_DRAG:
       hand_.drag(eventPoint(), heldOr({}));

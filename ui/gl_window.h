@@ -5,6 +5,7 @@
 #include <string>
 
 #include "geometry/camera.h"
+#include "geometry/frame_pacer.h"
 #include "resfile/res_file.h"
 #include "surface/shown_surface.h"
 #include "ui/gl_pane.h"
@@ -18,11 +19,17 @@ namespace morvane {
 /// Passes FLTK's events to the objects that it owns: the measurement-file object, the surface
 /// shown, the camera, the tools and the scene that draws them. Makes GL calls in `draw()` and
 /// `handle()` only.
+///
+/// Where a whole frame takes long, a change first draws a coarse one. When the picture rests, the
+/// whole frame is drawn in slices from the event loop; the next change abandons it. It is drawn in
+/// the back buffer, so the screen keeps the coarse frame until the whole one is complete.
 class GLWindow : public GlPane {
  public:
   GLWindow(int x, int y, int w, int h, const char* label);
+  ~GLWindow() override;
 
   int handle(int event) override;
+  void flush() override;
 
   /// The object with which files are read. After a failed read its content is not what is shown.
   [[nodiscard]] resFile& file() { return file_; }
@@ -60,8 +67,21 @@ class GLWindow : public GlPane {
 
  protected:
   void draw() override;
+  void drawWhole() override;
 
  private:
+  [[nodiscard]] Subject subject();
+  /// Draws a whole frame in one go.
+  void drawFull();
+  void drawCoarse();
+  /// The step of the coarse surface; 1 if a whole frame is fast enough.
+  [[nodiscard]] std::size_t coarseStepNeeded();
+  void beginFullAfter(double seconds);
+  static void beginFull(void* window);
+  void abandonFull();
+  static void drawSlice(void* window);
+  void drawSlice();
+  void endFrame(const FrameReport& report);
   /// Brings the numbers up to date where no frame will.
   void measureSoon();
   void initialiseGlew();
@@ -74,9 +94,15 @@ class GLWindow : public GlPane {
   MouseHand hand_{shown_, camera_, tools_};
   Scene scene_;
   SceneOptions options_;
-  Profiler* profiler_;     // owned by FLTK
-  bool firstShow_ = true;  // GLEW not yet initialised
-  bool glReady_ = false;   // GLEW found the functions the view calls
+  FramePacer pacer_;
+  bool fullPending_ = false;     // the screen shows a coarse frame
+  bool released_ = false;        // the mouse, so the motion has ended
+  double slicesTook_ = 0.0;      // milliseconds, for the frame that is drawn in slices
+  std::size_t coarseDrawn_ = 0;  // points of the coarse frame to be timed
+  std::uint64_t opened_ = 0;     // the last measurement drawn
+  Profiler* profiler_;           // owned by FLTK
+  bool firstShow_ = true;        // GLEW not yet initialised
+  bool glReady_ = false;         // GLEW found the functions the view calls
   bool troubleReported_ = false;
 };
 

@@ -37,4 +37,8 @@ void takeGlErrors(const char* frame) {
   }
 }
 
+void tellFrame(bool whole) {
+  if (errorsAreWanted()) std::fputs(whole ? "frame: whole\n" : "frame: coarse\n", stderr);
+}
+
 }  // namespace morvane

@@ -13,4 +13,8 @@ void checkGl(const char* frame);
 /// Clears the recorded errors, so that later errors can be told apart. They are reported as above.
 void takeGlErrors(const char* frame);
 
+/// Says on standard error that a frame of the view is on the screen, whole or coarse, if the
+/// environment variable MORVANE_CHECK_GL is set.
+void tellFrame(bool whole);
+
 }  // namespace morvane

@@ -1,6 +1,7 @@
 #include "view/scene.h"
 
 #include <algorithm>
+#include <limits>
 #include <utility>
 
 #include "base/debug_log.h"
@@ -8,7 +9,6 @@
 #include "geometry/drawn_surface.h"
 #include "view/gl_driver.h"
 #include "view/gl_state.h"
-#include "view/stopwatch.h"
 
 namespace morvane {
 namespace {
@@ -18,6 +18,16 @@ constexpr glm::vec3 kSky{0.65F, 0.86F, 1.0F};
 
 constexpr const char* kLogFile = "GLWindow.log";
 
+std::string ordinal(std::size_t number) {
+  const std::size_t ones = number % 10;
+  const bool teens = number / 10 % 10 == 1;
+  const char* ending = "th";
+  if (!teens && ones == 1) ending = "st";
+  if (!teens && ones == 2) ending = "nd";
+  if (!teens && ones == 3) ending = "rd";
+  return std::to_string(number) + ending;
+}
+
 }  // namespace
 
 void Scene::drawNothing() {
@@ -25,38 +35,69 @@ void Scene::drawNothing() {
   glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
 }
 
-FrameReport Scene::draw(ShownSurface& shown, Tools& tools, const Camera& camera,
-                        const SceneOptions& options, const Viewport& viewport) {
-  FrameReport report;
-  const Stopwatch frame;
-  if (needsBuffers_) generateBuffers(report);
-  if (!modelBound(shown)) bindModel(shown, report);
-  const ViewMatrices matrices = presentMatrices(shown, camera, viewport.width, viewport.height);
-  drawSurface(matrices, camera, options, viewport);
-  if (options.axesVisible) axes_.draw(matrices, axesRange(shown));
-  frame.print("Drawing Time: ");
-  if (std::exchange(keyBuffersNeeded_, false)) key_.generateBuffers();
-  const bool keyShown = options.keyVisible && shown.measured().heatMap;
-  if (keyShown && std::exchange(keyDirty_, false)) key_.rebuild();
-  frame.print("Drawing Time for HM Key: ");
-  tools.draw(shown, matrices);
-  // Drawn after the tools, so that pins do not hide numbers or the key.
-  const auto [width, height] = std::pair{viewport.width, viewport.height};
-  text_.setPixels(width, height);
-  const TextWidth textWidth = [this](std::string_view text, float scale) {
-    return text_.widthInSpace(text, scale);
-  };
-  const HeatMapScale scale = shown.measured().colourScale();
-  const KeyColumn column = keyColumn(scale.upper(), scale.lower(), textWidth);
-  if (options.axesVisible) {
-    std::vector<ScreenQuad> taken;
-    if (keyShown) taken = roomOf(column, textWidth, text_.heightInSpace(), width, height);
-    Axes::drawLabels(matrices, axesRange(shown), width, height, std::move(taken), text_);
+FrameReport Scene::draw(const Subject& subject) {
+  begin(subject);
+  while (!advance(subject, std::numeric_limits<double>::infinity())) {
   }
-  if (keyShown) drawKey(shown, column);
-  drawAlterations(shown);
-  checkGl("surface");
-  return report;
+  return frame_.report;
+}
+
+bool Scene::coarseMeshNeeded(const ShownSurface& shown, std::size_t step) const {
+  return coarseRevision_ != shown.meshRevision() || surface_.coarseStep() != step;
+}
+
+bool Scene::fullMeshNeeded(const ShownSurface& shown) const {
+  return fullRevision_ != shown.meshRevision();
+}
+
+FrameReport Scene::drawCoarse(const Subject& subject, std::size_t step) {
+  start(subject);
+  if (coarseMeshNeeded(subject.shown, step)) {
+    surface_.buildCoarse(subject.shown.measured(), subject.shown.drape(), step);
+    coarseRevision_ = subject.shown.meshRevision();
+  }
+  clear(subject.viewport);
+  surface_.beginDrawing(Detail::kCoarse);
+  surface_.advanceDrawing(frame_.matrices, frame_.eye, frame_.look,
+                          std::numeric_limits<double>::infinity());
+  drawRest(subject);
+  return frame_.report;
+}
+
+void Scene::begin(const Subject& subject) {
+  start(subject);
+  if (!fullMeshNeeded(subject.shown)) return;
+  frame_.building = true;
+  // What an abandoned frame has built is kept.
+  const std::uint64_t revision = subject.shown.meshRevision();
+  if (std::exchange(begunRevision_, revision) == revision) return;
+  binding_ = Stopwatch();
+  surface_.beginFull(subject.shown.measured(), subject.shown.drape());
+}
+
+bool Scene::advance(const Subject& subject, double milliseconds) {
+  if (frame_.building) {
+    if (surface_.advanceFull(subject.shown.measured(), subject.shown.drape())) endBuilding(subject);
+    return false;
+  }
+  if (!std::exchange(frame_.cleared, true)) {
+    clear(subject.viewport);
+    surface_.beginDrawing(Detail::kFull);
+  }
+  if (!surface_.advanceDrawing(frame_.matrices, frame_.eye, frame_.look, milliseconds)) {
+    return false;
+  }
+  drawRest(subject);
+  return true;
+}
+
+void Scene::start(const Subject& subject) {
+  frame_ = {};
+  if (needsBuffers_) generateBuffers(frame_.report);
+  frame_.matrices = presentMatrices(subject.shown, subject.camera, subject.viewport.width,
+                                    subject.viewport.height);
+  frame_.eye = subject.camera.eye;
+  frame_.look = {subject.options.lightingOn, subject.options.filledPolygons};
 }
 
 void Scene::generateBuffers(FrameReport& report) {
@@ -74,19 +115,15 @@ void Scene::generateBuffers(FrameReport& report) {
   axes_.generate();
 }
 
-void Scene::bindModel(ShownSurface& shown, FrameReport& report) {
-  const Stopwatch watch;
-  const SurfaceModel& model = shown.measured();
-  const std::optional<BitmapDrape> drape = shown.drape();
-  report.notShown = surface_.bind(model, drape ? &*drape : nullptr);
-  report.meshBuilt = true;
-  boundRevision_ = shown.meshRevision();
-  keyDirty_ = true;
-  watch.print("Model Binding Time: ");
+void Scene::endBuilding(const Subject& subject) {
+  frame_.building = false;
+  frame_.report.meshBuilt = true;
+  frame_.report.notShown = surface_.trouble();
+  fullRevision_ = subject.shown.meshRevision();
+  binding_.print("Model Binding Time: ");
 }
 
-void Scene::drawSurface(const ViewMatrices& matrices, const Camera& camera,
-                        const SceneOptions& options, const Viewport& viewport) {
+void Scene::clear(const Viewport& viewport) {
   glClearColor(kSky.r, kSky.g, kSky.b, 0.0F);
   glPointSize(2.0F);
   glViewport(0, 0, viewport.pixelWidth, viewport.pixelHeight);
@@ -95,7 +132,37 @@ void Scene::drawSurface(const ViewMatrices& matrices, const Camera& camera,
   glEnable(GL_DEPTH_TEST);
   glDepthFunc(GL_LESS);
   glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
-  surface_.draw(matrices, camera.eye, {options.lightingOn, options.filledPolygons});
+}
+
+/// Draws all but the surface.
+void Scene::drawRest(const Subject& subject) {
+  auto& [shown, tools, camera, options, viewport] = subject;
+  const ViewMatrices& matrices = frame_.matrices;
+  if (options.axesVisible) axes_.draw(matrices, axesRange(shown));
+  frame_.watch.print("Drawing Time: ");
+  if (std::exchange(keyBuffersNeeded_, false)) key_.generateBuffers();
+  const bool keyShown = options.keyVisible && shown.measured().heatMap;
+  if (keyShown && std::exchange(keyRevision_, shown.meshRevision()) != shown.meshRevision()) {
+    key_.rebuild();
+  }
+  frame_.watch.print("Drawing Time for HM Key: ");
+  tools.draw(shown, matrices);
+  // Drawn after the tools, so that pins do not hide numbers or the key.
+  const auto [width, height] = std::pair{viewport.width, viewport.height};
+  text_.setPixels(width, height);
+  const TextWidth textWidth = [this](std::string_view text, float scale) {
+    return text_.widthInSpace(text, scale);
+  };
+  const HeatMapScale scale = shown.measured().colourScale();
+  const KeyColumn column = keyColumn(scale.upper(), scale.lower(), textWidth);
+  if (options.axesVisible) {
+    std::vector<ScreenQuad> taken;
+    if (keyShown) taken = roomOf(column, textWidth, text_.heightInSpace(), width, height);
+    Axes::drawLabels(matrices, axesRange(shown), width, height, std::move(taken), text_);
+  }
+  if (keyShown) drawKey(shown, column);
+  drawAlterations(shown);
+  checkGl("surface");
 }
 
 void Scene::drawKey(ShownSurface& shown, const KeyColumn& column) {
@@ -111,7 +178,10 @@ void Scene::drawKey(ShownSurface& shown, const KeyColumn& column) {
 }
 
 void Scene::drawAlterations(ShownSurface& shown) {
-  const std::string words = shown.alterations();
+  std::string words = shown.alterations();
+  if (const std::size_t step = surface_.fullStep(); step > 1 && !fullMeshNeeded(shown)) {
+    words += (words.empty() ? "" : " · ") + ("shown at every " + ordinal(step) + " point");
+  }
   if (words.empty()) return;
   constexpr float kLeft = 20.0F;
   constexpr float kScale = 0.3F;

@@ -8,6 +8,7 @@
 #include "surface/shown_surface.h"
 #include "view/axes.h"
 #include "view/key_renderer.h"
+#include "view/stopwatch.h"
 #include "view/surface_renderer.h"
 #include "view/text_renderer.h"
 #include "view/tools.h"
@@ -30,6 +31,15 @@ struct Viewport {
   int pixelHeight = 0;
 };
 
+/// What a frame shows.
+struct Subject {
+  ShownSurface& shown;
+  Tools& tools;
+  const Camera& camera;
+  SceneOptions options;
+  Viewport viewport;
+};
+
 /// The outcome of a frame.
 struct FrameReport {
   bool meshBuilt = false;
@@ -37,27 +47,51 @@ struct FrameReport {
   std::string trouble;   ///< why nothing can be drawn; reported once
 };
 
-/// Knows no window. Makes GL calls in `draw` only.
+/// Knows no window. Makes GL calls in the functions that draw only. Each frame logs its timing.
 class Scene {
  public:
   /// The font of the texts.
   void setFont(const std::string& path) { fontPath_ = path; }
 
-  /// Draws one frame of `shown` with `tools` and logs its timing. If the mesh in the buffers is out
-  /// of date it is rebuilt first.
-  FrameReport draw(ShownSurface& shown, Tools& tools, const Camera& camera,
-                   const SceneOptions& options, const Viewport& viewport);
+  /// Draws a whole frame. If the full mesh in the buffers is out of date it is rebuilt first.
+  FrameReport draw(const Subject& subject);
+
+  /// Draws a frame of every `step`-th point of the surface. All else is drawn as in a whole frame.
+  FrameReport drawCoarse(const Subject& subject, std::size_t step);
+  /// Whether `drawCoarse` must first build the mesh.
+  [[nodiscard]] bool coarseMeshNeeded(const ShownSurface& shown, std::size_t step) const;
+
+  /// Begins a whole frame that `advance` draws in slices, with other frames in between at most
+  /// elsewhere.
+  void begin(const Subject& subject);
+  /// Builds and draws on for about `milliseconds`. Returns whether the frame is complete. `subject`
+  /// must be that of `begin`, and what it shows must not have changed.
+  bool advance(const Subject& subject, double milliseconds);
+  /// Whether a whole frame must first build the mesh, or the one begun still builds it.
+  [[nodiscard]] bool fullMeshNeeded(const ShownSurface& shown) const;
+  /// The outcome of the frame that `advance` completed.
+  [[nodiscard]] const FrameReport& report() const { return frame_.report; }
+
   /// Draws the background of an empty view.
   static void drawNothing();
 
  private:
+  /// A frame being drawn.
+  struct Frame {
+    Stopwatch watch;
+    ViewMatrices matrices;
+    glm::vec3 eye;
+    SurfaceLook look;
+    FrameReport report;
+    bool building = false;  // the full mesh
+    bool cleared = false;   // the drawing has begun
+  };
+
+  void start(const Subject& subject);
   void generateBuffers(FrameReport& report);
-  void bindModel(ShownSurface& shown, FrameReport& report);
-  [[nodiscard]] bool modelBound(const ShownSurface& shown) const {
-    return boundRevision_ == shown.meshRevision();
-  }
-  void drawSurface(const ViewMatrices& matrices, const Camera& camera, const SceneOptions& options,
-                   const Viewport& viewport);
+  void endBuilding(const Subject& subject);
+  void clear(const Viewport& viewport);
+  void drawRest(const Subject& subject);
   void drawKey(ShownSurface& shown, const KeyColumn& column);
   void drawAlterations(ShownSurface& shown);
 
@@ -66,10 +100,14 @@ class Scene {
   TextRenderer text_;
   Axes axes_;
   KeyRenderer key_;
-  std::uint64_t boundRevision_ = 0;  // of the mesh in the buffers
-  bool needsBuffers_ = true;         // programs and buffers must be made
+  Frame frame_;
+  Stopwatch binding_;
+  std::uint64_t fullRevision_ = 0;    // of the full mesh in the buffers
+  std::uint64_t begunRevision_ = 0;   // of the full mesh whose building has begun
+  std::uint64_t coarseRevision_ = 0;  // of the coarse one
+  std::uint64_t keyRevision_ = 0;     // of the mesh that the key was built for
+  bool needsBuffers_ = true;          // programs and buffers must be made
   bool keyBuffersNeeded_ = true;
-  bool keyDirty_ = true;  // the key must be rebuilt
 };
 
 }  // namespace morvane

@@ -177,6 +177,53 @@ void main() {
 
 }  // namespace
 
+const ShaderSource kCoarseShader = {"CoarseVS", "CoarseFS",
+                                    R"(#version 300 es
+precision highp float;
+
+layout(location = 0) in vec3 vertexPosition;
+layout(location = 1) in vec3 vertexColor;
+layout(location = 2) in vec3 vertexNormals;
+
+uniform mat4 M;
+uniform mat4 V;
+uniform mat4 P;
+uniform mat3 normalMatrix;
+uniform vec3 CameraPosition;
+uniform vec3 ambient_lighting;
+uniform vec3 diffuse_lighting;
+uniform vec3 specular_lighting;
+uniform vec3 LightDirection;
+uniform float LightPower;
+uniform float Shininess;
+
+out vec3 frontColour;
+out vec3 backColour;
+
+void main() {
+  vec3 place = (M * vec4(vertexPosition, 1.0)).xyz;
+  gl_Position = P * V * vec4(place, 1.0);
+  vec3 norm = normalize(normalMatrix * vertexNormals);
+  vec3 toLight = normalize(-LightDirection);
+  float side = dot(norm, toLight);
+  float spec = pow(max(dot(normalize(CameraPosition - place), reflect(-toLight, norm)), 0.0),
+                   Shininess);
+  vec3 both = ambient_lighting + specular_lighting * spec * LightPower;
+  frontColour = vertexColor * (both + diffuse_lighting * max(side, 0.0));
+  backColour = vertexColor * (both + diffuse_lighting * max(-side, 0.0));
+}
+)",
+                                    R"(#version 300 es
+precision highp float;
+
+in vec3 frontColour;
+in vec3 backColour;
+
+out vec4 outColor;
+
+void main() { outColor = vec4(gl_FrontFacing ? frontColour : backColour, 1.0); }
+)"};
+
 const ShaderSource kSurfaceShader = {"ModelVS", "ModelFS", kSurfaceVertex, kSurfaceFragment};
 const ShaderSource kPointShader = {"PointVS", "ModelFS", kPointVertex, kSurfaceFragment};
 

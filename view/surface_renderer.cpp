@@ -1,64 +1,34 @@
 #include "view/surface_renderer.h"
 
 #include <algorithm>
-#include <array>
-#include <cstddef>
 #include <glm/gtc/type_ptr.hpp>
-#include <limits>
-#include <memory>
-#include <new>
-#include <type_traits>
 #include <utility>
 #include <vector>
 
-#include "base/memory_advice.h"
 #include "view/gl_driver.h"
 #include "view/shader_sources.h"
+#include "view/stopwatch.h"
 
 namespace morvane {
 namespace {
 
 enum Attribute : GLuint { kPosition = 0, kColour = 1, kNormal = 2, kNextCorner, kLastCorner };
 
-constexpr std::size_t kVertexBytes = 3 * sizeof(float);
-
-/// Reads an attribute from a buffer, starting at vertex `first`, with a stride of `step` vertices.
-void useBuffer(Attribute attribute, const VertexBuffer& buffer, std::size_t first = 0,
-               std::size_t step = 1) {
+/// Reads an attribute from a buffer of three floats a vertex, starting at vertex `first`, with a
+/// stride of `step` vertices.
+void useBuffer(Attribute attribute, GLuint buffer, std::size_t first = 0, std::size_t step = 1) {
+  constexpr std::size_t kVertexBytes = 3 * sizeof(float);
   glEnableVertexAttribArray(attribute);
-  glBindBuffer(GL_ARRAY_BUFFER, buffer.name());
+  glBindBuffer(GL_ARRAY_BUFFER, buffer);
   glVertexAttribPointer(attribute, 3, GL_FLOAT, GL_FALSE, static_cast<GLsizei>(step * kVertexBytes),
                         // NOLINTNEXTLINE(performance-no-int-to-ptr): an offset, as GL wants it
                         reinterpret_cast<const void*>(first * kVertexBytes));
 }
 
-struct SyncDeleter {
-  void operator()(GLsync sync) const { glDeleteSync(sync); }
-};
-using Sync = std::unique_ptr<std::remove_pointer_t<GLsync>, SyncDeleter>;
-
-/// Draws a list of triangles or points. A software GL queues primitives until it rasterises them,
-/// and the queue for a large surface would be nearly as large as its buffers. So the list is drawn
-/// in pieces, with at most `kPiecesAhead` of them in the queue.
-void drawList(GLenum kind, std::size_t count) {
-  const auto vertexCount = static_cast<GLsizei>(count);
-  if (!isSoftwareGl() || glFenceSync == nullptr) {
-    glDrawArrays(kind, 0, vertexCount);
-    return;
-  }
-  const GLsizei piece = (kind == GL_TRIANGLES ? 3 : 1) << 15;
-  constexpr std::size_t kPiecesAhead = 2;
-  constexpr GLuint64 kOneSecond = 1'000'000'000;
-  std::array<Sync, kPiecesAhead> drawn;
-  std::size_t next = 0;
-  for (GLsizei first = 0; first < vertexCount; first += piece) {
-    if (const Sync earlier = std::move(drawn[next])) {
-      glClientWaitSync(earlier.get(), GL_SYNC_FLUSH_COMMANDS_BIT, kOneSecond);
-    }
-    glDrawArrays(kind, first, std::min(piece, vertexCount - first));
-    drawn[next] = Sync(glFenceSync(GL_SYNC_GPU_COMMANDS_COMPLETE, 0));
-    next = (next + 1) % kPiecesAhead;
-  }
+/// The vertices of a piece of a picture: a few milliseconds of drawing.
+std::size_t pieceSize(GLenum kind) {
+  const std::size_t primitives = std::size_t{1} << (isSoftwareGl() ? 15 : 20);
+  return kind == GL_TRIANGLES ? 3 * primitives : primitives;
 }
 
 void setUniforms(const ShaderProgram& program, const ViewMatrices& matrices, const glm::vec3& eye,
@@ -90,89 +60,149 @@ void setUniforms(const ShaderProgram& program, const ViewMatrices& matrices, con
 
 void SurfaceRenderer::generate() {
   vertexArray_ = GlVertexArray::generate();
-  positions_.generate();
-  colours_.generate();
-  normals_.generate();
+  list_.generate();
   program_ = ShaderProgram(kSurfaceShader);
+  coarseProgram_ = ShaderProgram(kCoarseShader);
 }
 
-std::string SurfaceRenderer::bind(const SurfaceModel& model, const BitmapDrape* drape) {
-  columns_ = rows_ = 0;
-  std::string reason = fill(model, drape);
-  if (reason.empty()) return {};
-  emptyBuffers();
-  return reason;
-}
-
-void SurfaceRenderer::emptyBuffers() {
-  for (VertexBuffer* buffer : {&positions_, &colours_, &normals_}) buffer->empty();
-}
-
-std::string SurfaceRenderer::fill(const SurfaceModel& model, const BitmapDrape* drape) {
-  const std::size_t cells = cellCount(*model.shown());
-  if (cells == 0 || !model.hasHeights()) return {};
-  if (cells > std::numeric_limits<GLsizei>::max() / kVerticesPerCell) {
-    return "the grid has more cells than one picture can hold";
-  }
+void SurfaceRenderer::beginFull(const SurfaceModel& model, const BitmapDrape* drape) {
+  substitute_.empty();
+  trouble_.clear();
   glBindVertexArray(vertexArray_.name());
-  const std::size_t floats = cells * kFloatsPerCell;
-  emptyBuffers();
-  if (isSoftwareGl() && !fitsIntoMemory(3 * floats * sizeof(float))) {
-    return "the memory cannot hold the surface";
-  }
-  if (!positions_.open(floats) || !colours_.open(floats) || !normals_.open(floats)) {
-    return "the graphics memory cannot hold the surface";
-  }
-  try {
-    model.build({positions_.floats(), normals_.floats(), colours_.floats(), {}}, drape);
-  } catch (const std::bad_alloc&) {
-    return "the memory cannot hold what its rows need";
-  }
-  if (!positions_.close() || !colours_.close() || !normals_.close()) {
-    return "the graphics memory was lost while it was filled";
-  }
-  columns_ = model.shown()->width() - 1;
-  rows_ = model.shown()->height() - 1;
-  return {};
+  std::string reason = list_.begin(model);
+  if (!reason.empty()) buildSubstitute(model, drape, std::move(reason));
 }
 
-void SurfaceRenderer::draw(const ViewMatrices& matrices, const glm::vec3& eye,
-                           const SurfaceLook& look) {
-  if (!look.filled && pointProgram_.name() == 0) pointProgram_ = ShaderProgram(kPointShader);
-  setUniforms(look.filled ? program_ : pointProgram_, matrices, eye, look.lit);
+bool SurfaceRenderer::advanceFull(const SurfaceModel& model, const BitmapDrape* drape) {
   glBindVertexArray(vertexArray_.name());
-  if (look.filled) {
-    useBuffer(kPosition, positions_);
-    useBuffer(kColour, colours_);
-    useBuffer(kNormal, normals_);
-    drawList(GL_TRIANGLES, columns_ * rows_ * kVerticesPerCell);
-  } else if (columns_ > 0) {
-    drawPoints();
+  std::string reason = list_.advance(model, drape);
+  if (!reason.empty()) buildSubstitute(model, drape, std::move(reason));
+  return !list_.unfinished();
+}
+
+void SurfaceRenderer::buildSubstitute(const SurfaceModel& model, const BitmapDrape* drape,
+                                      std::string reason) {
+  list_.empty();
+  const HeightGrid& grid = *model.shown();
+  std::size_t step = 1;
+  do {
+    ++step;
+    if (substitute_.build(model, drape, step)) return;
+  } while (step < std::max(grid.width(), grid.height()));
+  trouble_ = std::move(reason);
+}
+
+void SurfaceRenderer::buildCoarse(const SurfaceModel& model, const BitmapDrape* drape,
+                                  std::size_t step) {
+  glBindVertexArray(vertexArray_.name());
+  (void)coarse_.build(model, drape, step);
+}
+
+void SurfaceRenderer::beginDrawing(Detail detail) {
+  progress_ = {detail, 0, 0};
+  drawn_ = {};
+}
+
+bool SurfaceRenderer::advanceDrawing(const ViewMatrices& matrices, const glm::vec3& eye,
+                                     const SurfaceLook& look, double milliseconds) {
+  const Stopwatch watch;
+  setUniforms(program(look.filled), matrices, eye, look.lit);
+  glBindVertexArray(vertexArray_.name());
+  const std::vector<Run> all = runs(look.filled);
+  while (progress_.run < all.size()) {
+    const Run& run = all[progress_.run];
+    attach(run, look.filled);
+    while (progress_.first < run.count && watch.milliseconds() < milliseconds) drawPiece(run);
+    detach();
+    if (progress_.first < run.count) return false;
+    ++progress_.run;
+    progress_.first = 0;
   }
+  glDisable(GL_CULL_FACE);
+  return true;
+}
+
+const ShaderProgram& SurfaceRenderer::program(bool filled) {
+  if (!filled && pointProgram_.name() == 0) pointProgram_ = ShaderProgram(kPointShader);
+  if (!filled) return pointProgram_;
+  return progress_.detail == Detail::kCoarse ? coarseProgram_ : program_;
+}
+
+const IndexedSurface* SurfaceRenderer::indexed() const {
+  if (progress_.detail == Detail::kCoarse) return &coarse_;
+  return substitute_.step() > 0 ? &substitute_ : nullptr;
+}
+
+std::vector<SurfaceRenderer::Run> SurfaceRenderer::runs(bool filled) const {
+  using Source = Run::Source;
+  if (const IndexedSurface* mesh = indexed()) {
+    if (filled) return {{Source::kCorners, GL_TRIANGLES, mesh->corners()}};
+    return {{Source::kArrays, GL_POINTS, mesh->vertices()}};
+  }
+  const std::size_t cells = list_.columns() * list_.rows();
+  if (filled) return {{Source::kArrays, GL_TRIANGLES, cells * kVerticesPerCell}};
+  std::vector<Run> result;
+  if (cells == 0) return result;
+  for (const PointRun& points : pointRuns(list_.columns(), list_.rows())) {
+    // A stride of whole rows may exceed the largest stride that GL allows.
+    const Source source = points.step == 1 ? Source::kArrays : Source::kStrided;
+    result.push_back({source, GL_POINTS, points.count, points});
+  }
+  return result;
+}
+
+void SurfaceRenderer::attach(const Run& run, bool filled) const {
+  if (const IndexedSurface* mesh = indexed()) {
+    useBuffer(kPosition, mesh->positions());
+    useBuffer(kColour, mesh->colours());
+    useBuffer(kNormal, mesh->normals());
+    glBindBuffer(GL_ELEMENT_ARRAY_BUFFER, mesh->cornerBuffer());
+    return;
+  }
+  const std::size_t vertex = run.points.vertex;
+  const std::size_t step = filled ? 1 : kVerticesPerCell;
+  const GLuint positions = list_.positions().name();
+  useBuffer(kPosition, positions, vertex, step);
+  useBuffer(kColour, list_.colours().name(), vertex, step);
+  useBuffer(kNormal, list_.normals().name(), vertex, step);
+  if (filled) return;
+  const std::size_t triangle = vertex - vertex % 3;
+  useBuffer(kNextCorner, positions, triangle + (vertex + 1) % 3, step);
+  useBuffer(kLastCorner, positions, triangle + (vertex + 2) % 3, step);
+}
+
+void SurfaceRenderer::detach() {
   for (const Attribute attribute : {kPosition, kColour, kNormal, kNextCorner, kLastCorner}) {
     glDisableVertexAttribArray(attribute);
   }
-  glDisable(GL_CULL_FACE);
+  glBindBuffer(GL_ELEMENT_ARRAY_BUFFER, 0);
 }
 
-void SurfaceRenderer::drawPoints() const {
-  for (const PointRun& run : pointRuns(columns_, rows_)) {
-    const std::size_t vertex = run.vertex;
-    const std::size_t triangle = vertex - vertex % 3;
-    useBuffer(kPosition, positions_, vertex, kVerticesPerCell);
-    useBuffer(kColour, colours_, vertex, kVerticesPerCell);
-    useBuffer(kNormal, normals_, vertex, kVerticesPerCell);
-    useBuffer(kNextCorner, positions_, triangle + (vertex + 1) % 3, kVerticesPerCell);
-    useBuffer(kLastCorner, positions_, triangle + (vertex + 2) % 3, kVerticesPerCell);
-    if (run.step == 1) {
-      drawList(GL_POINTS, run.count);
-      continue;
-    }
-    // A stride of whole rows may exceed the largest stride that GL allows.
-    std::vector<GLuint> cells(run.count);
-    for (std::size_t i = 0; i < run.count; ++i) cells[i] = static_cast<GLuint>(i * run.step);
-    glDrawElements(GL_POINTS, static_cast<GLsizei>(run.count), GL_UNSIGNED_INT, cells.data());
+void SurfaceRenderer::drawPiece(const Run& run) {
+  constexpr GLuint64 kOneSecond = 1'000'000'000;
+  if (const Sync earlier = std::move(drawn_[next_])) {
+    glClientWaitSync(earlier.get(), GL_SYNC_FLUSH_COMMANDS_BIT, kOneSecond);
   }
+  const std::size_t count = std::min(pieceSize(run.kind), run.count - progress_.first);
+  const auto first = static_cast<GLint>(progress_.first);
+  const auto number = static_cast<GLsizei>(count);
+  if (run.source == Run::Source::kArrays) {
+    glDrawArrays(run.kind, first, number);
+  } else if (run.source == Run::Source::kCorners) {
+    glDrawElements(run.kind, number, GL_UNSIGNED_INT,
+                   // NOLINTNEXTLINE(performance-no-int-to-ptr): an offset, as GL wants it
+                   reinterpret_cast<const void*>(progress_.first * sizeof(GLuint)));
+  } else {
+    std::vector<GLuint> cells(count);
+    for (std::size_t i = 0; i < count; ++i) {
+      cells[i] = static_cast<GLuint>((progress_.first + i) * run.points.step);
+    }
+    glDrawElements(run.kind, number, GL_UNSIGNED_INT, cells.data());
+  }
+  progress_.first += count;
+  if (glFenceSync == nullptr) return;
+  drawn_[next_] = Sync(glFenceSync(GL_SYNC_GPU_COMMANDS_COMPLETE, 0));
+  next_ = (next_ + 1) % drawn_.size();
 }
 
 }  // namespace morvane

@@ -21,10 +21,10 @@ class OnShow : public testing::Test {
     start_ = program_->awaitSurface();
   }
   Window window() { return program_->mainWindow(); }
-  /// Waits for a picture that no pointer and no tip lies over.
+  /// Waits for a picture of the whole surface that no pointer and no tip lies over.
   Image await(const std::string& what, const Predicate& predicate) {
     window().leave();
-    return window().awaitPicture(what, predicate);
+    return program_->awaitWhole(what, predicate);
   }
   [[nodiscard]] bool sameAsAtStart(const Image& picture, const Area& area) const {
     return picture.part(area) == start_.part(area);

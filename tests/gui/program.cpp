@@ -92,6 +92,26 @@ Window Program::window(const std::string& title) const {
   return found.front();
 }
 
+bool Program::wholeFrameShown() const {
+  const auto errors = lines(Stream::kErrors);
+  const auto frame = std::find_if(errors.rbegin(), errors.rend(), [](const std::string& line) {
+    return line.starts_with("frame: ");
+  });
+  return frame != errors.rend() && *frame == "frame: whole";
+}
+
+Image Program::awaitWhole(const std::string& what,
+                          const std::function<bool(const Image&)>& predicate) const {
+  Image picture;
+  const auto seen = [&] {
+    if (!wholeFrameShown()) return false;
+    picture = mainWindow().capture();
+    return predicate(picture);
+  };
+  if (!eventually(seen)) throw GuiError("the picture never showed " + what);
+  return picture;
+}
+
 void Program::answerChooser(const std::string& path, const std::string& title) const {
   const Window chooser = window(title);
   if (path.empty()) {
@@ -118,7 +138,7 @@ void Program::answerAlert(const std::string& key) const {
 }
 
 Image Program::awaitSurface() const {
-  return mainWindow().awaitPicture("the surface and nothing over it", [](const Image& picture) {
+  return awaitWhole("the surface and nothing over it", [](const Image& picture) {
     const auto [x, y] = middleOf(viewOf(picture));
     const auto isColourful = [](const Rgb& c) { return chroma(c) > 80; };
     const Image status = statusOf(picture);

@@ -74,6 +74,12 @@ class Program {
   /// Waits for a window of this title.
   [[nodiscard]] Window window(const std::string& title) const;
   [[nodiscard]] Window mainWindow() const { return window("Morvane Reader Software"); }
+  /// Whether the last frame of the view has all points of its surface. Large surfaces are drawn
+  /// with fewer points first.
+  [[nodiscard]] bool wholeFrameShown() const;
+  /// Waits for a picture of the main window with the whole surface.
+  [[nodiscard]] Image awaitWhole(const std::string& what,
+                                 const std::function<bool(const Image&)>& predicate) const;
   /// Waits for a message box.
   [[nodiscard]] Window alert() const { return window("Morvane Reader"); }
   /// Waits for a message box, presses `key` and waits until it has gone.

@@ -1,0 +1,41 @@
+#include "geometry/frame_pacer.h"
+
+#include <algorithm>
+
+namespace morvane {
+namespace {
+
+constexpr double kLongest = 32.0;
+constexpr double kWanted = 26.0;
+constexpr double kShortest = 20.0;
+// The coarse mesh then takes less than 16 MB.
+constexpr std::size_t kMost = 250'000;
+constexpr std::size_t kFewest = 4'000;
+
+}  // namespace
+
+bool FramePacer::fullIsFast(std::size_t points) const {
+  if (points <= kSmallSurface) return true;
+  return perPoint_ > 0.0 && perPoint_ * static_cast<double>(points) <= kFastFrame;
+}
+
+void FramePacer::fullTook(std::size_t points, double milliseconds) {
+  perPoint_ = milliseconds / static_cast<double>(points);
+}
+
+void FramePacer::coarseTook(std::size_t points, double milliseconds) {
+  if (points != pointsTimed_) timesKnown_ = 0;
+  pointsTimed_ = points;
+  times_[timesKnown_++] = milliseconds;
+  if (timesKnown_ < times_.size()) return;
+  timesKnown_ = 0;
+  // The median, so that a single slow frame changes nothing.
+  auto* const middle = times_.begin() + times_.size() / 2;
+  std::nth_element(times_.begin(), middle, times_.end());
+  if (*middle >= kShortest && *middle <= kLongest) return;
+  const double factor = std::clamp(kWanted / *middle, 0.4, 1.8);
+  coarsePoints_ =
+      std::clamp(static_cast<std::size_t>(static_cast<double>(points) * factor), kFewest, kMost);
+}
+
+}  // namespace morvane

@@ -1,0 +1,44 @@
+// Which frames are drawn with fewer points, and with how many.
+#include <gtest/gtest.h>
+
+#include "geometry/frame_pacer.h"
+
+namespace morvane {
+namespace {
+
+constexpr std::size_t kMillion = 1'000'000;
+
+TEST(FramePacer, TakesASlowSurfaceForFastOnlyWhenItWasMeasured) {
+  FramePacer pacer;
+  EXPECT_TRUE(pacer.fullIsFast(FramePacer::kSmallSurface));
+  EXPECT_FALSE(pacer.fullIsFast(kMillion));
+  pacer.fullTook(kMillion, 20.0);
+  EXPECT_TRUE(pacer.fullIsFast(kMillion));
+  EXPECT_FALSE(pacer.fullIsFast(3 * kMillion));
+}
+
+/// Frames that take `each` milliseconds a point, and 10 more.
+double pacedFrame(FramePacer& pacer, double each) {
+  double frame = 0.0;
+  for (int i = 0; i < 60; ++i) {
+    const std::size_t points = pacer.coarsePoints();
+    frame = 10.0 + each * static_cast<double>(points);
+    pacer.coarseTook(points, i % 7 == 3 ? 10.0 * frame : frame);  // some other program works too
+  }
+  return frame;
+}
+
+TEST(FramePacer, FindsTheNumberOfPointsWhoseFrameIsNeitherSlowNorNeedlesslyCoarse) {
+  for (const double each : {0.0002, 0.0007, 0.002}) {
+    FramePacer pacer;
+    const double frame = pacedFrame(pacer, each);
+    EXPECT_GE(frame, 20.0) << each;
+    EXPECT_LE(frame, 40.0) << each;
+  }
+  FramePacer fast;
+  pacedFrame(fast, 0.0);
+  EXPECT_LE(fast.coarsePoints() * 60, 16 * kMillion) << "bytes of the coarse mesh";
+}
+
+}  // namespace
+}  // namespace morvane
