@@ -113,7 +113,7 @@ void showOpened() {
   ShownSurface& shown = app.glView->surface();
   shown.show(app.glView->file().measurement());
   if (shown.filterEnabled()) {
-    applyFilter();
+    filterShown();
   } else {
     app.filterWindow->updateHint();
   }
