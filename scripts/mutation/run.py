@@ -106,7 +106,7 @@ def try_all(sources, objects, state, arguments):
         reached = reaching(tests, mutant, sources)
         own = collections.Counter({test: n for (room, test), n in noticed.items()
                                    if room == mutant.file.split("/")[0]})
-        return len(reached), in_order(reached, own, before.get(mutant.key, ""))
+        return len(reached), in_order(reached, mutant, own, before.get(mutant.key, ""))
 
     outcomes, done = {}, collections.Counter()
     while waiting := [room for room in queues if queues[room] and done[room] < wanted[room]]:

@@ -5,6 +5,7 @@ import hashlib
 import json
 import os
 import pathlib
+import random
 import re
 import resource
 import shutil
@@ -200,12 +201,14 @@ def reaching(tests, mutant, sources):
     return [test for test in tests if any(any(test.lines.get(file, {}).values()) for file in files)]
 
 
-def in_order(tests, noticed, before):
+def in_order(tests, mutant, noticed, before):
     """The tests in the order in which they run: the one that noticed this mutant `before`, unit tests
-    (the fastest first), then DISPLAY_TESTS of the others, first those that have `noticed` most."""
+    (the fastest first), then DISPLAY_TESTS of the others: first those that have `noticed` most, and
+    as drawn among equals, so that all are tried sooner or later."""
     before = before.split(" (")[0]
     ranked = sorted(tests, key=lambda test: (
         test.name != before and not before.startswith(test.name + ": "), test.display,
-        -noticed[test.name] if test.display else 0, test.seconds))
+        -noticed[test.name] if test.display else 0,
+        random.Random(mutant.key + test.name).random() if test.display else test.seconds))
     units = sum(not test.display for test in tests)
     return ranked[:units + DISPLAY_TESTS]
