@@ -77,7 +77,7 @@ def attempt(mutant, sources, objects, choose):
         for test in tests:
             if not make(os.path.basename(test.words[0])):
                 return "no mutant", "does not compile"
-            limit = (60 if test.display else 20) + 20 * test.seconds
+            limit = max(60 if test.display else 20, 20 * test.seconds)
             for _ in range(2 if test.display else 1):
                 passed, name = run_test(test, PLAIN, limit)
                 if passed:
