@@ -29,6 +29,7 @@ TEST(Paths, ComeOutOfDroppedLinks) {
   EXPECT_EQ(pathOfLink("/one.res\r\n/two.res\r\n"), "/one.res");
   EXPECT_EQ(pathOfLink("file:///a%20b/%C3%A4%25.res\r\nfile:///c.res"), "/a b/\xC3\xA4%.res");
   EXPECT_EQ(pathOfLink("file://localhost/a.res"), "/a.res");
+  EXPECT_EQ(pathOfLink("file:///C:/a.res"), kPathSeparator == '\\' ? "C:/a.res" : "/C:/a.res");
   EXPECT_EQ(pathOfLink("file:///50%/%zz%4"), "/50%/%zz%4");
   EXPECT_EQ(pathOfLink("file://"), "");
   EXPECT_EQ(pathOfLink(""), "");

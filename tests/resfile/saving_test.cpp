@@ -116,7 +116,9 @@ TEST(Region, OpensAgainAsAPieceOfItsSource) {
     EXPECT_EQ(header.algorithmType, alone.file.header().algorithmType);
     EXPECT_EQ(folder.entries(), 3);
   }
-  for (const char* name : {"Region", "a b-c_d.1"}) EXPECT_TRUE(isRegionName(name)) << name;
+  for (const char* name : {"Region", "a b-c_d.1", "azAZ09"}) {
+    EXPECT_TRUE(isRegionName(name)) << name;
+  }
   for (const char* name : {"", "  ", "..", "a/b", "a\\b", "ä", "x:y"}) {
     EXPECT_FALSE(isRegionName(name)) << name;
   }

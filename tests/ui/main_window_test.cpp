@@ -1,7 +1,7 @@
-// The main window in the test's own process: its open action and the results column. Needs a
-// display.
+// The main window in the test's own process: its open action, the results column and the windows
+// that it opens. Needs a display.
 //
-// Pictures of the column are held against baselines that were looked at, made with the packaged
+// Pictures are held against baselines that were looked at, made with the packaged
 // Liberation Sans of Debian 12. A missing one fails; MORVANE_PROMOTE=1 writes them anew, to be
 // looked at before they are committed.
 #include <gtest/gtest.h>
@@ -23,9 +23,12 @@
 
 #include "base/paths.h"
 #include "tests/gui/image.h"
+#include "tests/support/golden.h"
 #include "tests/support/reader.h"
 #include "ui/app_state.h"
+#include "ui/config_manager.h"
 #include "ui/file_actions.h"
+#include "ui/filter_window.h"
 #include "ui/gl_window.h"
 #include "ui/main_window.h"
 #include "ui/results_panel.h"
@@ -126,6 +129,13 @@ int pixelsUnlike(const std::string& baseline, const Image& picture) {
   return unlike;
 }
 
+/// Expects `picture` to look like the baseline of this name.
+void expectBaseline(const std::string& name, const Image& picture) {
+  const std::string baseline = MORVANE_BASELINES "/" + name + ".png";
+  if (std::getenv("MORVANE_PROMOTE") != nullptr) picture.savePng(baseline);
+  EXPECT_LE(pixelsUnlike(baseline, picture), 40) << baseline;
+}
+
 // One after the other in one column, so that nothing of the file before may stay. Those of version
 // 3 come first: without an algorithm code of their own they keep the one before.
 TEST(Column, LooksAsItDidForEveryLayout) {
@@ -141,9 +151,7 @@ TEST(Column, LooksAsItDidForEveryLayout) {
     if (appState().resultsPanel->visible() == 0) toggleResultsColumn();
     while (Fl::wait(0.1) > 0) continue;
     const Image picture = captured(window, {1060, 25, 220, 775});
-    const std::string baseline = MORVANE_BASELINES "/column_" + name + ".png";
-    if (std::getenv("MORVANE_PROMOTE") != nullptr) picture.savePng(baseline);
-    EXPECT_LE(pixelsUnlike(baseline, picture), 40) << baseline;
+    expectBaseline("column_" + name, picture);
     shown = picture;
   }
   // In a lower column the rows keep their places, and its edge cuts them off.
@@ -155,6 +163,29 @@ TEST(Column, LooksAsItDidForEveryLayout) {
   EXPECT_EQ(captured(window, {1060, 325, 220, 475}).count(isDrawn), 0);
   EXPECT_GT(shown.part({0, 300, 220, 475}).count(isDrawn), 0);
   layoutViews();
+}
+
+TEST(Windows, EachLooksAsItDid) {
+  Fl::visible_focus(0);  // which window has it depends on the window manager
+  Fl_Double_Window& window = mainWindow(1280, 800);
+  open(golden::file("panel/measurement.res").string());
+  const AppState& app = appState();
+  app.profileButton->do_callback();
+  while (Fl::wait(0.1) > 0) continue;
+  expectBaseline("main", captured(window, {0, 0, 1280, 800}));
+  const Area agreement{0, 0, 700, 800};  // beside it stands the time of the build
+  for (const auto& [name, other, area] :
+       std::initializer_list<std::tuple<std::string, Fl_Window*, Area>>{
+           {"about", app.aboutWindow, agreement},
+           {"filter", app.filterWindow, {0, 0, 400, 400}},
+           {"heat_map", app.heatMapDialog, {0, 0, 290, 160}},
+           {"connections", app.configManager, {0, 0, 550, 500}}}) {
+    other->show();
+    other->wait_for_expose();
+    while (Fl::wait(0.1) > 0) continue;
+    expectBaseline(name, captured(*other, area));
+    other->hide();
+  }
 }
 
 TEST(Column, TextThatIsCutHasATooltip) {
