@@ -10,10 +10,10 @@
 #include <string>
 #include <vector>
 
-#include "app/command_line.h"
 #include "base/debug_log.h"
 #include "base/paths.h"
 #include "base/process.h"
+#include "batch/batch.h"
 #include "ui/app_state.h"
 #include "ui/file_actions.h"
 #include "ui/gl_warm_up.h"
@@ -37,13 +37,13 @@ void stop(const char* format, ...) {
 
 int main(int argc, char** argv) {
   using namespace morvane;
-  openStandardStreams();
-  Fl::fatal = stop;
   const std::vector<std::string> words = commandLine(argc, argv);
-  if (const std::optional<int> status = answerOption(words)) return *status;
+  openStandardStreams(hasOptions(words));
+  Fl::fatal = stop;
+  const std::string program = words.empty() ? "" : words[0];
+  if (const std::optional<int> status = runBatch(words, folderOf(program))) return *status;
 
   AppState& app = appState();
-  const std::string program = words.empty() ? "" : words[0];
   logStream() << "Program executed from directory: " << program << '\n';
   app.exeFolder = folderOf(program);
 

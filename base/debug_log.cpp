@@ -1,6 +1,7 @@
 #include "base/debug_log.h"
 
 #include <cstddef>
+#include <cstdio>
 #include <streambuf>
 #include <string>
 
@@ -8,6 +9,8 @@
 
 namespace morvane {
 namespace {
+
+LogTarget logTarget = LogTarget::kOutput;
 
 /// Writes as much of `text` as fits without blocking. Returns the number of bytes.
 std::size_t writePieces(std::string_view text) {
@@ -39,6 +42,11 @@ class LogBuffer : public std::streambuf {
 
  private:
   void endLine() {
+    if (logTarget != LogTarget::kOutput) {
+      if (logTarget == LogTarget::kErrors) std::fputs(line_.c_str(), stderr);
+      line_.clear();
+      return;
+    }
     if (dropped_ > 0 && take("(log) -- lines dropped: " + std::to_string(dropped_) + '\n')) {
       dropped_ = 0;
     }
@@ -68,6 +76,8 @@ std::ostream& logStream() {
   static std::ostream stream(&buffer);
   return stream;
 }
+
+void setLogTarget(LogTarget target) { logTarget = target; }
 
 void DebugLog::write(std::string_view /*file*/, std::string_view text) {
   logStream() << text;

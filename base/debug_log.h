@@ -11,6 +11,12 @@ namespace morvane {
 /// then precedes the next one that is written.
 std::ostream& logStream();
 
+enum class LogTarget { kOutput, kErrors, kNowhere };
+
+/// Sends the log to standard output (the default), to standard error, or nowhere. Call this before
+/// anything is logged.
+void setLogTarget(LogTarget target);
+
 /// A second way to write to the log. Kept: callers name a log file, but the name is ignored and
 /// everything goes to the one log.
 class DebugLog {

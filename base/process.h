@@ -14,9 +14,9 @@ std::vector<std::string> commandLine(int argc, char** argv);
 
 /// Makes the standard streams safe to use. A stream that is closed at start is opened on the null
 /// device, so that no file opened later gets its descriptor. A reader that closes its pipe cannot
-/// end the program. Except on Windows, a reader that stops reading cannot block it either. Call
-/// this first.
-void openStandardStreams();
+/// end the program. Unless `mayWait` is set, a reader that stops reading cannot block it either,
+/// except on Windows. Call this first.
+void openStandardStreams(bool mayWait);
 
 /// Writes the first bytes of `text` to standard output without blocking and returns how many. 0
 /// when there is no room now (a full pipe, a stopped terminal) or on an error.

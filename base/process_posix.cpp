@@ -39,9 +39,11 @@ void neverWaitFor(int stream) {
 
 std::vector<std::string> commandLine(int argc, char** argv) { return {argv, argv + argc}; }
 
-void openStandardStreams() {
+void openStandardStreams(bool mayWait) {
   fillClosedStreams();
-  for (const int stream : {STDOUT_FILENO, STDERR_FILENO}) neverWaitFor(stream);
+  for (const int stream : {STDOUT_FILENO, STDERR_FILENO}) {
+    if (!mayWait) neverWaitFor(stream);
+  }
   // A closed pipe, a file size limit and a terminal that stops background output then only make a
   // single write fail.
   for (const int signal : {SIGPIPE, SIGXFSZ, SIGTTOU}) std::signal(signal, SIG_IGN);

@@ -52,7 +52,7 @@ std::vector<std::string> commandLine(int argc, char** argv) {
   return texts;
 }
 
-void openStandardStreams() {
+void openStandardStreams(bool /*mayWait*/) {
   borrowConsole();
   // The Windows C library has no line buffering: it would hold lines back until its buffer is full.
   std::setvbuf(stdout, nullptr, _IONBF, 0);

@@ -9,6 +9,9 @@ endif()
 set(THREADS_PREFER_PTHREAD_FLAG ON)
 find_package(Threads REQUIRED)
 find_package(OpenGL REQUIRED)
+if(UNIX)
+  find_package(OpenGL REQUIRED COMPONENTS EGL)  # pictures without a window
+endif()
 
 morvane_find(morvane_glew HEADER GL/glew.h LIBRARIES "GLEW|glew32s|libglew32|glew32|glew"
   PACKAGE GLEW TARGETS GLEW::glew_s GLEW::GLEW)
@@ -30,18 +33,24 @@ morvane_find(morvane_haru HEADER hpdf.h LIBRARIES "hpdf|hpdfs|libhpdf|libhpdfs"
 morvane_find(morvane_fltk HEADER FL/Fl_Gl_Window.H LIBRARIES fltk_images fltk_gl fltk)
 target_link_libraries(morvane_fltk INTERFACE OpenGL::GL)
 
-# glm is header-only, so the headers of the build system also work for cross-compiling. Their folder
+# Header-only libraries: the headers of the build system also work for cross-compiling. Their folder
 # must not be searched, as it has the other headers of that system too.
-find_path(morvane_glm_INCLUDE_FOLDER glm/glm.hpp)
-if(NOT morvane_glm_INCLUDE_FOLDER AND CMAKE_CROSSCOMPILING)
-  find_path(HOST_GLM_INCLUDE_FOLDER glm/glm.hpp NO_CMAKE_FIND_ROOT_PATH)
-  if(HOST_GLM_INCLUDE_FOLDER)
-    file(MAKE_DIRECTORY ${PROJECT_BINARY_DIR}/host-headers)
-    file(CREATE_LINK ${HOST_GLM_INCLUDE_FOLDER}/glm ${PROJECT_BINARY_DIR}/host-headers/glm SYMBOLIC)
-    set(morvane_glm_INCLUDE_FOLDER ${PROJECT_BINARY_DIR}/host-headers CACHE PATH "" FORCE)
+foreach(library "glm|glm/glm.hpp" "CLI|CLI/CLI.hpp")
+  string(REGEX REPLACE "\\|.*" "" name ${library})
+  string(REGEX REPLACE ".*\\|" "" header ${library})
+  set(target morvane_${name})
+  find_path(${target}_INCLUDE_FOLDER ${header})
+  if(NOT ${target}_INCLUDE_FOLDER AND CMAKE_CROSSCOMPILING)
+    find_path(HOST_${name}_INCLUDE_FOLDER ${header} NO_CMAKE_FIND_ROOT_PATH)
+    if(HOST_${name}_INCLUDE_FOLDER)
+      file(MAKE_DIRECTORY ${PROJECT_BINARY_DIR}/host-headers)
+      file(CREATE_LINK ${HOST_${name}_INCLUDE_FOLDER}/${name}
+        ${PROJECT_BINARY_DIR}/host-headers/${name} SYMBOLIC)
+      set(${target}_INCLUDE_FOLDER ${PROJECT_BINARY_DIR}/host-headers CACHE PATH "" FORCE)
+    endif()
   endif()
-endif()
-morvane_find(morvane_glm HEADER glm/glm.hpp)
+  morvane_find(${target} HEADER ${header})
+endforeach()
 
 if(UNIX)
   find_package(JPEG REQUIRED)  # elsewhere the system writes JPEG and PNG files

@@ -3,7 +3,6 @@
 #include <FL/Fl.H>
 #include <FL/x.H>
 #include <X11/Xatom.h>
-#include <png.h>
 
 #include <algorithm>
 #include <array>
@@ -13,28 +12,12 @@
 namespace morvane {
 namespace {
 
-Bytes pngFile(const RgbImage& image) {
-  png_image png{};
-  png.version = PNG_IMAGE_VERSION;
-  png.width = static_cast<png_uint_32>(image.width);
-  png.height = static_cast<png_uint_32>(image.height);
-  png.format = PNG_FORMAT_RGB;
-  png_alloc_size_t size = PNG_IMAGE_PNG_SIZE_MAX(png);
-  Bytes file(size);
-  if (png_image_write_to_memory(&png, file.data(), &size, 0, image.pixels.data(), 0, nullptr) ==
-      0) {
-    return {};
-  }
-  file.resize(size);
-  return file;
-}
-
 struct Form {
   const char* name;
   Bytes (*file)(const RgbImage&);
 };
 // Bitmaps are far larger than PNG files.
-constexpr std::array<Form, 2> kForms = {{{"image/png", pngFile}, {"image/bmp", bitmapFile}}};
+constexpr std::array<Form, 2> kForms = {{{"image/png", encodePng}, {"image/bmp", bitmapFile}}};
 
 RgbImage offered;
 Window owner = None;

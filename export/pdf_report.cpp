@@ -89,21 +89,28 @@ void PdfReport::drawPicture(std::span<const unsigned char> jpeg, const PageBox& 
   HPDF_ResetError(document_.get());
 }
 
-std::string PdfReport::save(const std::string& path) {
-  if (!document_ || HPDF_SaveToStream(document_.get()) != HPDF_OK) {
-    return "The PDF document could not be made";
-  }
-  SafeFile file(path);
+std::string PdfReport::encode(Bytes& file) {
+  constexpr const char* kTrouble = "The PDF document could not be made";
+  file.clear();
+  if (!document_ || HPDF_SaveToStream(document_.get()) != HPDF_OK) return kTrouble;
   HPDF_ResetStream(document_.get());
-  std::vector<HPDF_BYTE> piece(kPieceBytes);
-  HPDF_UINT32 left = HPDF_GetStreamSize(document_.get());
-  while (left > 0) {
-    auto got = static_cast<HPDF_UINT32>(piece.size());
-    HPDF_ReadFromStream(document_.get(), piece.data(), &got);
-    if (got == 0 || got > left) return "The PDF document could not be made";
-    file.write(piece.data(), got);
-    left -= got;
+  file.resize(HPDF_GetStreamSize(document_.get()));
+  std::size_t done = 0;
+  while (done < file.size()) {
+    auto got = static_cast<HPDF_UINT32>(file.size() - done);
+    HPDF_ReadFromStream(document_.get(), file.data() + done, &got);
+    if (got == 0 || got > file.size() - done) return kTrouble;
+    done += got;
   }
+  return {};
+}
+
+std::string PdfReport::save(const std::string& path) {
+  Bytes bytes;
+  const std::string reason = encode(bytes);
+  if (!reason.empty()) return reason;
+  SafeFile file(path);
+  file.write(bytes.data(), bytes.size());
   return file.commit();
 }
 

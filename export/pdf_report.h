@@ -32,6 +32,10 @@ class PdfReport {
   /// Draws the JPEG file `jpeg`, stretched to `box`. If it is not a valid JPEG the box stays empty.
   void drawPicture(std::span<const unsigned char> jpeg, const PageBox& box);
 
+  /// Writes the finished document to `file`. Returns an empty text on success, else the error
+  /// message.
+  [[nodiscard]] std::string encode(Bytes& file);
+
   /// Saves the document as `path` (UTF-8), which appears only when it is complete. Returns an empty
   /// text on success, else the error message.
   [[nodiscard]] std::string save(const std::string& path);

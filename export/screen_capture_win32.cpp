@@ -143,7 +143,7 @@ ScreenPart readScreen(Fl_Window* /*window*/, const ScreenRect& wanted) {
 }
 
 void copyToClipboard(const RgbImage& image) {
-  const Bytes png = encode(image, Gdiplus::ImageFormatPNG);
+  const Bytes png = encodePng(image);
   const Bytes bitmap = bitmapFile(image);
   if (OpenClipboard(nullptr) == 0) return;
   EmptyClipboard();
@@ -152,6 +152,8 @@ void copyToClipboard(const RgbImage& image) {
   if (!png.empty()) offer(RegisterClipboardFormatW(L"PNG"), png.data(), png.size());
   CloseClipboard();
 }
+
+Bytes encodePng(const RgbImage& image) { return encode(image, Gdiplus::ImageFormatPNG); }
 
 std::string encodeJpeg(const RgbImage& image, Bytes& file) {
   file = encode(image, Gdiplus::ImageFormatJPEG);

@@ -21,4 +21,7 @@ void copyToClipboard(const RgbImage& image);
 /// else the error message. It fails for empty pictures and for sides over 65500 pixels.
 std::string encodeJpeg(const RgbImage& image, Bytes& file);
 
+/// Encodes `image` as PNG. Empty on failure.
+Bytes encodePng(const RgbImage& image);
+
 }  // namespace morvane

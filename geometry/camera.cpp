@@ -108,6 +108,26 @@ void releaseTurn(Camera& camera) {
   camera.turn.base = camera.rotation;
 }
 
+glm::quat rotationOf(ViewDirection direction) {
+  // The model is first turned about its z axis, then tilted about the picture's x axis. In an
+  // isometric view the elevation of the eye is atan(1 / √2).
+  const auto turned = [](float turn, float tilt) {
+    return glm::angleAxis(glm::radians(tilt), glm::vec3(1.0F, 0.0F, 0.0F)) *
+           glm::angleAxis(glm::radians(turn), glm::vec3(0.0F, 0.0F, 1.0F));
+  };
+  switch (direction) {
+    case ViewDirection::kFront:
+      return turned(0.0F, -90.0F);
+    case ViewDirection::kSide:
+      return turned(-90.0F, -90.0F);
+    case ViewDirection::kIsometric:
+      return turned(-45.0F, -54.7356F);
+    case ViewDirection::kTop:
+      break;
+  }
+  return turned(0.0F, 0.0F);
+}
+
 void zoom(Camera& camera, Zoom direction) {
   const float before = camera.distance;
   if (direction == Zoom::kOut) {

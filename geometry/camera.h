@@ -41,6 +41,12 @@ struct Camera {
   TurnDrag turn;                                    ///< how `rotation` is being changed
 };
 
+/// From where a surface is seen. Except from the top, its z axis points up in the picture.
+enum class ViewDirection { kTop, kFront, kSide, kIsometric };
+
+/// The rotation of the model for a view. From the front x runs to the right, from the side y.
+glm::quat rotationOf(ViewDirection direction);
+
 /// The matrices of one frame.
 struct ViewMatrices {
   glm::mat4 projection{1.0F};

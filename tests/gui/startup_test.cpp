@@ -78,18 +78,6 @@ TEST(StartUp, FindsItsResourcesHoweverItIsCalled) {
   }
 }
 
-TEST(StartUp, AnswersOptionsWithoutADisplay) {
-  const auto run = [](const std::string& option, Stream stream) {
-    Process program({"env", "-u", "DISPLAY", MORVANE_PROGRAM, option});
-    const int status = program.awaitExit();
-    return std::to_string(status) + ": " + program.lines(stream).at(0);
-  };
-  EXPECT_EQ(run("--version", Stream::kOutput), "0: morvane-reader " MORVANE_VERSION);
-  EXPECT_THAT(run("--help", Stream::kOutput), testing::StartsWith("0: usage: morvane-reader"));
-  EXPECT_THAT(run("--panel.res", Stream::kErrors),
-              testing::StartsWith("2: morvane-reader: unknown option --panel.res"));
-}
-
 TEST(StartUp, NeedsADisplayAndNothingElse) {
   Process blind({"env", "-u", "DISPLAY", MORVANE_PROGRAM});
   blind.awaitLine("The program needs a display", Stream::kErrors);

@@ -6,7 +6,7 @@
 #include "base/process.h"
 
 int main(int argc, char** argv) {
-  morvane::openStandardStreams();
+  morvane::openStandardStreams(false);
   for (const std::string& word : morvane::commandLine(argc, argv)) {
     morvane::logStream() << word << '\n';
   }

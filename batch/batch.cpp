@@ -1,0 +1,35 @@
+#include "batch/batch.h"
+
+#include <algorithm>
+#include <cstdio>
+
+#include "base/debug_log.h"
+#include "base/paths.h"
+#include "batch/file_job.h"
+#include "batch/options.h"
+
+namespace morvane {
+
+bool hasOptions(const std::vector<std::string>& words) {
+  const auto isOption = [](const std::string& word) { return word.starts_with('-'); };
+  return !words.empty() && std::any_of(words.begin() + 1, words.end(), isOption);
+}
+
+std::optional<int> runBatch(const std::vector<std::string>& words, const std::string& exeFolder) {
+  if (!hasOptions(words)) return std::nullopt;
+  const Reading reading = readOptions(words);
+  if (reading.status) return reading.status;
+  const BatchOptions& options = reading.options;
+  setLogTarget(options.verbose ? LogTarget::kErrors : LogTarget::kNowhere);
+  FileJobs jobs(options, resourcePath(exeFolder, "Fonts", "arial.ttf"));
+  int failed = 0;
+  for (const std::string& file : options.files) {
+    const std::string reason = jobs.run(file);
+    if (reason.empty()) continue;
+    std::fprintf(stderr, "%s: %s\n", file.c_str(), reason.c_str());
+    ++failed;
+  }
+  return failed == 0 ? 0 : 1;
+}
+
+}  // namespace morvane

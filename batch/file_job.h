@@ -1,0 +1,41 @@
+// What the command line does with one file.
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "batch/options.h"
+#include "export/scene_picture.h"
+#include "view/offscreen_context.h"
+
+namespace morvane {
+
+/// Does the outputs of many files in turn; pictures share one GL context, made at first use.
+class FileJobs {
+ public:
+  /// `font` is the font of texts in pictures. `options` must outlive this object.
+  FileJobs(const BatchOptions& options, std::string font);
+  ~FileJobs();
+  FileJobs(const FileJobs&) = delete;
+  FileJobs& operator=(const FileJobs&) = delete;
+
+  /// Writes all outputs of `file`. Returns an empty text on success, else the reason of the first
+  /// failure; outputs after it are not written.
+  std::string run(const std::string& file);
+
+ private:
+  struct Shown;
+  [[nodiscard]] std::string open(const std::string& file, Shown& shown) const;
+  std::string drawPicture(Shown& shown, RgbImage& picture);
+  std::string writePicture(Shown& shown, const std::string& path);
+  std::string writeReport(Shown& shown, const std::string& path);
+  [[nodiscard]] std::string write(const Bytes& bytes, const std::string& path) const;
+
+  const BatchOptions& options_;
+  std::string font_;
+  // The painter's GL objects are deleted before their context.
+  std::unique_ptr<OffscreenContext> context_;
+  std::unique_ptr<ScenePainter> painter_;
+};
+
+}  // namespace morvane

@@ -1,0 +1,56 @@
+// The options of the command line.
+#pragma once
+
+#include <glm/vec2.hpp>
+#include <glm/vec3.hpp>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "filter/band_filter.h"
+#include "geometry/camera.h"
+
+namespace morvane {
+
+/// Pixels.
+struct PictureSize {
+  int width = 1125;
+  int height = 775;
+};
+
+/// What a command line asks for. Paths are in UTF-8. An output that was not asked for is empty; "-"
+/// is standard output, and "{name}" in it stands for the input's name.
+struct BatchOptions {
+  std::vector<std::string> files;
+
+  std::string report;
+  std::string picture;
+
+  FilterSettings filter;
+  std::optional<glm::vec2> limits;  ///< minimum and maximum, µm
+  std::string limitTexts[2];        ///< the same as typed
+  std::optional<float> scale;
+  ViewDirection view = ViewDirection::kTop;
+  glm::vec3 turn{0.0F};  ///< degrees about the picture's x, y and z axes, after `view`
+  float zoom = 1.0F;
+  glm::vec2 pan{0.0F};  ///< pixels, y down
+  std::string bitmap;
+  PictureSize size;
+  bool key = true;
+  bool axes = true;
+
+  bool force = false;    ///< replace existing files
+  bool verbose = false;  ///< the log goes to standard error
+};
+
+/// What to do after the command line has been read.
+struct Reading {
+  std::optional<int> status;  ///< the exit status, if there is nothing else to do
+  BatchOptions options;
+};
+
+/// Reads the command line `words`, the first of which is the program. Help, version and errors are
+/// printed.
+Reading readOptions(const std::vector<std::string>& words);
+
+}  // namespace morvane

@@ -1,0 +1,126 @@
+// The program from the command line, without a display.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <sstream>
+
+#include "tests/gui/on_show.h"
+#include "tests/support/golden.h"
+#include "tests/support/output.h"
+
+namespace morvane::gui {
+namespace {
+
+using testing::HasSubstr;
+
+struct Outcome {
+  int status;
+  std::string errors;  // what standard error got
+};
+
+class Batch : public OnShow {
+ protected:
+  /// Runs the program with `options`, words for the shell, in the test's folder.
+  Outcome run(const std::string& options) const {
+    const std::string errors = folder_.file("errors");
+    const std::string command = "cd '" + folder_.path().string() +
+                                "' && env -u DISPLAY " MORVANE_PROGRAM " " + options + " 2>'" +
+                                errors + "'";
+    const int status = std::system(command.c_str());
+    return {WEXITSTATUS(status), contentOf(errors)};
+  }
+  [[nodiscard]] Image pictureIn(const std::string& name) const {
+    return Image::ofPpm(outputOf("convert 'png:" + folder_.file(name) + "' ppm:-"));
+  }
+  [[nodiscard]] bool exists(const std::string& name) const {
+    return std::filesystem::exists(folder_.file(name));
+  }
+};
+
+TEST_F(Batch, PictureIsThatOfTheWindow) {
+  const std::string panel = golden::measurement("panel");
+  OnShow::open(panel);
+  const Outcome outcome = run("'" + panel + "' --picture window.png --size 1130x775");
+  EXPECT_EQ(outcome.status, 0) << outcome.errors;
+  Area view = viewOf(start_);
+  view.x += kCoveredWidth;  // by the controls
+  view.w -= kCoveredWidth;
+  const Image picture = pictureIn("window.png");
+  const Image shown = start_.part(view);
+  ASSERT_EQ(picture.width(), view.w + kCoveredWidth);
+  // The places of the samples in a pixel are mirrored, which shows at edges and on rough surfaces.
+  int different = 0;
+  for (int y = 0; y < view.h; ++y) {
+    for (int x = 0; x < view.w; ++x) {
+      const int apart = difference(picture.at({x + kCoveredWidth, y}), shown.at({x, y}));
+      EXPECT_LE(apart, 100) << x << ", " << y;
+      different += apart > 0 ? 1 : 0;
+    }
+  }
+  EXPECT_LT(different, view.w * view.h / 50);
+}
+
+TEST_F(Batch, DoesEveryFileItCanAndNamesTheOthers) {
+  std::filesystem::copy_file(golden::measurement("float_sum"), folder_.file("good.res"));
+  std::filesystem::copy_file(golden::measurement("flat"), folder_.file("flat.res"));
+  std::filesystem::rename(brokenFile(folder_), folder_.file("broken.res"));
+  Outcome outcome =
+      run("good.res none.res broken.res flat.res --picture '{name}.png' "
+          "--report '{name}.pdf' --low-pass 0.5 --view iso --size 200x150");
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_THAT(outcome.errors, testing::ContainsRegex("^none.res: No such file[^\n]*\n"
+                                                     "broken.res: it holds [^\n]*\n$"));
+  for (const char* name : {"good.png", "good.pdf", "flat.png", "flat.pdf"}) {
+    EXPECT_TRUE(exists(name)) << name;
+  }
+  EXPECT_FALSE(exists("broken.png"));
+  outputOf("qpdf --check '" + folder_.file("good.pdf") + "'");
+
+  outcome = run("good.res --picture good.png");
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_THAT(outcome.errors, HasSubstr("good.png: exists"));
+  EXPECT_EQ(run("good.res --picture good.png --size 100x80 --force").status, 0);
+  EXPECT_EQ(pictureIn("good.png").width(), 100);
+  EXPECT_EQ(run("good.res --picture none/good.png").status, 1);
+  EXPECT_EQ(run("good.res --picture - >out").status, 0);
+  EXPECT_EQ(pictureIn("out").width(), 1125);
+}
+
+TEST_F(Batch, TellsItsVersionAndItsOptions) {
+  EXPECT_EQ(run("--version >version").status, 0);
+  EXPECT_EQ(contentOf(folder_.file("version")), "morvane-reader " MORVANE_VERSION "\n");
+  EXPECT_EQ(run("--help >help").status, 0);
+  std::istringstream help(contentOf(folder_.file("help")));
+  for (std::string line; std::getline(help, line);) EXPECT_LE(line.size(), 80U) << line;
+}
+
+TEST_F(Batch, RefusesWrongUsageWithOptionAndValue) {
+  struct Case {
+    const char* options;
+    const char* named;
+  };
+  for (const auto& [options, named] :
+       {Case{"--report", "--report"},
+        {"a.res --bad", "--bad"},
+        {"--picture a.png", "FILE"},
+        {"a.res --picture a.gif", "a.gif"},
+        {"a.res b.res --report a.pdf", "{name}"},
+        {"a.res --picture a.png --view up", "up"},
+        {"a.res --picture a.png --size 5x5", "5x5"},
+        {"a.res --picture a.png --limits 3,1", "--limits"},
+        {"a.res --picture a.png --limits 3,x", "3,x"},
+        {"a.res --picture a.png --low-pass nan", "--low-pass"},
+        {"a.res --picture a.png --band-pass 1", "--band-pass"},
+        {"a.res --picture a.png --low-pass 1 --high-pass 1", "--high-pass"},
+        {"a.res --picture a.png --zoom 0", "--zoom"},
+        {"a.res --report - --picture -", "standard output"}}) {
+    const Outcome outcome = run(options);
+    EXPECT_EQ(outcome.status, 2) << options;
+    EXPECT_THAT(outcome.errors, HasSubstr(named)) << options;
+  }
+}
+
+}  // namespace
+}  // namespace morvane::gui

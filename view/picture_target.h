@@ -1,0 +1,36 @@
+// A picture in GL's memory that is drawn into in place of a window.
+#pragma once
+
+#include "view/gl_objects.h"
+
+namespace morvane {
+
+/// While it lives everything is drawn into it, with four samples a pixel as in the windows. All
+/// functions need the same current GL context.
+class PictureTarget {
+ public:
+  /// A picture of `width` × `height` pixels.
+  PictureTarget(int width, int height);
+  ~PictureTarget();
+  PictureTarget(const PictureTarget&) = delete;
+  PictureTarget& operator=(const PictureTarget&) = delete;
+
+  /// False if the driver cannot hold a picture of this size.
+  [[nodiscard]] bool usable() const { return usable_; }
+  /// Reads its rows from above, three bytes a pixel, none between the rows.
+  void read(unsigned char* pixels) const;
+
+  /// The largest width and height that the driver supports.
+  static int largestSide();
+
+ private:
+  int width_;
+  int height_;
+  bool usable_ = false;
+  GLint before_ = 0;  // the frame buffer that was bound
+  GlFramebuffer buffer_;
+  GlRenderbuffer colours_;
+  GlRenderbuffer depth_;
+};
+
+}  // namespace morvane
