@@ -32,6 +32,25 @@ std::string settingText(float value) {
   return text;
 }
 
+namespace {
+
+/// `how` are the further arguments of `std::to_chars`.
+template <typename Number, typename... How>
+void append(std::string& text, Number value, How... how) {
+  std::array<char, 32> digits;
+  const auto [end, error] =
+      std::to_chars(digits.data(), digits.data() + digits.size(), value, how...);
+  text.append(digits.data(), end);
+}
+
+}  // namespace
+
+void appendExact(std::string& text, double value) { append(text, value); }
+void appendExact(std::string& text, float value) { append(text, value); }
+void appendRounded(std::string& text, double value) {
+  append(text, value, std::chars_format::general, 15);
+}
+
 std::string unsignedZero(std::string number) {
   if (number.starts_with('-') && number.find_first_not_of("0.e+", 1) == std::string::npos) {
     number.erase(0, 1);

@@ -16,6 +16,15 @@ std::string shownText(double value, int decimals);
 /// A number that an operator set: with two decimals, or as many more, up to six, as tell it.
 std::string settingText(float value);
 
+/// Appends the shortest text that reads back to exactly `value`, independent of the locale: "0.1",
+/// "1e-05". NaN and infinity are written as the standard library does.
+void appendExact(std::string& text, double value);
+void appendExact(std::string& text, float value);
+
+/// Appends `value` with 15 digits, without zeros at its end. So a product such as 3 × 0.1 has no
+/// digits of rounding.
+void appendRounded(std::string& text, double value);
+
 /// `number`, a decimal number as text, without its sign if it reads as zero.
 std::string unsignedZero(std::string number);
 

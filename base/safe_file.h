@@ -4,22 +4,21 @@
 #include <cstddef>
 #include <string>
 
+#include "base/byte_sink.h"
 #include "base/file_io.h"
 
 namespace morvane {
 
 /// Writes a temporary file beside the target, which replaces the target on `commit()`. Without a
 /// commit, or when any step fails, the target is unchanged and the temporary file is removed.
-class SafeFile {
+class SafeFile : public ByteSink {
  public:
   /// Starts writing for `target` (UTF-8 path). A failure is reported by `commit()`.
   explicit SafeFile(std::string target);
-  ~SafeFile();
-  SafeFile(const SafeFile&) = delete;
-  SafeFile& operator=(const SafeFile&) = delete;
+  ~SafeFile() override;
 
-  /// Appends `bytes` bytes. After a failure it does nothing.
-  void write(const void* data, std::size_t bytes);
+  void write(const void* data, std::size_t bytes) override;
+  [[nodiscard]] bool failed() const override { return !reason_.empty(); }
 
   /// Completes the file and gives it the target's name. Returns an empty text on success, else the
   /// system's error message.

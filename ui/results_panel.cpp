@@ -9,6 +9,7 @@
 #include <algorithm>
 
 #include "base/paths.h"
+#include "base/utf8.h"
 #include "ui/window_geometry.h"
 
 namespace morvane {
@@ -30,20 +31,6 @@ std::string tooltipText(std::string_view text) {
   std::string tip;
   for (const char letter : text) tip.append(letter == '@' ? 2 : 1, letter);
   return tip;
-}
-
-/// `text` with every byte that is not UTF-8 converted from Windows-1252. FLTK's text displays read
-/// past the end of an incomplete UTF-8 sequence.
-std::string wellFormed(const std::string& text) {
-  std::string formed;
-  const char* end = text.data() + text.size();
-  int length = 0;
-  for (const char* at = text.data(); at < end; at += length) {
-    const unsigned character = fl_utf8decode(at, end, &length);
-    std::array<char, 4> bytes;
-    formed.append(bytes.data(), static_cast<std::size_t>(fl_utf8encode(character, bytes.data())));
-  }
-  return formed;
 }
 
 }  // namespace
@@ -74,6 +61,7 @@ class ColumnText : public Fl_Text_Display {
   }
 
   void write(const std::string& text) {
+    // FLTK reads past the end of an incomplete UTF-8 sequence.
     text_.text(wellFormed(text).c_str());
     redraw();
   }
