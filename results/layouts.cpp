@@ -51,7 +51,22 @@ ResultRow headingAt(int y, std::string_view text) {
 }
 
 ResultLayout startLayout(std::string_view tag) {
-  return {{rowAt(kTagY, kTagLabel, "Algo:", std::string(tag))}};
+  return {{rowAt(kTagY, kTagLabel, "Algo:", std::string(tag))}, {}, tag, {}};
+}
+
+/// The name of a value: its label without the colon, behind its band if it has one.
+std::string nameOf(std::string_view label, std::string_view band = {}) {
+  if (label.ends_with(':')) label.remove_suffix(1);
+  if (band.empty()) return std::string(label);
+  band = band.substr(0, band.find('('));
+  band = band.substr(0, band.find_last_not_of(' ') + 1);
+  return std::string(band).append(" ").append(label);
+}
+
+/// The unit of a value whose row shows `shown`.
+std::string unitOf(std::string_view shown) {
+  if (shown.starts_with(' ')) shown.remove_prefix(1);
+  return shown.starts_with(kMicroSign) ? "µ" + std::string(shown.substr(1)) : std::string(shown);
 }
 
 // ---- layouts of one value a row
@@ -93,6 +108,7 @@ ResultLayout valueLayout(const ValueTable& table, std::span<const float> values)
     const ValueRow& row = table.rows[i];
     layout.rows.push_back(rowAt(y, table.columns, std::string(row.label),
                                 shownText(values[i], table.decimals).append(row.unit), row.height));
+    layout.values.push_back({nameOf(row.label), values[i], unitOf(row.unit)});
     y += row.height;
   }
   return layout;
@@ -106,7 +122,8 @@ ResultLayout ecRmVwStd(const ResResults& r) { return valueLayout(kEcRmVwStd, r.v
 
 /// The only layout without the algorithm's name: that row shows the value instead.
 ResultLayout copr(const ResResults& results) {
-  return {{rowAt(kTagY, kLongLabels, "COPR:", shownText(results.copr[0], 1))}};
+  const float value = results.copr[0];
+  return {{rowAt(kTagY, kLongLabels, "COPR:", shownText(value, 1))}, {}, "COPR", {{"COPR", value}}};
 }
 
 ResultLayout textureLayout(std::string_view tag, char symbol, std::string_view unit,
@@ -114,9 +131,11 @@ ResultLayout textureLayout(std::string_view tag, char symbol, std::string_view u
   constexpr std::string_view kSuffixes[] = {"overall:", "a:", "b:", "c:", "d:", "e:", "lw:", "sw:"};
   ResultLayout layout = startLayout(tag);
   for (std::size_t i = 0; i < std::size(kSuffixes); ++i) {
+    const std::string label = std::string(1, symbol).append(kSuffixes[i]);
+    const float value = results.textureCurvature[i];
     layout.rows.push_back(rowAt(kFirstResultY + static_cast<int>(i) * kRowHeight, kLongLabels,
-                                std::string(1, symbol).append(kSuffixes[i]),
-                                shownText(results.textureCurvature[i], 1).append(unit)));
+                                label, shownText(value, 1).append(unit)));
+    layout.values.push_back({nameOf(label), value, unitOf(unit)});
   }
   return layout;
 }
@@ -146,7 +165,7 @@ struct GmBand {
 
 constexpr std::array<std::string_view, 4> kGmUnits = {kMicrometres, kMicrometres, kMillimetres,
                                                       kMicrometres};
-// Kept: the units of Rsm and Ray in Band B are swapped.
+// Kept: the column shows the units of Rsm and Ray in Band B swapped.
 constexpr GmBand kGmBands[] = {
     {"Appearance (0.15 - 2mm)", kGmUnits},
     {"Peel  (0.15 - 15mm)", kGmUnits},
@@ -165,6 +184,8 @@ ResultLayout ecRmGmStd(const ResResults& results) {
       const Pair& pair = kPairs[i];
       layout.rows.push_back(rowAt(y + pair.line * kRowHeight, pair.columns, std::string(pair.label),
                                   shownText(values[pair.stored], 3).append(band.units[i])));
+      layout.values.push_back(
+          {nameOf(pair.label, band.heading), values[pair.stored], unitOf(kGmUnits[i])});
     }
     values = values.subspan(kPairs.size());
     y += kBandHeight;
@@ -196,24 +217,34 @@ std::string limitText(const FilterKind& kind, float low, float high) {
   return text.empty() ? text : text.append(kMillimetres);
 }
 
-/// The seven rows of a band, starting at `y`. `limits` are low and high, `values` are Sa, RaX, RaY,
-/// RsM. For an unknown filter type its name and the limit row stay empty.
-void addBand(std::vector<ResultRow>& rows, int y, std::string_view heading,
-             std::uint32_t filterType, std::span<const float> limits,
-             std::span<const float> values) {
+/// Adds the seven rows of a band, starting at `y`, and its values. `limits` are low and high,
+/// `values` are Sa, RaX, RaY, RsM. For an unknown filter type its name and the limit row stay
+/// empty.
+void addBand(ResultLayout& layout, int y, std::string_view heading, std::uint32_t filterType,
+             std::span<const float> limits, std::span<const float> values) {
   const FilterKind kind =
       filterType < std::size(kFilterKinds) ? kFilterKinds[filterType] : FilterKind{};
-  rows.push_back(headingAt(y, heading));
-  const auto add = [&](std::string_view label, std::string value) {
+  layout.rows.push_back(headingAt(y, heading));
+  const auto addRow = [&](std::string_view label, std::string value) {
     y += kRowHeight;
-    rows.push_back(rowAt(y, kBandLabels, std::string(label), std::move(value)));
+    layout.rows.push_back(rowAt(y, kBandLabels, std::string(label), std::move(value)));
   };
-  add("Type:", std::string(kind.name));
-  add(kind.limitLabel, limitText(kind, limits[0], limits[1]));
-  add("Sa:", shownText(values[0], 3).append(kMicrometres));
-  add("Rax:", shownText(values[1], 3).append(kMicrometres));
-  add("Rsm:", shownText(values[3], 3).append(kMillimetres));
-  add("Ray:", shownText(values[2], 3).append(kMicrometres));
+  const auto addValue = [&](const std::string& name, float value, std::string_view unit) {
+    layout.values.push_back({nameOf(name, heading), value, unitOf(unit)});
+  };
+  addRow("Type:", std::string(kind.name));
+  layout.values.push_back({.name = nameOf("Type:", heading), .text = std::string(kind.name)});
+  addRow(kind.limitLabel, limitText(kind, limits[0], limits[1]));
+  const bool both = kind.showsLow && kind.showsHigh;
+  const std::string limit = nameOf(kind.limitLabel);
+  if (kind.showsLow) addValue(both ? limit + " low" : limit, limits[0], kMillimetres);
+  if (kind.showsHigh) addValue(both ? limit + " high" : limit, limits[1], kMillimetres);
+  for (std::size_t i = 0; i < kPairs.size(); ++i) {
+    const Pair& pair = kPairs[i];
+    const float value = values[pair.stored];
+    addRow(pair.label, shownText(value, 3).append(kGmUnits[i]));
+    addValue(std::string(pair.label), value, kGmUnits[i]);
+  }
 }
 
 ResultLayout oRough(const ResResults& results) {
@@ -221,9 +252,9 @@ ResultLayout oRough(const ResResults& results) {
   const OrangePeelBands& bands = results.orangePeel;
   const std::span<const float> values = bands.values;
   ResultLayout layout = startLayout("O_ROUGH");
-  addBand(layout.rows, kFirstResultY, "Band 1", bands.filterType[0], values.first(2),
+  addBand(layout, kFirstResultY, "Band 1", bands.filterType[0], values.first(2),
           values.subspan(4, 4));
-  addBand(layout.rows, kSecondBandY, "Band 2", bands.filterType[1], values.subspan(2, 2),
+  addBand(layout, kSecondBandY, "Band 2", bands.filterType[1], values.subspan(2, 2),
           values.subspan(8, 4));
   for (const int bandEnd : {kSecondBandY, kSecondBandY + 7 * kRowHeight + 10}) {
     layout.separators.push_back(separatorAt(bandEnd - 20));

@@ -1,9 +1,10 @@
-// The layout of the results column as data: rows of text and their places.
+// The results of a measurement as data: the values, and the rows of text that the column shows.
 #pragma once
 
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <limits>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -31,11 +32,21 @@ struct ResultRow {
   bool heading = false;  ///< there is no value
 };
 
+/// A result for other programs.
+struct ResultValue {
+  std::string name;  ///< as its label, with its band in front: "Sa_A", "Band B Rsm"
+  float number = std::numeric_limits<float>::quiet_NaN();
+  std::string unit{};  ///< in UTF-8, without a blank: "µm", "mm", "%", "m-1" or empty
+  std::string text{};  ///< of a result that is no number
+};
+
 /// Everything below the measurement header. There are no rows when the algorithm has nothing to
 /// show.
 struct ResultLayout {
   std::vector<ResultRow> rows;          ///< in display order
   std::vector<PixelArea> separators{};  ///< lines between the parts of the results
+  std::string_view algorithm{};         ///< its name; empty when there are no rows
+  std::vector<ResultValue> values{};    ///< in display order, each with a name of its own
 };
 
 /// The largest number of rows and of separators of any layout.
