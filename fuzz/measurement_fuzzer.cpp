@@ -55,7 +55,8 @@ void cutThrough(const SurfaceModel& model, const ResHeader& header, const PinPai
   for (const PinPair& pins :
        {profilePins(size), corners, swapped(corners), dragged, swapped(dragged)}) {
     const ProfileSection section = sampleProfile(grid, pins, clip);
-    const float step = pixelSizeAlong(pins, header.pixelSizeX, header.pixelSizeY);
+    const auto step =
+        static_cast<float>(pixelSizeAlong(pins, header.pixelSizeX, header.pixelSizeY));
     const auto textWidth = [](std::string_view text, float scale) {
       return static_cast<float>(text.size()) * scale;
     };

@@ -17,11 +17,6 @@ namespace {
 // the memory.
 constexpr std::size_t kMostSamples = 20'000'000;
 
-struct GridPoint {
-  std::int64_t column;
-  std::int64_t row;
-};
-
 std::int64_t sign(std::int64_t value) { return (value > 0) - (value < 0); }
 
 /// The grid point under a pin. The product is computed in single precision before it is truncated.
@@ -52,25 +47,20 @@ float interpolated(float from, float to, float fraction) {
 /// Samples heights along a line over a non-empty grid.
 class Sampler {
  public:
-  Sampler(const HeightGrid& grid, const PinPair& pins, std::size_t count)
+  Sampler(const HeightGrid& grid, const SampleLine& line)
       : grid_(grid),
         width_(static_cast<std::int64_t>(grid.width())),
         height_(static_cast<std::int64_t>(grid.height())),
-        start_(gridPointOf(pins.a)) {
-    const GridPoint end = gridPointOf(pins.b);
-    const std::int64_t rows = end.row - start_.row;
-    const std::int64_t columns = end.column - start_.column;
-    rowStep_ = static_cast<float>(rows) / static_cast<float>(count);
-    columnStep_ = static_cast<float>(columns) / static_cast<float>(count);
-    rowSign_ = sign(rows);
-    columnSign_ = sign(columns);
-    startMinusEnd_ = -(rows * width_ + columns);
-  }
+        start_(line.start),
+        step_(line.step()),
+        rowSign_(sign(line.way.row)),
+        columnSign_(sign(line.way.column)),
+        startMinusEnd_(-(line.way.row * width_ + line.way.column)) {}
 
   /// The height of sample `i`, NaN for a gap.
   [[nodiscard]] float height(std::size_t i) const {
-    const Advance rows(rowStep_, i);
-    const Advance columns(columnStep_, i);
+    const Advance rows(step_.y, i);
+    const Advance columns(step_.x, i);
     const GridPoint own = {start_.column + columns.whole, start_.row + rows.whole};
     const float here = at(own);
     // Kept: this ignores the next row's height on lines that run toward lower rows.
@@ -95,11 +85,10 @@ class Sampler {
   std::int64_t width_;
   std::int64_t height_;
   GridPoint start_;
-  float rowStep_ = 0.0F;  // per sample
-  float columnStep_ = 0.0F;
-  std::int64_t rowSign_ = 0;
-  std::int64_t columnSign_ = 0;
-  std::int64_t startMinusEnd_ = 0;  // difference of the element indices of both ends
+  glm::vec2 step_;
+  std::int64_t rowSign_;
+  std::int64_t columnSign_;
+  std::int64_t startMinusEnd_;  // difference of the element indices of both ends
 };
 
 float firstFiniteHeight(const HeightGrid& grid) {
@@ -119,19 +108,40 @@ float clipped(float height, const ProfileClip& clip) {
 
 float lineLength(const PinPair& pins) { return glm::length(glm::vec2(pins.b) - glm::vec2(pins.a)); }
 
+SampleLine sampleLine(const GridSize& grid, const PinPair& pins) {
+  const PinPair ends = clampedToGrid(pins, grid);
+  const GridPoint start = gridPointOf(ends.a);
+  const GridPoint end = gridPointOf(ends.b);
+  const auto count = static_cast<std::size_t>(std::lround(lineLength(ends) * kPointsPerUnit));
+  return {start, {end.column - start.column, end.row - start.row}, count};
+}
+
+PinPair pinsOn(const GridPoint& a, const GridPoint& b) {
+  const auto coordinate = [](std::int64_t point) {
+    float place = static_cast<float>(point) / kPointsPerUnit;
+    // The quotient may be rounded to just below the point.
+    while (static_cast<std::int64_t>(place * kPointsPerUnit) < point) {
+      place = std::nextafter(place, std::numeric_limits<float>::infinity());
+    }
+    return place;
+  };
+  return {{coordinate(a.column), coordinate(a.row), 0.0F},
+          {coordinate(b.column), coordinate(b.row), 0.0F}};
+}
+
 ProfileSection sampleProfile(const HeightGrid& grid, const PinPair& pins, const ProfileClip& clip) {
   ProfileSection section;
   if (grid.count() == 0) return section;
-  const PinPair ends = clampedToGrid(pins, {grid.width(), grid.height()});
-  section.lineLength = lineLength(ends);
+  const GridSize size = {grid.width(), grid.height()};
+  section.lineLength = lineLength(clampedToGrid(pins, size));
   section.sampleMin = section.sampleMax = firstFiniteHeight(grid);
-  const auto count = static_cast<std::size_t>(std::lround(section.lineLength * kPointsPerUnit));
-  if (count == 0) return section;
-  if (count > kMostSamples) throw std::bad_alloc();
+  const SampleLine line = sampleLine(size, pins);
+  if (line.count == 0) return section;
+  if (line.count > kMostSamples) throw std::bad_alloc();
 
-  section.samples.reserve(count);
-  const Sampler sampler(grid, ends, count);
-  for (std::size_t i = 0; i < count; ++i) {
+  section.samples.reserve(line.count);
+  const Sampler sampler(grid, line);
+  for (std::size_t i = 0; i < line.count; ++i) {
     const float height = clipped(sampler.height(i), clip);
     section.samples.emplace_back(static_cast<float>(i) / kPointsPerUnit, height, 0.0F);
     if (std::isnan(height)) continue;
@@ -170,11 +180,11 @@ std::vector<std::size_t> drawnSamples(const ProfileSection& section) {
   return drawn;
 }
 
-float pixelSizeAlong(const PinPair& pins, double pixelSizeX, double pixelSizeY) {
+double pixelSizeAlong(const PinPair& pins, double pixelSizeX, double pixelSizeY) {
   const glm::dvec2 way = glm::dvec2(glm::vec2(pins.b)) - glm::dvec2(glm::vec2(pins.a));
   const double length = glm::length(way);
-  if (pixelSizeX == pixelSizeY || !(length > 0.0)) return static_cast<float>(pixelSizeX);
-  return static_cast<float>(glm::length(way * glm::dvec2(pixelSizeX, pixelSizeY)) / length);
+  if (pixelSizeX == pixelSizeY || !(length > 0.0)) return pixelSizeX;
+  return glm::length(way * glm::dvec2(pixelSizeX, pixelSizeY)) / length;
 }
 
 float profileDistance(const ProfileSection& section, float pixelSize) {

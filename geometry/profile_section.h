@@ -2,6 +2,8 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
+#include <glm/vec2.hpp>
 #include <glm/vec3.hpp>
 #include <vector>
 
@@ -36,6 +38,35 @@ struct ProfileSection {
 /// The distance of two pins in x and y, model units.
 float lineLength(const PinPair& pins);
 
+/// A column and a row of a grid; they may lie outside it.
+struct GridPoint {
+  std::int64_t column = 0;
+  std::int64_t row = 0;
+};
+
+/// Where the samples of a section are: `count` equal steps from one grid point to another, without
+/// the end itself.
+struct SampleLine {
+  GridPoint start;
+  GridPoint way;  ///< to the end, in columns and rows
+  std::size_t count = 0;
+
+  /// Columns and rows from one sample to the next; `count` must not be 0.
+  [[nodiscard]] glm::vec2 step() const {
+    return glm::vec2(way.column, way.row) / static_cast<float>(count);
+  }
+  /// Column and row of sample `i`, with fractions.
+  [[nodiscard]] glm::dvec2 place(std::size_t i) const {
+    return glm::dvec2(start.column, start.row) + glm::dvec2(step() * static_cast<float>(i));
+  }
+};
+
+/// The samples of `sampleProfile` on a grid of this size.
+SampleLine sampleLine(const GridSize& grid, const PinPair& pins);
+
+/// Pins on two grid points.
+PinPair pinsOn(const GridPoint& a, const GridPoint& b);
+
 /// Samples `grid` along the line from `pins.a` to `pins.b`, which are first clamped to the grid. A
 /// sample is the mean of two linear interpolations in the direction of travel: toward the next row
 /// and toward the next column. Points outside the grid, such as those in the step beyond the last
@@ -50,7 +81,7 @@ std::vector<std::size_t> drawnSamples(const ProfileSection& section);
 
 /// The true distance between neighbouring samples of a line, in the unit of the two pitches. It is
 /// the pitch itself if both are equal.
-float pixelSizeAlong(const PinPair& pins, double pixelSizeX, double pixelSizeY);
+double pixelSizeAlong(const PinPair& pins, double pixelSizeX, double pixelSizeY);
 
 /// The distance that the plot prints: samples × their spacing.
 float profileDistance(const ProfileSection& section, float pixelSize);

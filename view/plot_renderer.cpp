@@ -66,9 +66,10 @@ void PlotRenderer::enterContext() {
 void PlotRenderer::draw(ProfileTool& tool, int width, int height) {
   text_.setSpace(static_cast<float>(width), static_cast<float>(height));
   const ProfileSurface& surface = tool.surface();
-  const PlotData data{tool.section(), tool.clip(),
-                      pixelSizeAlong(placesOf(tool.pins()), surface.pixelSizeX, surface.pixelSizeY),
-                      surface.limitHigh, surface.limitLow};
+  const double pixelSize =
+      pixelSizeAlong(placesOf(tool.pins()), surface.pixelSizeX, surface.pixelSizeY);
+  const PlotData data{tool.section(), tool.clip(), static_cast<float>(pixelSize), surface.limitHigh,
+                      surface.limitLow};
   const ProfilePlot plotted = layOutProfile(
       data, width, height,
       [this](std::string_view text, float scale) { return text_.width(text, scale); });

@@ -123,7 +123,8 @@ TEST(Profile, LeavesAGapWherePointsAreMissing) {
 TEST(Profile, PrintsTheRealLengthForEveryPitch) {
   const auto grid = surfaceOf([](double, double) { return 1.0; });
   const auto distance = [&](const PinPair& pins, double pitchX, double pitchY) {
-    return profileDistance(sampleProfile(*grid, pins, {}), pixelSizeAlong(pins, pitchX, pitchY));
+    const auto pixelSize = static_cast<float>(pixelSizeAlong(pins, pitchX, pitchY));
+    return profileDistance(sampleProfile(*grid, pins, {}), pixelSize);
   };
   EXPECT_EQ(distance({pinOn(0, 0), pinOn(30, 40)}, 0.02, 0.02), 50.0F * 0.02F);
   EXPECT_NEAR(distance({pinOn(0, 0), pinOn(30, 0)}, 0.02, 0.05), 0.6F, 1e-5F);
