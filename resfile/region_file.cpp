@@ -28,6 +28,20 @@ bool isRegionName(std::string_view name) {
          std::all_of(name.begin(), name.end(), allowed);
 }
 
+HeaderBytes headerForDoubles(const Measurement& source) {
+  HeaderBytes header = source.ownHeader;
+  writeLe(header.data(), kNumTypeDoubles);
+  return header;
+}
+
+void writeHeights(HeaderBytes header, std::span<const double> heights, std::int32_t width,
+                  std::int32_t height, ByteSink& sink) {
+  writeLe(header.data() + 4, width);
+  writeLe(header.data() + 8, height);
+  sink.write(header.data(), header.size());
+  sink.write(heights.data(), heights.size_bytes());
+}
+
 std::string saveRegion(const resFile& file, const Measurement& source, const HeightGrid& grid,
                        const GridRegion& region, const std::string& path) {
   std::vector<double> heights;
@@ -36,9 +50,7 @@ std::string saveRegion(const resFile& file, const Measurement& source, const Hei
   } catch (const std::bad_alloc&) {
     return std::strerror(ENOMEM);
   }
-  // `file` may hold the header of another file, and the source may have 16-bit counts.
-  HeaderBytes header = source.ownHeader;
-  writeLe(header.data(), kNumTypeDoubles);
+  const HeaderBytes header = headerForDoubles(source);
   return file.writeRegion(heights, static_cast<std::int32_t>(region.width),
                           static_cast<std::int32_t>(region.height), path, &header);
 }

@@ -2,10 +2,13 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "base/byte_sink.h"
 #include "resfile/height_grid.h"
 #include "resfile/measurement.h"
 #include "resfile/res_file.h"
@@ -26,6 +29,15 @@ std::vector<double> cutHeights(const HeightGrid& grid, const GridRegion& region)
 /// Whether `name` is a valid region name: letters, digits, blanks, `-`, `_` and `.`, and not only
 /// blanks.
 bool isRegionName(std::string_view name);
+
+/// The header of `source` for a file of doubles. The reader may hold the raw header of another
+/// file, and the source may have 16-bit counts.
+HeaderBytes headerForDoubles(const Measurement& source);
+
+/// Writes a measurement file of `width` × `height` heights in row order: `header` with the two
+/// sizes replaced, then the heights as doubles.
+void writeHeights(HeaderBytes header, std::span<const double> heights, std::int32_t width,
+                  std::int32_t height, ByteSink& sink);
 
 /// Writes `region` of `grid` to `path` through `file.writeRegion`. The header is that of `source`,
 /// the measurement shown, with the element type changed to doubles. So the file opens with the same

@@ -14,6 +14,7 @@
 #include "base/little_endian.h"
 #include "base/memory_advice.h"
 #include "base/safe_file.h"
+#include "resfile/region_file.h"
 
 namespace morvane {
 namespace {
@@ -168,12 +169,8 @@ std::string resFile::trouble() const {
 std::string resFile::writeRegion(std::span<const double> values, std::int32_t regionWidth,
                                  std::int32_t regionHeight, const std::string& path,
                                  const HeaderBytes* header) const {
-  HeaderBytes bytes = header != nullptr ? *header : rawHeader_;
-  writeLe(bytes.data() + 4, regionWidth);
-  writeLe(bytes.data() + 8, regionHeight);
   SafeFile file(path);
-  file.write(bytes.data(), bytes.size());
-  file.write(values.data(), values.size_bytes());
+  writeHeights(header != nullptr ? *header : rawHeader_, values, regionWidth, regionHeight, file);
   return file.commit();
 }
 
