@@ -104,16 +104,20 @@ const SurfaceModel& ShownSurface::measured() {
   return model_;
 }
 
+std::string ShownSurface::heightWords() {
+  const SurfaceModel& model = measured();
+  return model.shown() != model.raw() ? filterWords_ : std::string();
+}
+
 std::string ShownSurface::alterations() {
   const SurfaceModel& model = measured();
-  std::string words;
+  std::string words = heightWords();
   const auto add = [&words](const std::string& alteration) {
     words += (words.empty() ? "" : " · ") + alteration;
   };
   const auto range = [](float low, float high) {
     return settingText(low) + " to " + settingText(high) + " µm";
   };
-  if (model.shown() != model.raw()) add(filterWords_);
   if (model.crop.on) add("Limits " + range(model.crop.min, model.crop.max));
   if (const auto& scale = model.globalScale) {
     add("Colours " + range(scale->lower(), scale->upper()));

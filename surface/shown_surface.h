@@ -72,6 +72,8 @@ class ShownSurface {
 
   /// Statistics, limits and the grid shown, updated if needed.
   [[nodiscard]] const SurfaceModel& measured();
+  /// What was done to the heights shown, in words; empty for the raw ones.
+  [[nodiscard]] std::string heightWords();
   /// How the picture differs from the measurement, in words; empty when it does not.
   [[nodiscard]] std::string alterations();
 

@@ -1,0 +1,42 @@
+#include "export/csv.h"
+
+#include <algorithm>
+#include <cmath>
+#include <string>
+
+#include "base/number_text.h"
+#include "base/utf8.h"
+
+namespace morvane {
+
+void CsvWriter::text(std::string_view cell) {
+  beginCell();
+  const std::string formed = wellFormed(cell);
+  if (formed.find_first_of(std::string("\"\r\n") + style_.separator) == std::string::npos) {
+    return out_.text(formed);
+  }
+  std::string quoted = "\"";
+  for (const char letter : formed) quoted.append(letter == '"' ? 2 : 1, letter);
+  out_.text(quoted + '"');
+}
+
+void CsvWriter::number(float value) {
+  beginCell();
+  if (!std::isfinite(value)) return;
+  std::string digits;
+  appendExact(digits, value);
+  std::ranges::replace(digits, '.', style_.decimalSign);
+  out_.text(digits);
+}
+
+void CsvWriter::endLine() {
+  out_.text("\n");
+  lineBegun_ = false;
+}
+
+void CsvWriter::beginCell() {
+  if (lineBegun_) out_.text({&style_.separator, 1});
+  lineBegun_ = true;
+}
+
+}  // namespace morvane
