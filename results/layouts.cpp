@@ -321,11 +321,6 @@ std::array<ResultRow, kHeaderRows> headerRows(const ResHeader& header,
           rowAt(170, kSurfaceLabels, "Data Type:", std::string(fieldText(header.headerText2)))};
 }
 
-ResultRow defaultResultRow(std::size_t index) {
-  const int y = index == 0 ? kTagY : kFirstResultY + (static_cast<int>(index) - 1) * kRowHeight;
-  return rowAt(y, kShortLabels, {}, {});
-}
-
 ResultLayout resultLayout(const ResHeader& header, const ResResults& results) {
   // Kept: for a version-3 file the fixed results are drawn first, then the layout of the algorithm
   // code over them. That code may be left from an earlier file.

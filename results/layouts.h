@@ -49,10 +49,6 @@ struct ResultLayout {
   std::vector<ResultValue> values{};    ///< in display order, each with a name of its own
 };
 
-/// The largest number of rows and of separators of any layout.
-inline constexpr std::size_t kMaxResultRows = 21;
-inline constexpr std::size_t kMaxResultSeparators = 2;
-
 /// The rows of the measurement header: part, date, time, surface type and data type.
 inline constexpr std::size_t kHeaderRows = 5;
 
@@ -69,9 +65,6 @@ std::string_view surfaceTypeText(std::uint32_t surfaceType);
 /// 14 digits, its missing parts stay empty. Texts are as stored.
 std::array<ResultRow, kHeaderRows> headerRows(const ResHeader& header,
                                               std::string_view surfaceText);
-
-/// The default place of result row `index`, without texts.
-ResultRow defaultResultRow(std::size_t index);
 
 /// The rows of the header's algorithm. For version-3 files whose algorithm has none, those of the
 /// fixed results for the surface type.

@@ -116,18 +116,11 @@ ResultsPanel::ResultsPanel(const std::string& exeFolder)
   title->textsize(kTitleSize);
   title->write("RESULTS");
   title->place(kTitleArea, x(), y());
-  const auto makeRow = [](RowDisplays& row) {
-    row.label = new ColumnText;
-    row.value = new ColumnText;
-  };
-  std::ranges::for_each(headerDisplays_, makeRow);
-  std::ranges::for_each(resultDisplays_, makeRow);
+  for (RowDisplays& row : headerDisplays_) row = {new ColumnText, new ColumnText};
   for (ColumnText*& line : headerSeparators_) line = makeSeparator(kHeaderSeparatorColour);
-  for (ColumnText*& line : resultSeparators_) line = makeSeparator(kResultSeparatorColour);
   end();
   resizable(nullptr);
   reset();
-  hideResultRows();
   hide();
 }
 
@@ -146,15 +139,12 @@ void ResultsPanel::showResults() {
 }
 
 void ResultsPanel::reset() {
-  const auto placeRow = [this](const RowDisplays& displays, const ResultRow& row) {
-    displays.label->place(row.labelArea, x(), y());
-    displays.value->place(row.valueArea, x(), y());
-    displays.label->write(row.label);
-  };
-  const auto headings = headerRows({}, {});
-  for (std::size_t i = 0; i < kHeaderRows; ++i) placeRow(headerDisplays_[i], headings[i]);
-  for (std::size_t i = 0; i < kMaxResultRows; ++i) {
-    placeRow(resultDisplays_[i], defaultResultRow(i));
+  const auto rows = headerRows({}, {});
+  for (std::size_t i = 0; i < kHeaderRows; ++i) {
+    const RowDisplays& displays = headerDisplays_[i];
+    displays.label->place(rows[i].labelArea, x(), y());
+    displays.value->place(rows[i].valueArea, x(), y());
+    displays.label->write(rows[i].label);
   }
   for (std::size_t i = 0; i < kHeaderSeparators.size(); ++i) {
     headerSeparators_[i]->place(kHeaderSeparators[i], x(), y());
@@ -176,7 +166,22 @@ void ResultsPanel::fillHeader(std::string_view surfaceText) {
   }
 }
 
+void ResultsPanel::makeDisplays(const ResultLayout& layout) {
+  while (resultDisplays_.size() < layout.rows.size()) {
+    const RowDisplays row = {new ColumnText, new ColumnText};
+    // Before the separators, which are drawn over the edges of the rows.
+    insert(*row.label, headerSeparators_.front());
+    insert(*row.value, headerSeparators_.front());
+    resultDisplays_.push_back(row);
+  }
+  while (resultSeparators_.size() < layout.separators.size()) {
+    resultSeparators_.push_back(makeSeparator(kResultSeparatorColour));
+    add(resultSeparators_.back());
+  }
+}
+
 void ResultsPanel::drawLayout(const ResultLayout& layout) {
+  makeDisplays(layout);
   reset();
   hideResultRows();
   for (std::size_t i = 0; i < layout.rows.size(); ++i) {

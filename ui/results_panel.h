@@ -7,6 +7,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "resfile/measurement.h"
 #include "results/layouts.h"
@@ -32,7 +33,7 @@ class ResultsPanel : public Fl_Group {
   /// Shows header and results of the last measurement taken.
   void showResults();
 
-  /// Moves all displays to their default places and writes the header's labels.
+  /// Moves the header's displays to their places and writes the labels.
   void reset();
 
   /// Hides the result rows and the separators among them.
@@ -57,15 +58,16 @@ class ResultsPanel : public Fl_Group {
     ColumnText* value = nullptr;
   };
 
+  void makeDisplays(const ResultLayout& layout);
   void drawLayout(const ResultLayout& layout);
 
   ResHeader header_;
   ResResults results_;
   std::unique_ptr<Fl_Shared_Image, ReleaseImage> icon_;
   std::array<RowDisplays, kHeaderRows> headerDisplays_{};
-  std::array<RowDisplays, kMaxResultRows> resultDisplays_{};
   std::array<ColumnText*, kHeaderSeparators.size()> headerSeparators_{};
-  std::array<ColumnText*, kMaxResultSeparators> resultSeparators_{};
+  std::vector<RowDisplays> resultDisplays_;  // as many as the longest layout so far has needed
+  std::vector<ColumnText*> resultSeparators_;
 };
 
 }  // namespace morvane
