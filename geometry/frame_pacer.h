@@ -17,7 +17,7 @@ class FramePacer {
 
   /// Whether a frame of all `points` points of a surface is known to be fast.
   [[nodiscard]] bool fullIsFast(std::size_t points) const;
-  /// The most points a coarse surface should have, so that a frame takes 25 to 40 ms.
+  /// The most points a coarse surface should have, so that a frame takes 20 to 32 ms.
   [[nodiscard]] std::size_t coarsePoints() const { return coarsePoints_; }
 
   /// Reports the time of a frame at full detail, of more than `kSmallSurface` points.
