@@ -51,7 +51,7 @@ int main(int argc, char** argv) {
   buildMainWindow();
   logStream() << "done!\n";
 
-  Fl::lock();
+  Fl::lock();  // Kept: no other thread uses FLTK.
 
   logStream() << "Display MRV3 GUI...\n";
   app.controlsPanel->show();

@@ -16,9 +16,12 @@
 namespace morvane {
 namespace {
 
+constexpr int kWidth = 290;
+constexpr int kHeight = 160;
+
 class HeatMapDialog : public Fl_Double_Window {
  public:
-  HeatMapDialog() : Fl_Double_Window(290, 160, "Edit Heatmap") {
+  HeatMapDialog() : Fl_Double_Window(kWidth, kHeight, "Edit Heatmap") {
     color(kBlack);
     max_ = addInput(20, "Global Max (");
     min_ = addInput(60, "Global Min (");
@@ -63,7 +66,8 @@ void showHeatMapDialog() {
   const AppState& app = appState();
   const Fl_Window& window = *app.mainWindow;
   showOwned(*app.heatMapDialog);
-  app.heatMapDialog->position(window.x() + window.w() / 2 - 290, window.y() + window.h() / 2 - 160);
+  app.heatMapDialog->position(window.x() + window.w() / 2 - kWidth,
+                              window.y() + window.h() / 2 - kHeight);
 }
 
 }  // namespace morvane

@@ -8,7 +8,7 @@ namespace morvane {
 /// Creates the dialog, hidden.
 Fl_Window* buildHeatMapDialog();
 
-/// Shows it centred over the main window.
+/// Shows it. Kept: its lower right corner is at the middle of the main window.
 void showHeatMapDialog();
 
 }  // namespace morvane

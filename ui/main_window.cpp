@@ -49,7 +49,7 @@ void setIcon() {
   Fl_Window::default_icon(&icon);
 }
 
-/// Loads pictures that are not shown anywhere.
+/// Kept: loads pictures that are not shown anywhere.
 void loadSparePictures() {
   for (const char* name : {"auto.png", "3D.png", "points.png", "ico2d.png", "ico3d.png"}) {
     loadImage("Icons", name);

@@ -24,7 +24,7 @@ btTransform toBullet(const glm::mat4& matrix) {
   return transform;
 }
 
-/// Bullet's debug drawing as lines of immediate-mode GL. It is never called while drawing a frame.
+/// Bullet's debug drawing as lines of immediate-mode GL. Kept: nothing calls it.
 class BulletDebugDrawer_DeprecatedOpenGL : public btIDebugDraw {
  public:
   void drawLine(const btVector3& from, const btVector3& to, const btVector3& colour) override {
