@@ -64,8 +64,8 @@ class Scene {
   /// Begins a whole frame that `advance` draws in slices, with other frames in between at most
   /// elsewhere.
   void begin(const Subject& subject);
-  /// Builds and draws on for about `milliseconds`. Returns whether the frame is complete. `subject`
-  /// must be that of `begin`, and what it shows must not have changed.
+  /// Builds the next rows (about 40 ms), or draws on for about `milliseconds`. Returns whether the
+  /// frame is complete. `subject` must be that of `begin`, and what it shows must not have changed.
   bool advance(const Subject& subject, double milliseconds);
   /// Whether a whole frame must first build the mesh, or the one begun still builds it.
   [[nodiscard]] bool fullMeshNeeded(const ShownSurface& shown) const;
