@@ -2,7 +2,6 @@
 
 #include <FL/Fl.H>
 
-#include <algorithm>
 #include <array>
 #include <cstdio>
 #include <utility>
@@ -20,10 +19,6 @@ namespace {
 constexpr const char* kLogFile = "GLWindow.log";
 // By then the rasteriser has finished the first frame of a surface.
 constexpr double kTidyAfter = 0.3;  // seconds
-// A motion that pauses for so long is taken to rest.
-constexpr double kRest = 0.15;  // seconds
-// How long a slice of a frame may take.
-constexpr double kSlice = 25.0;  // milliseconds
 
 void tidyMemory(void* /*data*/) { releaseSpareMemory(); }
 
@@ -63,7 +58,7 @@ GLWindow::GLWindow(int x, int y, int w, int h, const char* label)
   };
 }
 
-GLWindow::~GLWindow() { abandonFull(); }
+GLWindow::~GLWindow() { stopSlices(); }
 
 void GLWindow::measureSoon() {
   const Fl_Timeout_Handler measure = [](void* view) {
@@ -153,103 +148,67 @@ Subject GLWindow::subject() {
 
 void GLWindow::draw() {
   if (onDraw) onDraw();
-  abandonFull();
+  stopSlices();
   if (!shown_.modelLoaded() || !glReady_) {
     Scene::drawNothing();
     return;
   }
   if (showKept()) return;
-  coarseStepNeeded() > 1 ? drawCoarse() : drawFull();
-}
-
-void GLWindow::drawWhole() {
-  abandonFull();
-  if (shown_.modelLoaded() && glReady_) drawFull();
-}
-
-std::size_t GLWindow::coarseStepNeeded() {
-  const HeightGrid& grid = *shown_.measured().shown();
-  if (pacer_.fullIsFast(grid.count())) return 1;
-  return std::max<std::size_t>(coarseStep(grid, pacer_.coarsePoints()), 2);
-}
-
-void GLWindow::drawFull() {
-  const std::size_t points = shown_.measured().shown()->count();
-  const bool timed = points > FramePacer::kSmallSurface && !scene_.fullMeshNeeded(shown_);
-  const Stopwatch watch;
   const FrameReport report = scene_.draw(subject());
-  if (timed) {
-    glFinish();
-    pacer_.fullTook(points, watch.milliseconds());
+  if (scene_.isWhole()) {
+    keepFrame();
+  } else {
+    keepNothing();
+    drawSlicesAfter(scene_.restLeft());
   }
-  fullPending_ = false;
-  keepFrame();
   endFrame(report);
 }
 
-void GLWindow::drawCoarse() {
-  const std::size_t step = coarseStepNeeded();
-  const bool timed = !scene_.coarseMeshNeeded(shown_, step);
-  endFrame(scene_.drawCoarse(subject(), step));
-  if (timed) coarseDrawn_ = coarseVertices(*shown_.measured().shown(), step);
-  fullPending_ = true;
-  keepNothing();
-  const std::uint64_t measurement = shown_.measurementRevision();
-  const bool opened = std::exchange(opened_, measurement) != measurement;
-  const bool released = std::exchange(released_, false);
-  beginFullAfter(opened || released ? 0.0 : kRest);
+void GLWindow::drawWhole() {
+  stopSlices();
+  if (shown_.modelLoaded() && glReady_) endFrame(scene_.drawWhole(subject()));
 }
 
 void GLWindow::flush() {
   const Stopwatch watch;
-  coarseDrawn_ = 0;
   GlPane::flush();
-  tellFrame(!fullPending_);
-  if (coarseDrawn_ == 0) return;
-  pacer_.coarseTook(coarseDrawn_, watch.milliseconds());
+  if (!scene_.isWhole()) glFinish();
+  scene_.wasPresented(watch.milliseconds());
+  tellFrame(scene_.isWhole());
 }
 
-void GLWindow::beginFullAfter(double seconds) {
-  Fl::remove_timeout(beginFull, this);
-  Fl::add_timeout(seconds, beginFull, this);
+void GLWindow::drawSlicesAfter(double seconds) {
+  Fl::remove_timeout(beginSlices, this);
+  Fl::add_timeout(seconds, beginSlices, this);
 }
 
-void GLWindow::beginFull(void* window) {
-  auto* view = static_cast<GLWindow*>(window);
-  if (view->damage() != 0 || view->visible_r() == 0) return;  // `draw` follows
-  view->abandonFull();
-  view->make_current();
-  view->scene_.begin(view->subject());
-  view->slicesTook_ = 0.0;
-  Fl::add_idle(drawSlice, view);
-}
-
-void GLWindow::abandonFull() {
-  Fl::remove_timeout(beginFull, this);
+void GLWindow::stopSlices() {
+  Fl::remove_timeout(beginSlices, this);
   Fl::remove_idle(drawSlice, this);
 }
 
-void GLWindow::drawSlice(void* window) { static_cast<GLWindow*>(window)->drawSlice(); }
+void GLWindow::beginSlices(void* window) {
+  auto* view = static_cast<GLWindow*>(window);
+  view->stopSlices();
+  if (view->damage() != 0 || view->visible_r() == 0) return;  // `draw` follows
+  view->make_current();
+  view->scene_.begin(view->subject());
+  Fl::add_idle(drawSlice, view);
+}
 
-void GLWindow::drawSlice() {
-  if (damage() != 0 || visible_r() == 0) {  // `draw` follows
-    abandonFull();
-    return;
+void GLWindow::drawSlice(void* window) {
+  auto* view = static_cast<GLWindow*>(window);
+  const bool changed = view->damage() != 0 || view->visible_r() == 0;  // `draw` follows
+  if (!changed) {
+    view->make_current();
+    if (!view->scene_.advance(view->subject())) return;
   }
-  make_current();
-  const bool building = scene_.fullMeshNeeded(shown_);
-  const Stopwatch watch;
-  const bool complete = scene_.advance(subject(), kSlice);
-  if (complete) glFinish();
-  if (!building) slicesTook_ += watch.milliseconds();
-  if (!complete) return;
-  abandonFull();
-  pacer_.fullTook(shown_.measured().shown()->count(), slicesTook_);
-  fullPending_ = false;
-  keepFrame();
-  swap_buffers();
+  view->stopSlices();
+  if (changed) return;
+  view->keepFrame();
+  view->swap_buffers();
   tellFrame(true);
-  endFrame(scene_.report());
+  view->endFrame(view->scene_.report());
 }
 
 void GLWindow::endFrame(const FrameReport& report) {
@@ -273,14 +232,16 @@ int GLWindow::handle(int event) {
     case FL_PUSH:
       hand_.press(eventPoint(), eventButton());
       return 1;
-    case FL_RELEASE:
-      released_ = fullPending_;
-      if (hand_.release(eventPoint(), heldOr(eventButton()))) {
+    case FL_RELEASE: {
+      const bool changed = hand_.release(eventPoint(), heldOr(eventButton()));
+      scene_.endMotion(changed);
+      if (changed) {
         redraw();
-      } else if (std::exchange(released_, false)) {
-        beginFullAfter(0.0);
+      } else if (!scene_.isWhole()) {
+        drawSlicesAfter(0.0);
       }
       return 1;
+    }
     case FL_DRAG:
       hand_.drag(eventPoint(), heldOr({}));
       redraw();

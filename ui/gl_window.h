@@ -5,13 +5,12 @@
 #include <string>
 
 #include "geometry/camera.h"
-#include "geometry/frame_pacer.h"
 #include "resfile/res_file.h"
 #include "surface/shown_surface.h"
 #include "ui/gl_pane.h"
 #include "ui/profiler.h"
 #include "view/mouse_hand.h"
-#include "view/scene.h"
+#include "view/paced_scene.h"
 #include "view/tools.h"
 
 namespace morvane {
@@ -19,10 +18,6 @@ namespace morvane {
 /// Passes FLTK's events to the objects that it owns: the measurement-file object, the surface
 /// shown, the camera, the tools and the scene that draws them. Makes GL calls in `draw()` and
 /// `handle()` only.
-///
-/// Where a whole frame takes long, a change first draws a coarse one. When the picture rests, the
-/// whole frame is drawn in slices from the event loop; the next change abandons it. It is drawn in
-/// the back buffer, so the screen keeps the coarse frame until the whole one is complete.
 class GLWindow : public GlPane {
  public:
   GLWindow(int x, int y, int w, int h, const char* label);
@@ -71,16 +66,11 @@ class GLWindow : public GlPane {
 
  private:
   [[nodiscard]] Subject subject();
-  /// Draws a whole frame in one go.
-  void drawFull();
-  void drawCoarse();
-  /// The step of the coarse surface; 1 if a whole frame is fast enough.
-  [[nodiscard]] std::size_t coarseStepNeeded();
-  void beginFullAfter(double seconds);
-  static void beginFull(void* window);
-  void abandonFull();
+  /// Draws a whole frame in slices, from the event loop, after `seconds`.
+  void drawSlicesAfter(double seconds);
+  static void beginSlices(void* window);
   static void drawSlice(void* window);
-  void drawSlice();
+  void stopSlices();
   void endFrame(const FrameReport& report);
   /// Brings the numbers up to date where no frame will.
   void measureSoon();
@@ -92,17 +82,11 @@ class GLWindow : public GlPane {
   Camera camera_;
   Tools tools_;
   MouseHand hand_{shown_, camera_, tools_};
-  Scene scene_;
+  PacedScene scene_;
   SceneOptions options_;
-  FramePacer pacer_;
-  bool fullPending_ = false;     // the screen shows a coarse frame
-  bool released_ = false;        // the mouse, so the motion has ended
-  double slicesTook_ = 0.0;      // milliseconds, for the frame that is drawn in slices
-  std::size_t coarseDrawn_ = 0;  // points of the coarse frame to be timed
-  std::uint64_t opened_ = 0;     // the last measurement drawn
-  Profiler* profiler_;           // owned by FLTK
-  bool firstShow_ = true;        // GLEW not yet initialised
-  bool glReady_ = false;         // GLEW found the functions the view calls
+  Profiler* profiler_;     // owned by FLTK
+  bool firstShow_ = true;  // GLEW not yet initialised
+  bool glReady_ = false;   // GLEW found the functions the view calls
   bool troubleReported_ = false;
 };
 

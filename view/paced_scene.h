@@ -1,0 +1,57 @@
+// Decides which frames of a scene are whole, which are coarse, and when a whole one follows.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "geometry/frame_pacer.h"
+#include "view/scene.h"
+
+namespace morvane {
+
+/// Where a whole frame takes long, a change first draws a coarse one. When the picture rests the
+/// whole frame is drawn in slices; the next change abandons it. It is drawn in the back buffer, so
+/// the screen keeps the coarse frame until the whole one is complete.
+///
+/// Knows no window. The functions that draw need its current GL context.
+class PacedScene {
+ public:
+  /// The font of the texts.
+  void setFont(const std::string& path) { scene_.setFont(path); }
+
+  /// Draws a frame of what has changed, and abandons the one that is drawn in slices.
+  FrameReport draw(const Subject& subject);
+  /// Draws a whole frame in one go.
+  FrameReport drawWhole(const Subject& subject);
+  /// Whether the last frame is whole. If not, `begin` must follow after `restLeft` seconds.
+  [[nodiscard]] bool isWhole() const { return whole_; }
+  [[nodiscard]] double restLeft() const { return restLeft_; }
+  /// Says that the motion has ended, `changed` by one more frame: there is no rest to wait for.
+  void endMotion(bool changed) { motionEnded_ = changed; }
+
+  /// Begins a whole frame, which `advance` draws.
+  void begin(const Subject& subject);
+  /// Draws a slice of it; not if anything has changed since `begin`. Returns whether the frame is
+  /// complete.
+  bool advance(const Subject& subject);
+  /// The outcome of the frame that `advance` completed.
+  [[nodiscard]] const FrameReport& report() const { return scene_.report(); }
+
+  /// Says how long the last frame took until it was on the screen.
+  void wasPresented(double milliseconds);
+
+ private:
+  [[nodiscard]] std::size_t coarseStepFor(ShownSurface& shown) const;
+  FrameReport drawCoarse(const Subject& subject, std::size_t step);
+
+  Scene scene_;
+  FramePacer pacer_;
+  bool whole_ = true;
+  bool motionEnded_ = false;
+  double restLeft_ = 0.0;
+  double slicesTook_ = 0.0;      // milliseconds, for the frame that is drawn in slices
+  std::size_t coarseTimed_ = 0;  // points of the coarse frame whose time is wanted
+  std::uint64_t drawn_ = 0;      // the last measurement drawn
+};
+
+}  // namespace morvane
