@@ -8,10 +8,7 @@ namespace morvane {
 
 bool GlPane::showKept() { return damage() == FL_DAMAGE_EXPOSE && valid() != 0 && kept_.put(); }
 
-void GlPane::keepFrame() {
-  // During a drag the next frame follows at once.
-  Fl::pushed() == this ? kept_.forget() : kept_.take(pixel_w(), pixel_h());
-}
+void GlPane::keepFrame() { kept_.take(pixel_w(), pixel_h()); }
 
 ScreenPart GlPane::picture() {
   if (shown() == 0 || visible_r() == 0) return {};

@@ -22,9 +22,9 @@ class GlPane : public Fl_Gl_Window {
   /// Shows the kept frame if nothing has changed since: the window was only uncovered. False when a
   /// frame must be drawn. For use in `draw()`.
   bool showKept();
-  /// Keeps the frame just drawn, except during a drag.
+  /// Keeps the frame just drawn.
   void keepFrame();
-  /// Keeps none: the frame just drawn is not complete.
+  /// Keeps none.
   void keepNothing() { kept_.forget(); }
 
  private:

@@ -22,6 +22,8 @@ constexpr double kTidyAfter = 0.3;  // seconds
 
 void tidyMemory(void* /*data*/) { releaseSpareMemory(); }
 
+void redrawLater(void* window) { static_cast<Fl_Widget*>(window)->redraw(); }
+
 /// The button of the current event.
 HeldButtons eventButton() {
   return {.left = Fl::event_button() == FL_LEFT_MOUSE,
@@ -58,7 +60,10 @@ GLWindow::GLWindow(int x, int y, int w, int h, const char* label)
   };
 }
 
-GLWindow::~GLWindow() { stopSlices(); }
+GLWindow::~GLWindow() {
+  stopSlices();
+  Fl::remove_timeout(redrawLater, this);
+}
 
 void GLWindow::measureSoon() {
   const Fl_Timeout_Handler measure = [](void* view) {
@@ -154,19 +159,32 @@ void GLWindow::draw() {
     return;
   }
   if (showKept()) return;
+  const bool uncovered = damage() == FL_DAMAGE_EXPOSE;
+  const bool resized = valid() == 0;
   const FrameReport report = scene_.draw(subject());
-  if (scene_.isWhole()) {
+  // During a drag the next frame follows at once.
+  if (scene_.isWhole() && Fl::pushed() != this) {
     keepFrame();
   } else {
     keepNothing();
-    drawSlicesAfter(scene_.restLeft());
+  }
+  if (!scene_.isWhole()) {
+    drawSlicesAfter(uncovered ? 0.0 : scene_.restLeft());
+    // Where slices were drawn, Mesa resizes the back buffer only after the next swap. FLTK forgets
+    // a redraw that is requested in `draw`.
+    if (resized) Fl::add_timeout(0.0, redrawLater, this);
   }
   endFrame(report);
 }
 
 void GLWindow::drawWhole() {
   stopSlices();
-  if (shown_.modelLoaded() && glReady_) endFrame(scene_.drawWhole(subject()));
+  if (!shown_.modelLoaded() || !glReady_) {
+    Scene::drawNothing();
+    return;
+  }
+  endFrame(scene_.drawWhole(subject()));
+  tellFrame(true);
 }
 
 void GLWindow::flush() {
@@ -237,7 +255,7 @@ int GLWindow::handle(int event) {
       scene_.endMotion(changed);
       if (changed) {
         redraw();
-      } else if (!scene_.isWhole()) {
+      } else if (!scene_.isWhole() && Fl::has_idle(drawSlice, this) == 0) {
         drawSlicesAfter(0.0);
       }
       return 1;

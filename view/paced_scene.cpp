@@ -34,7 +34,7 @@ FrameReport PacedScene::drawWhole(const Subject& subject) {
   const bool timed = points > FramePacer::kSmallSurface && !scene_.fullMeshNeeded(subject.shown);
   const Stopwatch watch;
   FrameReport report = scene_.draw(subject);
-  if (timed) {
+  if (timed && scene_.fullMeshHasAll()) {
     glFinish();
     pacer_.fullTook(points, watch.milliseconds());
   }
@@ -71,7 +71,7 @@ bool PacedScene::advance(const Subject& subject) {
   if (complete) glFinish();
   if (!building) slicesTook_ += watch.milliseconds();
   if (!complete) return false;
-  pacer_.fullTook(pointsOf(subject.shown), slicesTook_);
+  if (scene_.fullMeshHasAll()) pacer_.fullTook(pointsOf(subject.shown), slicesTook_);
   whole_ = true;
   return true;
 }

@@ -57,6 +57,7 @@ FrameReport Scene::drawCoarse(const Subject& subject, std::size_t step) {
     coarseRevision_ = subject.shown.meshRevision();
   }
   clear(subject.viewport);
+  frame_.look.filled = true;  // between so few points there would be gaps
   surface_.beginDrawing(Detail::kCoarse);
   surface_.advanceDrawing(frame_.matrices, frame_.eye, frame_.look,
                           std::numeric_limits<double>::infinity());
@@ -117,8 +118,7 @@ void Scene::generateBuffers(FrameReport& report) {
 
 void Scene::endBuilding(const Subject& subject) {
   frame_.building = false;
-  frame_.report.meshBuilt = true;
-  frame_.report.notShown = surface_.trouble();
+  meshBuilt_ = true;
   fullRevision_ = subject.shown.meshRevision();
   binding_.print("Model Binding Time: ");
 }
@@ -162,6 +162,9 @@ void Scene::drawRest(const Subject& subject) {
   }
   if (keyShown) drawKey(shown, column);
   drawAlterations(shown);
+  // The frame that built the mesh may have been abandoned.
+  frame_.report.meshBuilt = std::exchange(meshBuilt_, false);
+  if (frame_.report.meshBuilt) frame_.report.notShown = surface_.trouble();
   checkGl("surface");
 }
 

@@ -69,6 +69,8 @@ class Scene {
   bool advance(const Subject& subject, double milliseconds);
   /// Whether a whole frame must first build the mesh, or the one begun still builds it.
   [[nodiscard]] bool fullMeshNeeded(const ShownSurface& shown) const;
+  /// Whether the full mesh has all points of the surface; if not, memory was short.
+  [[nodiscard]] bool fullMeshHasAll() const { return surface_.fullStep() == 1; }
   /// The outcome of the frame that `advance` completed.
   [[nodiscard]] const FrameReport& report() const { return frame_.report; }
 
@@ -106,6 +108,7 @@ class Scene {
   std::uint64_t begunRevision_ = 0;   // of the full mesh whose building has begun
   std::uint64_t coarseRevision_ = 0;  // of the coarse one
   std::uint64_t keyRevision_ = 0;     // of the mesh that the key was built for
+  bool meshBuilt_ = false;            // and not yet reported
   bool needsBuffers_ = true;          // programs and buffers must be made
   bool keyBuffersNeeded_ = true;
 };
