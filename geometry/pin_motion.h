@@ -6,7 +6,7 @@
 #include <glm/vec2.hpp>
 #include <glm/vec3.hpp>
 
-#include "resfile/region_file.h"
+#include "resfile/grid_region.h"
 
 namespace morvane {
 

@@ -1,7 +1,6 @@
 // Saves a region of a measurement as a measurement file.
 #pragma once
 
-#include <cstddef>
 #include <cstdint>
 #include <span>
 #include <string>
@@ -9,19 +8,12 @@
 #include <vector>
 
 #include "base/byte_sink.h"
+#include "resfile/grid_region.h"
 #include "resfile/height_grid.h"
 #include "resfile/measurement.h"
 #include "resfile/res_file.h"
 
 namespace morvane {
-
-/// A rectangle of grid points.
-struct GridRegion {
-  std::size_t column = 0;
-  std::size_t row = 0;
-  std::size_t width = 0;
-  std::size_t height = 0;
-};
 
 /// The heights of `region` of `grid`, in row order. The region must lie inside the grid.
 std::vector<double> cutHeights(const HeightGrid& grid, const GridRegion& region);
