@@ -48,17 +48,16 @@ void list(const resFile& file) {
 void cutThrough(const SurfaceModel& model, const ResHeader& header, const PinPair& dragged) {
   const HeightGrid& grid = *model.shown();
   const GridSize size = {grid.width(), grid.height()};
-  const ProfileClip clip = {model.crop.on, model.crop.min, model.crop.max};
   const PinPair corners = gridCorners(size);
   for (const PinPair& pins :
        {profilePins(size), corners, swapped(corners), dragged, swapped(dragged)}) {
-    const ProfileSection section = sampleProfile(grid, pins, clip);
+    const ProfileSection section = sampleProfile(grid, pins, model.crop);
     const auto step =
         static_cast<float>(pixelSizeAlong(pins, header.pixelSizeX, header.pixelSizeY));
     const auto textWidth = [](std::string_view text, float scale) {
       return static_cast<float>(text.size()) * scale;
     };
-    const PlotData data{section, clip, step, model.limits().zMax, model.limits().zMin};
+    const PlotData data{section, model.crop, step, model.limits().zMax, model.limits().zMin};
     for (const int width : {1130, 120}) {
       const ProfilePlot plotted = layOutProfile(data, width, 250, textWidth);
       for (const glm::vec2& end : plotted.levels) {

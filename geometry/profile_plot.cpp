@@ -118,7 +118,7 @@ class Layout {
     };
     // Whether the segment after a sample lies on a limit.
     const auto flat = [&](std::size_t i) {
-      return data_.clip.on && (height(i) == data_.clip.high || height(i) == data_.clip.low) &&
+      return data_.crop.on && (height(i) == data_.crop.max || height(i) == data_.crop.min) &&
              (!there(i + 1) || height(i) == height(i + 1));
     };
     for (std::size_t i = 0; i < drawn.size(); ++i) {

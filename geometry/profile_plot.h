@@ -13,7 +13,7 @@ namespace morvane {
 /// What is plotted.
 struct PlotData {
   const ProfileSection& section;
-  ProfileClip clip;
+  Crop crop;               ///< of the section's heights
   float pixelSize = 0.0F;  ///< spacing of the samples, mm
   float limitHigh = 0.0F;  ///< heat-map limits; they scale the plot of a flat line
   float limitLow = 0.0F;

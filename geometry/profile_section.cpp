@@ -98,12 +98,6 @@ float firstFiniteHeight(const HeightGrid& grid) {
   return found == values.end() ? 0.0F : static_cast<float>(*found);
 }
 
-float clipped(float height, const ProfileClip& clip) {
-  if (!clip.on) return height;
-  if (height > clip.high) return clip.high;
-  return height < clip.low ? clip.low : height;
-}
-
 }  // namespace
 
 float lineLength(const PinPair& pins) { return glm::length(glm::vec2(pins.b) - glm::vec2(pins.a)); }
@@ -129,7 +123,7 @@ PinPair pinsOn(const GridPoint& a, const GridPoint& b) {
           {coordinate(b.column), coordinate(b.row), 0.0F}};
 }
 
-ProfileSection sampleProfile(const HeightGrid& grid, const PinPair& pins, const ProfileClip& clip) {
+ProfileSection sampleProfile(const HeightGrid& grid, const PinPair& pins, const Crop& crop) {
   ProfileSection section;
   if (grid.count() == 0) return section;
   const GridSize size = {grid.width(), grid.height()};
@@ -142,7 +136,7 @@ ProfileSection sampleProfile(const HeightGrid& grid, const PinPair& pins, const 
   section.samples.reserve(line.count);
   const Sampler sampler(grid, line);
   for (std::size_t i = 0; i < line.count; ++i) {
-    const float height = clipped(sampler.height(i), clip);
+    const float height = crop.clamp(sampler.height(i));
     section.samples.emplace_back(static_cast<float>(i) / kPointsPerUnit, height, 0.0F);
     if (std::isnan(height)) continue;
     const bool first = section.drawn++ == 0;

@@ -9,15 +9,9 @@
 
 #include "geometry/pin_motion.h"
 #include "resfile/height_grid.h"
+#include "surface/surface_limits.h"
 
 namespace morvane {
-
-/// The heat-map limits to which sampled heights are clipped while `on`.
-struct ProfileClip {
-  bool on = false;
-  float low = 0.0F;
-  float high = 0.0F;
-};
 
 /// One sampled line. Heights are in single precision and the unit of the grid.
 struct ProfileSection {
@@ -71,8 +65,9 @@ PinPair pinsOn(const GridPoint& a, const GridPoint& b);
 /// sample is the mean of two linear interpolations in the direction of travel: toward the next row
 /// and toward the next column. Points outside the grid, such as those in the step beyond the last
 /// column, have the height of the nearest column or row. Pins less than half a step apart give no
-/// samples. Throws std::bad_alloc when there is not enough memory for the samples.
-ProfileSection sampleProfile(const HeightGrid& grid, const PinPair& pins, const ProfileClip& clip);
+/// samples. The heights are clamped by `crop`. Throws std::bad_alloc when there is not enough
+/// memory for the samples.
+ProfileSection sampleProfile(const HeightGrid& grid, const PinPair& pins, const Crop& crop);
 
 /// The indices of the samples to draw, in order. If there are more samples than a picture can show,
 /// they are split into many equal parts, and only the lowest sample, the highest sample and a gap

@@ -31,10 +31,6 @@ GridSize ProfileTool::gridSize() const {
   return {surface_.heights->width(), surface_.heights->height()};
 }
 
-ProfileClip ProfileTool::clip() const {
-  return {.on = surface_.crop.on, .low = surface_.crop.min, .high = surface_.crop.max};
-}
-
 void ProfileTool::loadPins() {
   *log_ << "loading pins....\n";
   pins_[0].colour = kFirstPinColour;
@@ -78,7 +74,7 @@ const ProfileSection& ProfileTool::section() {
     section_ = {};
     try {
       if (pinsExist_ && surface_.heights) {
-        section_ = sampleProfile(*surface_.heights, placesOf(pins_), clip());
+        section_ = sampleProfile(*surface_.heights, placesOf(pins_), surface_.crop);
       }
     } catch (const std::bad_alloc&) {
       *log_ << "There is not enough memory for this section.\n";

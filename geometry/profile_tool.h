@@ -58,8 +58,6 @@ class ProfileTool {
   /// Swaps the places of the two pins.
   void swapPins();
 
-  /// The limits to which the section's heights are clipped.
-  [[nodiscard]] ProfileClip clip() const;
   /// The section between the pins, computed again if anything has changed.
   const ProfileSection& section();
 

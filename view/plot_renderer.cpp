@@ -68,8 +68,8 @@ void PlotRenderer::draw(ProfileTool& tool, int width, int height) {
   const ProfileSurface& surface = tool.surface();
   const double pixelSize =
       pixelSizeAlong(placesOf(tool.pins()), surface.pixelSizeX, surface.pixelSizeY);
-  const PlotData data{tool.section(), tool.clip(), static_cast<float>(pixelSize), surface.limitHigh,
-                      surface.limitLow};
+  const PlotData data{tool.section(), surface.crop, static_cast<float>(pixelSize),
+                      surface.limitHigh, surface.limitLow};
   const ProfilePlot plotted = layOutProfile(
       data, width, height,
       [this](std::string_view text, float scale) { return text_.width(text, scale); });

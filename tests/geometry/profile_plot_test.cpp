@@ -30,8 +30,8 @@ ProfileSection sectionOf(const std::vector<float>& heights) {
   return section;
 }
 
-ProfilePlot plotted(const ProfileSection& section, int width = 1130, ProfileClip clip = {}) {
-  return layOutProfile({section, clip, 0.02F, 8.0F, -10.0F}, width, 250, monospaced);
+ProfilePlot plotted(const ProfileSection& section, int width = 1130, const Crop& crop = {}) {
+  return layOutProfile({section, crop, 0.02F, 8.0F, -10.0F}, width, 250, monospaced);
 }
 
 bool hasText(const ProfilePlot& plot, const std::string& text) {

@@ -39,9 +39,9 @@ TEST_P(GoldenProfile, IsSampledAlike) {
     return glm::vec3(rows.at(name).at(0), rows.at(name).at(1), 0.05F);
   };
   const GoldenRow& clamp = rows.at("clamp");
-  ProfileClip clip;
-  if (clamp.line != "clamp off") clip = {true, clamp.at(0), clamp.at(1)};
-  const ProfileSection section = sampleProfile(grid, {pin("pinA"), pin("pinB")}, clip);
+  Crop crop;
+  if (clamp.line != "clamp off") crop = {true, clamp.at(0), clamp.at(1)};
+  const ProfileSection section = sampleProfile(grid, {pin("pinA"), pin("pinB")}, crop);
 
   EXPECT_EQ(grid.width(), rows.at("size").size(0));
   EXPECT_EQ(grid.height(), rows.at("size").size(1));
