@@ -91,13 +91,6 @@ class Sampler {
   std::int64_t startMinusEnd_;  // difference of the element indices of both ends
 };
 
-float firstFiniteHeight(const HeightGrid& grid) {
-  const auto values = grid.values();
-  const auto found =
-      std::find_if(values.begin(), values.end(), [](double h) { return !isMissing(h); });
-  return found == values.end() ? 0.0F : static_cast<float>(*found);
-}
-
 }  // namespace
 
 float lineLength(const PinPair& pins) { return glm::length(glm::vec2(pins.b) - glm::vec2(pins.a)); }
@@ -128,7 +121,8 @@ ProfileSection sampleProfile(const HeightGrid& grid, const PinPair& pins, const 
   if (grid.count() == 0) return section;
   const GridSize size = {grid.width(), grid.height()};
   section.lineLength = lineLength(clampedToGrid(pins, size));
-  section.sampleMin = section.sampleMax = firstFiniteHeight(grid);
+  const auto known = grid.firstFinite();
+  section.sampleMin = section.sampleMax = known ? static_cast<float>(grid.values()[*known]) : 0.0F;
   const SampleLine line = sampleLine(size, pins);
   if (line.count == 0) return section;
   if (line.count > kMostSamples) throw std::bad_alloc();

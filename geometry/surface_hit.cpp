@@ -43,6 +43,10 @@ Line overGrid(const Ray& ray, const glm::mat4& overlay) {
           glm::dvec3(back * glm::dvec4(glm::dvec3(ray.direction), 0.0)) * toGrid};
 }
 
+double toModel(const DrawnHeights& heights, float drawn) {
+  return double{drawn} * heightToModel(heights.zScale) + heights.lift;
+}
+
 bool isFinite(const glm::dvec3& v) {
   return std::isfinite(v.x) && std::isfinite(v.y) && std::isfinite(v.z);
 }
@@ -110,18 +114,15 @@ class SurfaceWalk {
   }
 
  private:
-  [[nodiscard]] double drawnHeight(std::int64_t column, std::int64_t row) const {
-    const double height =
-        heights_.grid.row(static_cast<std::size_t>(row))[static_cast<std::size_t>(column)];
-    if (isMissing(height)) return std::numeric_limits<double>::quiet_NaN();
-    return modelHeight(heights_, static_cast<float>(height));
+  [[nodiscard]] double heightAt(std::int64_t column, std::int64_t row) const {
+    return modelHeight(heights_, static_cast<std::size_t>(row), static_cast<std::size_t>(column));
   }
 
   std::optional<double> crossingInCell(std::int64_t column, std::int64_t row, Span span) {
-    const double near = drawnHeight(column, row);
-    const double across = drawnHeight(column + 1, row);
-    const double below = drawnHeight(column, row + 1);
-    const double far = drawnHeight(column + 1, row + 1);
+    const double near = heightAt(column, row);
+    const double across = heightAt(column + 1, row);
+    const double below = heightAt(column, row + 1);
+    const double far = heightAt(column + 1, row + 1);
     corner_ = {static_cast<double>(column), static_cast<double>(row)};
     // The two triangles of a cell meet on the diagonal from its first point to the opposite one.
     const Facet lower = {near, far - below, below - near};
@@ -172,15 +173,16 @@ class SurfaceWalk {
 };
 
 std::optional<double> meanPlaneCrossing(const DrawnHeights& heights, const Line& line) {
-  const double t = (modelHeight(heights, heights.mean) - line.origin.z) / line.direction.z;
+  const double t =
+      (toModel(heights, heights.crop.clamp(heights.mean)) - line.origin.z) / line.direction.z;
   if (!(t >= 0.0 && t <= kRayLength)) return std::nullopt;
   return t;
 }
 
 }  // namespace
 
-double modelHeight(const DrawnHeights& heights, float height) {
-  return double{heights.crop.clamp(height)} * heightToModel(heights.zScale) + heights.lift;
+double modelHeight(const DrawnHeights& heights, std::size_t row, std::size_t column) {
+  return toModel(heights, drawnHeight(heights.grid.row(row)[column], heights.crop));
 }
 
 std::optional<SurfaceHit> surfaceHit(const DrawnHeights& heights, const Ray& ray,

@@ -2,6 +2,7 @@
 // drawn.
 #pragma once
 
+#include <cstddef>
 #include <glm/mat4x4.hpp>
 #include <glm/vec3.hpp>
 #include <optional>
@@ -21,8 +22,8 @@ struct DrawnHeights {
   float lift = 0.0F;    ///< offset at which they are drawn, model units
 };
 
-/// The model z of a height.
-double modelHeight(const DrawnHeights& heights, float height);
+/// The model z of a grid point; NaN for a missing one.
+double modelHeight(const DrawnHeights& heights, std::size_t row, std::size_t column);
 
 struct SurfaceHit {
   glm::vec3 point;  ///< in pin space: model units before centring, rotation and pan

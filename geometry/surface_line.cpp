@@ -1,7 +1,6 @@
 #include "geometry/surface_line.h"
 
 #include <cmath>
-#include <limits>
 
 #include "geometry/camera.h"
 #include "surface/mesh.h"
@@ -25,11 +24,8 @@ std::vector<glm::vec3> regionOutline(const DrawnHeights& heights, const GridRegi
   std::size_t column = region.column;
   std::size_t row = region.row;
   const auto add = [&] {
-    const double height = heights.grid.row(row)[column];
-    const double z = isMissing(height) ? std::numeric_limits<double>::quiet_NaN()
-                                       : modelHeight(heights, static_cast<float>(height));
-    outline.emplace_back(static_cast<float>(column) / kPointsPerUnit,
-                         static_cast<float>(row) / kPointsPerUnit, static_cast<float>(z));
+    outline.emplace_back(modelUnits(column), modelUnits(row),
+                         static_cast<float>(modelHeight(heights, row, column)));
   };
   const std::size_t lastColumn = region.column + region.width - 1;
   const std::size_t lastRow = region.row + region.height - 1;

@@ -1,5 +1,6 @@
 #include "resfile/height_grid.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <limits>
 
@@ -21,6 +22,12 @@ std::shared_ptr<HeightGrid> HeightGrid::zeroed(std::int64_t width, std::int64_t 
   adviseHugePages(memory, count * sizeof(double));
   return std::shared_ptr<HeightGrid>(new HeightGrid(
       static_cast<std::size_t>(width), static_cast<std::size_t>(height), Memory(memory)));
+}
+
+std::optional<std::size_t> HeightGrid::firstFinite() const {
+  const auto found = std::ranges::find_if_not(values(), isMissing);
+  if (found == values().end()) return std::nullopt;
+  return static_cast<std::size_t>(found - values().begin());
 }
 
 }  // namespace morvane

@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <limits>
 #include <memory>
+#include <optional>
 #include <span>
 #include <utility>
 
@@ -36,6 +37,9 @@ class HeightGrid {
   [[nodiscard]] std::span<const double> row(std::size_t y) const {
     return values().subspan(y * width_, width_);
   }
+
+  /// The index of the first height that is not missing; none if all are.
+  [[nodiscard]] std::optional<std::size_t> firstFinite() const;
 
  private:
   struct Free {

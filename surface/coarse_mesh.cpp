@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cstring>
-#include <limits>
 #include <span>
 
 #include "surface/face_normals.h"
@@ -36,9 +35,7 @@ class VertexBuilder {
 
  private:
   [[nodiscard]] float height(std::size_t row, std::size_t column) const {
-    const auto value = grid_.row(row)[column];
-    return isMissing(value) ? std::numeric_limits<float>::quiet_NaN()
-                            : look_.crop.clamp(static_cast<float>(value));
+    return drawnHeight(grid_.row(row)[column], look_.crop);
   }
 
   /// The sum of the normals of all faces at a point of the grid, in the order of the full mesh.
@@ -83,9 +80,9 @@ class VertexBuilder {
   CoarseMesh& mesh_;
 };
 
-/// Whether a vertex belongs to a face of the full mesh: then the sum of its face normals points up.
+/// Whether a vertex belongs to a face of the full mesh.
 bool hasFace(const CoarseMesh& mesh, std::size_t vertex) {
-  return mesh.normals[3 * vertex + 2] > 0.0F;
+  return morvane::hasFace(&mesh.normals[3 * vertex]);
 }
 
 void addCorners(CoarseMesh& mesh, std::size_t columns, std::size_t rows) {

@@ -31,6 +31,10 @@ inline Vec3 unit(const Vec3& vector) {
                 inverseLength(vector.x * vector.x + vector.y * vector.y + vector.z * vector.z));
 }
 
+/// Whether a point with this vertex normal (x, y, z) belongs to a face: then the sum of its face
+/// normals points up.
+inline bool hasFace(const float* normal) { return normal[2] > 0.0F; }
+
 /// The unit normal of a triangle with one edge along a row, `dx` long, from height `left` to
 /// `right`, and one along a column, `dy` long, from height `top` to `bottom`. Zero when a height is
 /// missing (NaN). It is the cross product of the edges without the terms that are zero.

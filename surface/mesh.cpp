@@ -5,7 +5,6 @@
 #include <cmath>
 #include <cstring>
 #include <functional>
-#include <limits>
 #include <utility>
 #include <vector>
 
@@ -47,8 +46,7 @@ struct Corner {
   const PointRow* row;
   std::size_t column;
   [[nodiscard]] bool isMissing() const { return std::isnan(row->heights[column]); }
-  /// Whether it belongs to a face: then the sum of its face normals points up.
-  [[nodiscard]] bool isHeld() const { return row->normals[3 * column + 2] > 0.0F; }
+  [[nodiscard]] bool hasFace() const { return morvane::hasFace(&row->normals[3 * column]); }
 };
 
 /// A row of triangles. Each has one edge along a row, with the heights along[c] and along[c + 1],
@@ -130,24 +128,21 @@ class BandBuilder {
 
  private:
   void findAnchor() {
-    const auto values = grid_.values();
-    const auto found =
-        std::find_if(values.begin(), values.end(), [](double h) { return !isMissing(h); });
-    if (found == values.end()) return;
-    const auto index = static_cast<std::size_t>(found - values.begin());
-    const float z = look_.crop.clamp(static_cast<float>(*found));
-    anchorPosition_ = {columns_[index % points_], modelUnits(index / points_), z};
-    anchorColour_ = colourAt(look_, z, index / points_, index % points_);
+    const auto index = grid_.firstFinite();
+    if (!index) return;
+    const std::size_t row = *index / points_;
+    const std::size_t column = *index % points_;
+    const float z = drawnHeight(grid_.values()[*index], look_.crop);
+    anchorPosition_ = {columns_[column], modelUnits(row), z};
+    anchorColour_ = colourAt(look_, z, row, column);
   }
 
   void loadHeights(std::size_t row, PointRow& target) const {
     const auto source = grid_.row(row);
     bool missing = false;
     for (std::size_t c = 0; c < points_; ++c) {
-      const bool gone = isMissing(source[c]);
-      missing = missing || gone;
-      target.heights[c] = gone ? std::numeric_limits<float>::quiet_NaN()
-                               : look_.crop.clamp(static_cast<float>(source[c]));
+      missing = missing || isMissing(source[c]);
+      target.heights[c] = drawnHeight(source[c], look_.crop);
     }
     target.hasMissing = missing;
   }
@@ -269,14 +264,14 @@ class BandBuilder {
   /// Collapses the triangle at float `offset` if it has a missing corner.
   void collapse(const std::array<Corner, 3>& corners, std::size_t offset) const {
     if (std::none_of(corners.begin(), corners.end(), std::mem_fn(&Corner::isMissing))) return;
-    const auto held = std::find_if(corners.begin(), corners.end(), std::mem_fn(&Corner::isHeld));
+    const auto kept = std::find_if(corners.begin(), corners.end(), std::mem_fn(&Corner::hasFace));
     for (const Corner& corner : corners) {
-      if (held == corners.end()) {
+      if (kept == corners.end()) {
         constexpr Vec3 kUp = {0.0F, 0.0F, 1.0F};
         putVertex(&anchorPosition_, &kUp, anchorColour_.data(), offset);
-      } else if (!corner.isHeld()) {
-        const std::size_t i = 3 * held->column;
-        putVertex(&held->row->positions[i], &held->row->normals[i], &held->row->colours[i], offset);
+      } else if (!corner.hasFace()) {
+        const std::size_t i = 3 * kept->column;
+        putVertex(&kept->row->positions[i], &kept->row->normals[i], &kept->row->colours[i], offset);
       }
       offset += 3;
     }
@@ -299,6 +294,7 @@ class BandBuilder {
   std::vector<float> columns_;  // x of each column
   std::vector<float> steps_;    // distance to the next column
   VectorRow sums_;              // of the faces around each point of a row
+  // The first finite point, where triangles are collapsed none of whose corners has a face.
   Vec3 anchorPosition_{};
   Colour anchorColour_ = kUncoloured;
 };

@@ -26,11 +26,9 @@ Extremes extremesOfRow(std::span<const double> row, Extremes found) {
 }  // namespace
 
 SurfaceLimits findLimits(const HeightGrid& grid, const Crop& crop) {
-  const auto values = grid.values();
-  const auto firstFinite =
-      std::find_if(values.begin(), values.end(), [](double h) { return !isMissing(h); });
-  if (firstFinite == values.end()) return {};
-  const auto first = static_cast<float>(*firstFinite);
+  const auto known = grid.firstFinite();
+  if (!known) return {};
+  const auto first = static_cast<float>(grid.values()[*known]);
 
   std::array<Extremes, kWorkers> found;
   found.fill({first, first});

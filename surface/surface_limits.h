@@ -1,6 +1,8 @@
 // The true and displayed height limits of a surface, and the crop that bounds the displayed ones.
 #pragma once
 
+#include <limits>
+
 #include "resfile/height_grid.h"
 
 namespace morvane {
@@ -20,6 +22,12 @@ struct Crop {
   }
   bool operator==(const Crop&) const = default;
 };
+
+/// The height at which `height` of a grid is drawn; NaN for a missing point.
+inline float drawnHeight(double height, const Crop& crop) {
+  return isMissing(height) ? std::numeric_limits<float>::quiet_NaN()
+                           : crop.clamp(static_cast<float>(height));
+}
 
 struct SurfaceLimits {
   float trueMin = 0.0F;  ///< lowest height of the grid
