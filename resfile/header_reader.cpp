@@ -17,10 +17,10 @@ void logDamage(std::ostream& log, std::string_view field, long long value) {
 }
 
 void takeCommonFields(const std::byte* bytes, ResHeader& header) {
-  header.numType = readLe<std::int32_t>(bytes);
-  header.width = readLe<std::int32_t>(bytes + 4);
-  header.height = readLe<std::int32_t>(bytes + 8);
-  header.headerVersion = readLe<std::int32_t>(bytes + 20);
+  header.numType = readLe<std::int32_t>(bytes + header_offset::kNumType);
+  header.width = readLe<std::int32_t>(bytes + header_offset::kWidth);
+  header.height = readLe<std::int32_t>(bytes + header_offset::kHeight);
+  header.headerVersion = readLe<std::int32_t>(bytes + header_offset::kVersion);
   header.pixelSizeX = readLe<double>(bytes + 24);
   header.pixelSizeY = readLe<double>(bytes + 32);
   header.heightScale = readLe<double>(bytes + 56);

@@ -30,14 +30,14 @@ bool isRegionName(std::string_view name) {
 
 HeaderBytes headerForDoubles(const Measurement& source) {
   HeaderBytes header = source.ownHeader;
-  writeLe(header.data(), kNumTypeDoubles);
+  writeLe(header.data() + header_offset::kNumType, kNumTypeDoubles);
   return header;
 }
 
 void writeHeights(HeaderBytes header, std::span<const double> heights, std::int32_t width,
                   std::int32_t height, ByteSink& sink) {
-  writeLe(header.data() + 4, width);
-  writeLe(header.data() + 8, height);
+  writeLe(header.data() + header_offset::kWidth, width);
+  writeLe(header.data() + header_offset::kHeight, height);
   sink.write(header.data(), header.size());
   sink.write(heights.data(), heights.size_bytes());
 }

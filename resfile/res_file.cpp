@@ -95,7 +95,7 @@ HeaderBytes resFile::readHeader(std::FILE* file, std::int32_t& version) {
   HeaderBytes bytes{};
   headerSize_ = readUpTo(file, bytes.data(), bytes.size());
   ownHeader_ = bytes;
-  version = readLe<std::int32_t>(bytes.data() + 20);
+  version = readLe<std::int32_t>(bytes.data() + header_offset::kVersion);
   *log_ << "(resFile) -- File version: " << version << '\n';
   if (version >= 4) {
     rawHeader_ = bytes;

@@ -16,6 +16,14 @@ namespace morvane {
 inline constexpr std::size_t kHeaderBytes = 256;
 using HeaderBytes = std::array<std::byte, kHeaderBytes>;
 
+/// Where the fields that are read or replaced by themselves are in these bytes.
+namespace header_offset {
+inline constexpr std::size_t kNumType = 0;
+inline constexpr std::size_t kWidth = 4;
+inline constexpr std::size_t kHeight = 8;
+inline constexpr std::size_t kVersion = 20;
+}  // namespace header_offset
+
 /// Element types of the grid in a file.
 inline constexpr std::int32_t kNumTypeDoubles = -7;
 inline constexpr std::int32_t kNumTypeCounts16 = -2;
