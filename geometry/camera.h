@@ -8,12 +8,13 @@
 #include <glm/vec2.hpp>
 #include <glm/vec3.hpp>
 
+#include "surface/statistics.h"
 #include "surface/surface_limits.h"
 
 namespace morvane {
 
-/// Model units per height unit at a z-scale of 1. It is chosen for 1000 grid points per model unit.
-inline constexpr float kHeightToModel = 0.000027F;
+/// `kModelUnitsPerHeight` in the precision of the view.
+inline constexpr auto kHeightToModel = static_cast<float>(kModelUnitsPerHeight);
 
 /// The length of a picking ray in model units, far larger than the scene.
 inline constexpr float kRayLength = 1000.0F;

@@ -27,7 +27,7 @@ float varianceOf(std::span<const double> heights, const HeightMean& mean) {
 
 float automaticScale(float sd, std::size_t width) {
   const double step = sd < 0.2 ? 0.01 : 0.05;
-  return static_cast<float>(step * static_cast<double>(width) / sd / 1000.0 / 0.000027);
+  return static_cast<float>(step * static_cast<double>(width) / sd / 1000.0 / kModelUnitsPerHeight);
 }
 
 }  // namespace morvane

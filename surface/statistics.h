@@ -6,6 +6,9 @@
 
 namespace morvane {
 
+/// Model units per height unit at a z-scale of 1. It is chosen for 1000 grid points per model unit.
+inline constexpr double kModelUnitsPerHeight = 0.000027;
+
 /// Missing points are ignored. Sums run in row order in a single-precision accumulator (the
 /// addition itself in double). So large grids lose precision, but the numbers agree with those of
 /// other programs. All are 0 when no height is finite.
