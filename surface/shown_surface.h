@@ -67,8 +67,9 @@ class ShownSurface {
   [[nodiscard]] float zScale();
   /// The automatic scale, the base of the slider's steps.
   [[nodiscard]] float sliderScale() { return measured().autoScale(); }
-  /// The upper bound of the slider, so that a new file starts in its middle.
-  [[nodiscard]] float maxScale() { return 2.0F * sliderScale(); }
+  /// The upper bound of the slider in automatic scales: a new file starts in its middle.
+  static constexpr float kSliderSpan = 2.0F;
+  [[nodiscard]] float maxScale() { return kSliderSpan * sliderScale(); }
 
   /// Statistics, limits and the grid shown, updated if needed.
   [[nodiscard]] const SurfaceModel& measured();
@@ -99,7 +100,7 @@ class ShownSurface {
   Measurement measurement_;
   SurfaceModel model_;
   Crop crop_;  // for the next rebuild; `model_.crop` is that of the last one
-  ColourSource colourSource_ = ColourSource::kHeatMap;
+  ColourSource colourSource_ = ColourSource::kHeatMap;  // for the next rebuild, too
   ScaleSource scaleSource_ = ScaleSource::kAutomatic;
   float zScale_ = 1.0F;
   std::string filterWords_;  // of the filtered grid

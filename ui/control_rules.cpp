@@ -10,7 +10,6 @@ namespace {
 constexpr std::string_view kMicro = "µ";  // as in the inputs; the Latin-1 byte is removed too
 
 constexpr float kStep = 0.05F;
-constexpr float kSmallestScale = 1e-10F;
 
 }  // namespace
 
@@ -34,7 +33,7 @@ std::string stripUnit(std::string_view text) {
 float steppedScale(int direction, float base, float maximum, float current) {
   const float step = kStep * base;
   if (direction > 0) return maximum - current > 0.0F ? current + step : maximum;
-  return current - step > 0.0F ? current - step : kSmallestScale;
+  return current - step > 0.0F ? current - step : static_cast<float>(kSmallestScale);
 }
 
 }  // namespace morvane

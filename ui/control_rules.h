@@ -11,6 +11,9 @@ namespace morvane {
 /// The unit after a height limit.
 inline constexpr std::string_view kMicrometres = "µm";
 
+/// The lower bound of the scale slider and of the minus button.
+inline constexpr double kSmallestScale = 1e-10;
+
 /// The slider value for `zScale`: itself, or 1 if it is infinite (flat surface).
 double finiteScale(float zScale);
 

@@ -9,6 +9,7 @@
 #include <FL/Fl_Toggle_Button.H>
 
 #include "ui/app_state.h"
+#include "ui/control_rules.h"
 #include "ui/file_actions.h"
 #include "ui/images.h"
 #include "ui/report_actions.h"
@@ -118,7 +119,7 @@ void addButton(const ButtonEntry& entry) {
 
 void addScaleControls(AppState& app) {
   auto* slider = make<ScaleSlider>(control::kSlider);
-  slider->bounds(1e-10, 0.4);
+  slider->bounds(kSmallestScale, 0.4);
   slider->color(kBlack, kBlack);
   slider->tooltip("Vertical scale");
   slider->callback(changeScale, 0);

@@ -86,7 +86,7 @@ void showSurface() {
 void resetControls() {
   Fl_Slider& slider = *appState().scaleSlider;
   ShownSurface& shown = appState().glView->surface();
-  slider.bounds(1e-10, 2.0 * finiteScale(shown.sliderScale()));
+  slider.bounds(kSmallestScale, ShownSurface::kSliderSpan * finiteScale(shown.sliderScale()));
   logStream() << "MAX SCALE: " << shown.maxScale() << '\n';
   useAutomaticLimits();
   showMeasured();

@@ -12,6 +12,7 @@
 #include "base/folders.h"
 #include "base/paths.h"
 #include "base/safe_file.h"
+#include "geometry/key_column.h"
 #include "ui/about_window.h"
 #include "ui/app_state.h"
 #include "ui/call_soon.h"
@@ -126,6 +127,7 @@ Fl_Menu_Bar* makeMenuBar() {
 
 GLWindow* makeView(AppState& app) {
   constexpr PixelArea area = kFirstLayout.view;
+  static_assert(area.w == kTextSpaceWidth && area.h == kTextSpaceHeight);
   auto* view = new GLWindow(area.x, area.y, area.w, area.h, "TestOPGL");
   view->hide();
   view->setExeFolder(app.exeFolder);
