@@ -11,27 +11,20 @@
 #include "base/paths.h"
 #include "base/utf8.h"
 #include "ui/window_geometry.h"
+#include "widgets/look.h"
+#include "widgets/styles.h"
 
 namespace morvane {
 namespace {
 
 constexpr PixelArea kPlaceInWindow = windowLayout(kWindowWidth, kWindowHeight, true, false).results;
 constexpr PixelArea kTitleArea = {5, 5, 195, 60};
-constexpr Fl_Color kBackground = 56;
-constexpr Fl_Color kTextColour = 255;
 constexpr Fl_Color kHeaderSeparatorColour = 216;
 constexpr Fl_Color kResultSeparatorColour = 95;
 constexpr Fl_Fontsize kTextSize = 16;
 constexpr Fl_Fontsize kTitleSize = 20;
 constexpr int kBufferBytes = 1024;
 constexpr const char* kSeparatorText = "-----------------------------------------";
-
-/// FLTK reads "@" in a tooltip as the start of a symbol unless it is doubled.
-std::string tooltipText(std::string_view text) {
-  std::string tip;
-  for (const char letter : text) tip.append(letter == '@' ? 2 : 1, letter);
-  return tip;
-}
 
 }  // namespace
 
@@ -40,8 +33,8 @@ class ColumnText : public Fl_Text_Display {
  public:
   ColumnText() : Fl_Text_Display(0, 0, 0, 0), text_(kBufferBytes) {
     box(FL_NO_BOX);
-    color(kBackground);
-    textcolor(kTextColour);
+    color(kBlack);
+    textcolor(kWhite);
     textsize(kTextSize);
     wrap_mode(WRAP_NONE, 0);
     scrollbar_align(0);
@@ -73,7 +66,7 @@ class ColumnText : public Fl_Text_Display {
     if (Fl_Tooltip::current() == this) Fl_Tooltip::exit(this);
     fl_font(textfont(), textsize());
     if (text.find('\n') != std::string::npos || fl_width(text.c_str()) > visibleWidth_) {
-      copy_tooltip(tooltipText(text).c_str());
+      copy_tooltip(labelText(text, "@").c_str());
     } else {
       tooltip(nullptr);
     }
@@ -111,7 +104,7 @@ ResultsPanel::ResultsPanel(const std::string& exeFolder)
     : Fl_Group(kPlaceInWindow.x, kPlaceInWindow.y, kPlaceInWindow.w, kPlaceInWindow.h),
       icon_(Fl_Shared_Image::get(resourcePath(exeFolder, "Icons", "wsa.png").c_str(), 60, 30)) {
   box(FL_FLAT_BOX);
-  color(kBackground);
+  color(kBlack);
   auto* title = new ColumnText;
   title->textsize(kTitleSize);
   title->write("RESULTS");
