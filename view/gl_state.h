@@ -42,6 +42,36 @@ class GlDepthReadOnly {
   GlDepthReadOnly& operator=(const GlDepthReadOnly&) = delete;
 };
 
+/// Lets points at the depth of what is drawn already pass the depth test.
+class GlDepthOrEqual {
+ public:
+  GlDepthOrEqual() {
+    glGetIntegerv(GL_DEPTH_FUNC, &was_);
+    glDepthFunc(GL_LEQUAL);
+  }
+  ~GlDepthOrEqual() { glDepthFunc(static_cast<GLenum>(was_)); }
+  GlDepthOrEqual(const GlDepthOrEqual&) = delete;
+  GlDepthOrEqual& operator=(const GlDepthOrEqual&) = delete;
+
+ private:
+  GLint was_ = GL_LESS;
+};
+
+/// Sets the size of points to `size` pixels.
+class GlPointSize {
+ public:
+  explicit GlPointSize(float size) {
+    glGetFloatv(GL_POINT_SIZE, &was_);
+    glPointSize(size);
+  }
+  ~GlPointSize() { glPointSize(was_); }
+  GlPointSize(const GlPointSize&) = delete;
+  GlPointSize& operator=(const GlPointSize&) = delete;
+
+ private:
+  GLfloat was_ = 1.0F;
+};
+
 /// Sets the line width to `width` pixels.
 class GlLineWidth {
  public:

@@ -101,12 +101,11 @@ void PinRenderer::drawPin(const ViewMatrices& matrices, const Pin& pin) const {
   begin(matrices, pin);
   glDrawArrays(GL_TRIANGLES, 0, kCubeVertices);
   // Without edges the faces of a box in one colour cannot be told apart.
-  glDepthFunc(GL_LEQUAL);
+  const GlDepthOrEqual orEqual;
   setColour(kEdgeColour);
   glBindVertexArray(edgeArray_.name());
   const GlLineWidth width(1.0F);
   glDrawArrays(GL_LINES, 0, kEdgeVertices);
-  glDepthFunc(GL_LESS);
 }
 
 void PinRenderer::drawTranslucent(const ViewMatrices& matrices, const Pin& box) const {

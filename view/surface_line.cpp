@@ -50,12 +50,11 @@ void SurfaceLineRenderer::draw(const ViewMatrices& matrices, std::span<const glm
   for (const auto& [lineWidth, colour] :
        {std::pair{kRimWidth, kRimColour}, {kLineWidth, kLineColour}}) {
     const GlLineWidth width(lineWidth);
-    glPointSize(lineWidth);
+    const GlPointSize dotSize(lineWidth);
     glUniform4fv(program_.uniform("colorOvrr"), 1, glm::value_ptr(colour));
     glDrawArrays(GL_LINES, 0, ends);
     glDrawArrays(GL_POINTS, ends, dots);
   }
-  glPointSize(1.0F);
 }
 
 }  // namespace morvane

@@ -118,7 +118,6 @@ bool SurfaceRenderer::advanceDrawing(const ViewMatrices& matrices, const glm::ve
     ++progress_.run;
     progress_.first = 0;
   }
-  glDisable(GL_CULL_FACE);
   return true;
 }
 
