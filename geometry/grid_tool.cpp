@@ -16,7 +16,6 @@ constexpr float kBoxHalfHeight = 0.01F;
 void GridTool::setGrid(const GridSize& grid) {
   if (placed_ && grid.width == grid_.width && grid.height == grid_.height) return;
   grid_ = grid;
-  pinSize_ = pinSize(grid.width);
   if (std::exchange(placed_, true)) {
     placePins(corners_, clampedToGrid(placesOf(corners_), grid));
     return;

@@ -25,7 +25,6 @@ class GridTool {
 
  private:
   GridSize grid_;
-  PinSize pinSize_{};  // set with the grid; the corners have their own size
   Pins corners_;
   Pin* grabbed_ = corners_.data();
   bool placed_ = false;

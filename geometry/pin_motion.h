@@ -18,7 +18,7 @@ struct GridSize {
 
 struct PinSize {
   glm::vec3 halfExtents;  ///< of the box, model units
-  float companion;        ///< the matching marker scale
+  float companion;        ///< the matching marker scale; Kept: not used
 };
 
 /// The centres of two pins in model units; x along the columns and y along the rows of the grid.

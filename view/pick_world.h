@@ -35,7 +35,7 @@ class PickWorld {
 
   /// The first pin hit by a ray of `kRayLength`, or null. `direction` must have length 1.
   Pin* rayTest(const glm::vec3& origin, const glm::vec3& direction);
-  /// The result of the last ray test.
+  /// The result of the last ray test. Kept: not used.
   [[nodiscard]] Pin* lastHit() const { return lastHit_; }
 
  private:
