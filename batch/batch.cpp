@@ -29,7 +29,9 @@ std::optional<int> runBatch(const std::vector<std::string>& words, const std::st
     std::fprintf(stderr, "%s: %s\n", file.c_str(), reason.c_str());
     ++failed;
   }
-  return failed == 0 ? 0 : 1;
+  const std::string reason = jobs.finish();
+  if (!reason.empty()) std::fprintf(stderr, "%s\n", reason.c_str());
+  return failed == 0 && reason.empty() ? 0 : 1;
 }
 
 }  // namespace morvane

@@ -1,7 +1,6 @@
 #include "batch/file_job.h"
 
 #include <cerrno>
-#include <cstdio>
 #include <cstring>
 #include <glm/gtc/quaternion.hpp>
 #include <glm/trigonometric.hpp>
@@ -10,10 +9,13 @@
 #include "base/file_io.h"
 #include "base/number_text.h"
 #include "base/paths.h"
-#include "base/safe_file.h"
+#include "batch/output.h"
+#include "export/formats.h"
+#include "export/info_json.h"
 #include "export/moment_texts.h"
 #include "export/pdf_report.h"
 #include "export/picture_file.h"
+#include "export/section_table.h"
 #include "filter/band_filter.h"
 #include "resfile/res_file.h"
 
@@ -47,6 +49,7 @@ struct FileJobs::Shown {
   resFile file{logStream()};
   ShownSurface surface{logStream()};
   Tools tools{logStream()};
+  ExportSource numbers{};
 };
 
 FileJobs::FileJobs(const BatchOptions& options, std::string font)
@@ -57,15 +60,76 @@ FileJobs::~FileJobs() = default;
 std::string FileJobs::run(const std::string& file) {
   Shown shown;
   std::string reason = open(file, shown);
-  const auto output = [&](const std::string& out, auto writer) {
-    if (!reason.empty() || out.empty()) return;
-    const std::string path = outputPath(out, file);
-    reason = writer(path);
+  if (reason.empty()) reason = showSection(shown);
+  if (reason.empty()) reason = writeOutputs(file, shown);
+  if (!reason.empty()) return reason;
+  if (!options_.results.empty()) results_.push_back(fileResults(shown.numbers.measurement));
+  if (options_.info) infos_.push_back(infoObject(shown.numbers));
+  return {};
+}
+
+std::string FileJobs::writeOutputs(const std::string& file, Shown& shown) {
+  const ExportSource& numbers = shown.numbers;
+  std::string reason;
+  const auto output = [&](const std::string& pattern, const auto& write) {
+    if (!reason.empty() || pattern.empty()) return;
+    const std::string path = outputPath(pattern, file);
+    reason = write(path);
     if (!reason.empty()) reason = path + ": " + reason;
   };
-  output(options_.picture, [&](const std::string& path) { return writePicture(shown, path); });
-  output(options_.report, [&](const std::string& path) { return writeReport(shown, path); });
+  const auto numbersTo = [&](auto* write) {
+    return [&numbers, &file, write, this](const std::string& path) {
+      return writeOutput(path, file, options_.force, [&](ByteSink& sink) { write(numbers, sink); });
+    };
+  };
+  const auto bytesFrom = [&](const auto& make) {
+    return [&, make](const std::string& path) {
+      Bytes bytes;
+      const std::string trouble = make(path, bytes);
+      if (!trouble.empty()) return trouble;
+      return writeOutput(path, file, options_.force,
+                         [&](ByteSink& sink) { sink.write(bytes.data(), bytes.size()); });
+    };
+  };
+  output(options_.section, numbersTo(writeSection));
+  if (const ExportFormat* format = exportFormat(ExportKind::kHeights, options_.heights)) {
+    output(options_.heights, numbersTo(format->write));
+  }
+  output(options_.picture, bytesFrom([&](const std::string& path, Bytes& bytes) {
+           return makePicture(shown, path, bytes);
+         }));
+  output(options_.report, bytesFrom([&](const std::string& /*path*/, Bytes& bytes) {
+           return makeReport(shown, bytes);
+         }));
   return reason;
+}
+
+std::string FileJobs::finish() const {
+  std::string reason;
+  if (!options_.results.empty()) {
+    reason = writeOutput(options_.results, "", options_.force,
+                         [&](ByteSink& sink) { writeResults(results_, options_.csv, sink); });
+    if (!reason.empty()) return options_.results + ": " + reason;
+  }
+  if (!options_.info) return {};
+  return writeOutput("-", "", options_.force, [&](ByteSink& sink) {
+    const std::string document = infoDocument(infos_);
+    sink.write(document.data(), document.size());
+  });
+}
+
+std::string FileJobs::showSection(Shown& shown) const {
+  shown.numbers = exportSource(shown.surface);
+  shown.numbers.csv = options_.csv;
+  if (!options_.from) return {};
+  shown.numbers.section = sectionBetween(shown.numbers, *options_.from, *options_.to);
+  if (!shown.numbers.section) return "the section begins or ends outside the measured field";
+  ProfileTool& profile = shown.tools.profile();
+  shown.tools.setProfileMode(true);
+  profile.setSurface(profileSurface(shown.surface));
+  profile.loadPins();
+  profile.placePinsAt(*shown.numbers.section);
+  return {};
 }
 
 std::string FileJobs::open(const std::string& file, Shown& shown) const {
@@ -107,19 +171,16 @@ std::string FileJobs::drawPicture(Shown& shown, RgbImage& picture) {
   return painter_->draw(shown.surface, shown.tools, settings, picture);
 }
 
-std::string FileJobs::writePicture(Shown& shown, const std::string& path) {
+std::string FileJobs::makePicture(Shown& shown, const std::string& path, Bytes& bytes) {
   RgbImage picture;
-  std::string reason = drawPicture(shown, picture);
-  Bytes bytes;
-  if (reason.empty()) reason = encodePicture(picture, path == "-" ? ".png" : path, bytes);
-  return reason.empty() ? write(bytes, path) : reason;
+  const std::string reason = drawPicture(shown, picture);
+  if (!reason.empty()) return reason;
+  return encodePicture(picture, path == "-" ? ".png" : path, bytes);
 }
 
-std::string FileJobs::writeReport(Shown& shown, const std::string& path) {
-  RgbImage picture;
-  std::string reason = drawPicture(shown, picture);
+std::string FileJobs::makeReport(Shown& shown, Bytes& bytes) {
   Bytes jpeg;
-  if (reason.empty()) reason = encodePicture(picture, ".jpg", jpeg);
+  const std::string reason = makePicture(shown, ".jpg", jpeg);
   if (!reason.empty()) return reason;
   const SurfaceLimits& limits = shown.surface.measured().limits();
   const bool typed = options_.limits.has_value();
@@ -132,21 +193,7 @@ std::string FileJobs::writeReport(Shown& shown, const std::string& path) {
   PdfReport report;
   report.writeTexts(page, "");
   report.drawPicture(jpeg, page.picture);
-  Bytes bytes;
-  reason = report.encode(bytes);
-  return reason.empty() ? write(bytes, path) : reason;
-}
-
-std::string FileJobs::write(const Bytes& bytes, const std::string& path) const {
-  if (path == "-") {
-    const bool whole = std::fwrite(bytes.data(), 1, bytes.size(), stdout) == bytes.size() &&
-                       std::fflush(stdout) == 0;
-    return whole ? std::string() : std::strerror(errno);
-  }
-  if (!options_.force && fileExists(path)) return "exists; --force replaces it";
-  SafeFile file(path);
-  file.write(bytes.data(), bytes.size());
-  return file.commit();
+  return report.encode(bytes);
 }
 
 }  // namespace morvane

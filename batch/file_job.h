@@ -3,8 +3,10 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "batch/options.h"
+#include "export/results_table.h"
 #include "export/scene_picture.h"
 #include "view/offscreen_context.h"
 
@@ -23,19 +25,27 @@ class FileJobs {
   /// failure; outputs after it are not written.
   std::string run(const std::string& file);
 
+  /// Writes the outputs that hold what all files so far had. Returns the reason of a failure with
+  /// the output's name, else an empty text.
+  [[nodiscard]] std::string finish() const;
+
  private:
   struct Shown;
   [[nodiscard]] std::string open(const std::string& file, Shown& shown) const;
+  [[nodiscard]] std::string showSection(Shown& shown) const;
   std::string drawPicture(Shown& shown, RgbImage& picture);
-  std::string writePicture(Shown& shown, const std::string& path);
-  std::string writeReport(Shown& shown, const std::string& path);
-  [[nodiscard]] std::string write(const Bytes& bytes, const std::string& path) const;
+  std::string makePicture(Shown& shown, const std::string& path, Bytes& bytes);
+  std::string makeReport(Shown& shown, Bytes& bytes);
+  std::string writeOutputs(const std::string& file, Shown& shown);
 
   const BatchOptions& options_;
   std::string font_;
   // The painter's GL objects are deleted before their context.
   std::unique_ptr<OffscreenContext> context_;
   std::unique_ptr<ScenePainter> painter_;
+  // Of the files so far.
+  std::vector<FileResults> results_;
+  std::vector<std::string> infos_;
 };
 
 }  // namespace morvane

@@ -7,6 +7,7 @@
 #include <iostream>
 #include <map>
 
+#include "export/formats.h"
 #include "export/picture_file.h"
 
 namespace morvane {
@@ -20,6 +21,7 @@ constexpr const char* kExamples =
     "Examples:\n"
     "  morvane-reader plate.res\n"
     "  morvane-reader plate.res --report plate.pdf --low-pass 0.8\n"
+    "  morvane-reader *.res --results results.csv\n"
     "  morvane-reader *.res --picture 'pictures/{name}.png' --view iso --size 800x600\n"
     "\n"
     "Exit status: 0 all done, 1 some file failed, 2 wrong usage.";
@@ -67,28 +69,60 @@ std::string checkNumbers(const Numbers& numbers, std::size_t count) {
 
 /// The options as CLI11 reads them, before they are checked together.
 struct Texts {
-  Numbers lowPass, highPass, bandPass, limits, turn, pan;
+  Numbers lowPass, highPass, bandPass, limits, turn, pan, from, to;
+  bool semicolon = false;
   std::string size, view;
 };
 
+/// An option that names an output.
+struct Output {
+  const char* option;
+  std::string BatchOptions::*path;
+  const char* help;
+  bool eachFile;  // else one for all files
+};
+constexpr Output kOutputs[] = {
+    {"--report", &BatchOptions::report, "the report as PDF", true},
+    {"--picture", &BatchOptions::picture, "the picture as PNG or JPEG", true},
+    {"--section", &BatchOptions::section, "the heights between --from and --to as CSV", true},
+    {"--heights", &BatchOptions::heights, "the heights as .sdf, .gsf, .xyz or .res", true},
+    {"--results", &BatchOptions::results, "the results of all files as one CSV table", false},
+};
+
+void checkOutput(const Output& output, const BatchOptions& options) {
+  const std::string& path = options.*output.path;
+  const bool many = options.files.size() > 1;
+  if (path.empty() || !many || !output.eachFile) return;
+  if (path == "-") refuse(output.option, "writes one file only to standard output");
+  if (path.find("{name}") == std::string::npos) {
+    refuse(output.option, "needs {name} in " + path + ", as there are several files");
+  }
+}
+
 void checkUsage(const BatchOptions& options) {
-  if (!options.picture.empty() && options.picture != "-" && !isPicturePath(options.picture)) {
-    refuse("--picture", options.picture + " ends in none of .png, .jpg, .jpeg");
-  }
   if (options.files.empty()) throw CLI::RequiredError("FILE");
-  if (options.report.empty() && options.picture.empty()) {
-    refuse("options", "nothing to write was asked for, e.g. --report OUT.pdf");
+  int wanted = options.info ? 1 : 0;
+  int toStandardOutput = wanted;
+  for (const Output& output : kOutputs) {
+    checkOutput(output, options);
+    wanted += (options.*output.path).empty() ? 0 : 1;
+    toStandardOutput += options.*output.path == "-" ? 1 : 0;
   }
-  for (const auto& [option, output] :
-       {std::pair{"--report", &options.report}, std::pair{"--picture", &options.picture}}) {
-    const bool many = options.files.size() > 1;
-    if (!output->empty() && many && *output != "-" && output->find("{name}") == std::string::npos) {
-      refuse(option, "needs {name} in " + *output + ", as there are several files");
-    }
-    if (*output == "-" && many) refuse(option, "writes one file only to standard output");
+  if (wanted == 0) refuse("options", "nothing to write was asked for, e.g. --report OUT.pdf");
+  if (toStandardOutput > 1) refuse("-", "standard output takes one output only");
+  const std::string& picture = options.picture;
+  if (!picture.empty() && picture != "-" && !isPicturePath(picture)) {
+    refuse("--picture", picture + " ends in none of .png, .jpg, .jpeg");
   }
-  if (options.report == "-" && options.picture == "-") {
-    refuse("--picture", "standard output takes one output only");
+  const std::string& heights = options.heights;
+  if (!heights.empty() && exportFormat(ExportKind::kHeights, heights) == nullptr) {
+    refuse("--heights", heights + " ends in none of .sdf, .gsf, .xyz, .res");
+  }
+  if (!options.section.empty() && !(options.from && options.to)) {
+    refuse("--section", "needs --from X,Y and --to X,Y");
+  }
+  if (options.from.has_value() != options.to.has_value()) {
+    refuse(options.from ? "--from" : "--to", "needs the other end too");
   }
 }
 
@@ -152,6 +186,9 @@ void takeNumbers(const CLI::App& app, const Texts& texts, BatchOptions& options)
   if (check("--turn", texts.turn, 3)) {
     options.turn = {texts.turn[0], texts.turn[1], texts.turn[2]};
   }
+  if (check("--from", texts.from, 2)) options.from = {texts.from[0], texts.from[1]};
+  if (check("--to", texts.to, 2)) options.to = {texts.to[0], texts.to[1]};
+  if (texts.semicolon) options.csv = kSemicolons;
   if (check("--pan", texts.pan, 2)) options.pan = {texts.pan[0], texts.pan[1]};
 }
 
@@ -166,10 +203,15 @@ void describe(CLI::App& app, BatchOptions& options, Texts& texts) {
       ->group(kHelpGroup);
   app.add_option("FILE", options.files, "files (.res)");
   const char* group = "Output (- is standard output, {name} the input's name)";
-  app.add_option("--report", options.report, "the report as PDF")->group(group)->type_name("OUT");
-  app.add_option("--picture", options.picture, "the picture as PNG or JPEG")
-      ->group(group)
-      ->type_name("OUT");
+  for (const Output& output : kOutputs) {
+    app.add_option(output.option, options.*output.path, output.help)
+        ->group(group)
+        ->type_name("OUT");
+  }
+  app.add_flag("--info", options.info, "header and results as JSON on standard output")
+      ->group(group);
+  app.add_flag("--semicolon", texts.semicolon, "tables with semicolons and decimal commas")
+      ->group(group);
   app.add_flag("--force", options.force, "replace files that exist")->group(group);
   app.add_flag("--verbose", options.verbose, "write the log to standard error")->group(group);
 
@@ -187,6 +229,8 @@ void describe(CLI::App& app, BatchOptions& options, Texts& texts) {
       ->group(group)
       ->check(CLI::PositiveNumber)
       ->type_name("X");
+  add("--from", texts.from, "X,Y", "begin of the section, mm");
+  add("--to", texts.to, "X,Y", "end of the section, mm");
   app.add_option("--bitmap", options.bitmap, "colours from a bitmap")
       ->group(group)
       ->type_name("FILE");

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "export/csv.h"
 #include "filter/band_filter.h"
 #include "geometry/camera.h"
 
@@ -25,6 +26,14 @@ struct BatchOptions {
 
   std::string report;
   std::string picture;
+  std::string section;
+  std::string heights;
+  std::string results;  ///< one table of all files
+  bool info = false;    ///< header and results of all files on standard output
+
+  std::optional<glm::dvec2> from;  ///< the ends of the section, mm
+  std::optional<glm::dvec2> to;
+  CsvStyle csv;
 
   FilterSettings filter;
   std::optional<glm::vec2> limits;  ///< minimum and maximum, µm

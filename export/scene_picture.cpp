@@ -5,6 +5,7 @@
 
 #include "geometry/profile_tool.h"
 #include "surface/coarse_mesh.h"
+#include "view/gl_state.h"
 #include "view/picture_target.h"
 
 namespace morvane {
@@ -48,8 +49,12 @@ std::string ScenePainter::draw(ShownSurface& shown, Tools& tools, const PictureS
   if (plotHeight == 0) return {};
   const PictureTarget target(width, plotHeight * settings.factor);
   if (!target.usable()) return "the graphics memory cannot hold the picture";
+  const GlSwitch noConversion(GL_FRAMEBUFFER_SRGB, false);  // as in the plot's own window
   PlotRenderer::drawNothing();
-  if (!plot_.generated()) plot_.generate(font_, settings.width, plotHeight);
+  if (!plot_.generated()) {
+    plot_.generate(font_, settings.width, plotHeight);
+    plot_.enterContext();
+  }
   glViewport(0, 0, width, plotHeight * settings.factor);
   glEnable(GL_MULTISAMPLE);
   tools.profile().setSurface(profileSurface(shown));

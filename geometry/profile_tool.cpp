@@ -39,6 +39,11 @@ void ProfileTool::loadPins() {
   placeInFirstColumn();
 }
 
+void ProfileTool::placePinsAt(const PinPair& places) {
+  placePins(pins_, clampedToGrid(places, gridSize()));
+  changed();
+}
+
 void ProfileTool::resetPins() {
   if (pinsExist_) placeInFirstColumn();
 }

@@ -41,6 +41,8 @@ class ProfileTool {
   [[nodiscard]] bool pinsExist() const { return pinsExist_; }
   /// Creates the pins at the two ends of the first column, in the size for the grid.
   void loadPins();
+  /// Puts the pins, which must exist, to `places` on the surface.
+  void placePinsAt(const PinPair& places);
   /// Puts existing pins back to the places of `loadPins`.
   void resetPins();
   [[nodiscard]] Pins& pins() { return pins_; }

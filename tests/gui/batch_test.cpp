@@ -88,6 +88,24 @@ TEST_F(Batch, DoesEveryFileItCanAndNamesTheOthers) {
   EXPECT_EQ(pictureIn("out").width(), 1125);
 }
 
+TEST_F(Batch, WritesNumbersAndTheSectionInThePicture) {
+  std::filesystem::copy_file(golden::measurement("float_sum"), folder_.file("a.res"));
+  std::filesystem::copy_file(golden::measurement("v3_reflective"), folder_.file("b.res"));
+  const std::string section = " --section s.csv --from 0.1,0.1 --to 2,1 --picture s.png";
+  const Outcome outcome = run("a.res --info --heights a.gsf" + section + " >info");
+  EXPECT_EQ(outcome.status, 0) << outcome.errors;
+  EXPECT_THAT(contentOf(folder_.file("info")), HasSubstr("\"width\": 200"));
+  EXPECT_THAT(contentOf(folder_.file("a.gsf")), testing::StartsWith("Gwyddion Simple Field"));
+  EXPECT_THAT(contentOf(folder_.file("s.csv")), testing::StartsWith("x_mm,y_mm,distance_mm"));
+  const auto isCurve = [](const Rgb& c) { return c.b > c.r + 70 && c.b > c.g + 40; };
+  EXPECT_GT(pictureIn("s.png").part({150, 540, 950, 180}).count(isCurve), 200) << "the plot";
+  EXPECT_EQ(run("a.res b.res none.res --results r.csv --semicolon").status, 1);
+  EXPECT_THAT(contentOf(folder_.file("r.csv")),
+              testing::ContainsRegex("^file;part;[^\n]*\na.res;[^\n]*\nb.res;[^\n]*\n$"));
+  EXPECT_EQ(run("a.res --section s2.csv --from 0,0 --to 500,1").status, 1);
+  EXPECT_EQ(run("a.res --heights a.res --force").status, 1) << "the measurement itself";
+}
+
 TEST_F(Batch, TellsItsVersionAndItsOptions) {
   EXPECT_EQ(run("--version >version").status, 0);
   EXPECT_EQ(contentOf(folder_.file("version")), "morvane-reader " MORVANE_VERSION "\n");
@@ -115,6 +133,8 @@ TEST_F(Batch, RefusesWrongUsageWithOptionAndValue) {
         {"a.res --picture a.png --band-pass 1", "--band-pass"},
         {"a.res --picture a.png --low-pass 1 --high-pass 1", "--high-pass"},
         {"a.res --picture a.png --zoom 0", "--zoom"},
+        {"a.res --heights a.txt", ".sdf"},
+        {"a.res --section s.csv --from 1,1", "--to"},
         {"a.res --report - --picture -", "standard output"}}) {
     const Outcome outcome = run(options);
     EXPECT_EQ(outcome.status, 2) << options;
