@@ -9,8 +9,6 @@
 namespace morvane {
 namespace {
 
-constexpr GLsizei kSamples = 4;
-
 GlRenderbuffer attach(GLenum attachment, GLenum format, GLsizei samples, int width, int height) {
   GlRenderbuffer pixels = GlRenderbuffer::generate();
   glBindRenderbuffer(GL_RENDERBUFFER, pixels.name());
@@ -29,18 +27,25 @@ int PictureTarget::largestSide() {
   return std::min({side, area[0], area[1]});
 }
 
-PictureTarget::PictureTarget(int width, int height) : width_(width), height_(height) {
+PictureTarget::PictureTarget(int width, int height, int samples) : width_(width), height_(height) {
   glGetIntegerv(GL_FRAMEBUFFER_BINDING, &before_);
   takeGlErrors("picture");
   buffer_ = GlFramebuffer::generate();
   glBindFramebuffer(GL_FRAMEBUFFER, buffer_.name());
-  colours_ = attach(GL_COLOR_ATTACHMENT0, GL_SRGB8_ALPHA8, kSamples, width, height);
-  depth_ = attach(GL_DEPTH_ATTACHMENT, GL_DEPTH_COMPONENT24, kSamples, width, height);
+  colours_ = attach(GL_COLOR_ATTACHMENT0, GL_SRGB8_ALPHA8, samples, width, height);
+  depth_ = attach(GL_DEPTH_ATTACHMENT, GL_DEPTH_COMPONENT24, samples, width, height);
   usable_ = glGetError() == GL_NO_ERROR &&
             glCheckFramebufferStatus(GL_FRAMEBUFFER) == GL_FRAMEBUFFER_COMPLETE;
 }
 
 PictureTarget::~PictureTarget() { glBindFramebuffer(GL_FRAMEBUFFER, static_cast<GLuint>(before_)); }
+
+void PictureTarget::copyBack() const {
+  const GlSwitch asTheyStand(GL_FRAMEBUFFER_SRGB, false);  // colours are not converted
+  glBindFramebuffer(GL_DRAW_FRAMEBUFFER, static_cast<GLuint>(before_));
+  glBlitFramebuffer(0, 0, width_, height_, 0, 0, width_, height_, GL_COLOR_BUFFER_BIT, GL_NEAREST);
+  glBindFramebuffer(GL_DRAW_FRAMEBUFFER, buffer_.name());
+}
 
 void PictureTarget::read(unsigned char* pixels) const {
   const GlSwitch asTheyStand(GL_FRAMEBUFFER_SRGB, false);  // colours are not converted

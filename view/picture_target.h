@@ -5,18 +5,20 @@
 
 namespace morvane {
 
-/// While it lives everything is drawn into it, with four samples a pixel as in the windows. All
-/// functions need the same current GL context.
+/// While it lives everything is drawn into it. All functions need the same current GL context.
 class PictureTarget {
  public:
-  /// A picture of `width` × `height` pixels.
-  PictureTarget(int width, int height);
+  /// A picture of `width` × `height` pixels, by default with as many samples as in the windows.
+  PictureTarget(int width, int height, int samples = 4);
+  /// Binds what was bound before.
   ~PictureTarget();
   PictureTarget(const PictureTarget&) = delete;
   PictureTarget& operator=(const PictureTarget&) = delete;
 
   /// False if the driver cannot hold a picture of this size.
   [[nodiscard]] bool usable() const { return usable_; }
+  /// Copies it into the frame that was bound before, which must have the same size.
+  void copyBack() const;
   /// Reads its rows from above, three bytes a pixel, none between the rows.
   void read(unsigned char* pixels) const;
 
