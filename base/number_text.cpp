@@ -23,10 +23,10 @@ std::string shownText(double value, int decimals) {
 }
 
 std::string settingText(float value) {
-  constexpr int kMostDecimals = 6;
+  constexpr int kMaxDecimals = 6;
   int decimals = 2;
   std::string text = shownText(value, decimals);
-  while (leadingFloat(text) != value && decimals < kMostDecimals) {
+  while (leadingFloat(text) != value && decimals < kMaxDecimals) {
     text = shownText(value, ++decimals);
   }
   return text;

@@ -13,7 +13,7 @@ std::string fixedText(double value, int decimals);
 /// The same for display: a number that rounds to zero has no sign.
 std::string shownText(double value, int decimals);
 
-/// A number that an operator set: with two decimals, or as many more, up to six, as tell it.
+/// A number that an operator set: with two decimals, or as many more as it needs, up to six.
 std::string settingText(float value);
 
 /// Appends the shortest text that reads back to exactly `value`, independent of the locale: "0.1",

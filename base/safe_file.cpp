@@ -31,7 +31,7 @@ std::string temporaryNameBeside(const std::string& path) {
 }
 
 /// The id of the process on this host that made the temporary file `name`; 0 for any other file.
-long giverOf(std::string_view name) {
+long processOf(std::string_view name) {
   const std::string start = prefix();
   if (!name.starts_with(start) || !name.ends_with(kEnding)) return 0;
   name.remove_prefix(start.size());
@@ -88,9 +88,9 @@ void removeAbandoned(const std::string& folder) {
   for (fs::directory_iterator entry(path, error), end; !error && entry != end;
        entry.increment(error)) {
     const std::u8string name = entry->path().filename().u8string();
-    const long giver = giverOf({reinterpret_cast<const char*>(name.data()), name.size()});
+    const long process = processOf({reinterpret_cast<const char*>(name.data()), name.size()});
     std::error_code ignored;
-    if (giver != 0 && !isRunning(giver)) fs::remove(entry->path(), ignored);
+    if (process != 0 && !isRunning(process)) fs::remove(entry->path(), ignored);
   }
 }
 

@@ -1,4 +1,4 @@
-// How soon the picture follows the hand: drives the program through the X server, at a fixed rate
+// How soon the picture follows the mouse: drives the program through the X server, at a fixed rate
 // and without waiting for it, and reads from its output and from the changes of its window which
 // frame shows which event. Where that is not certain, the longer time is taken.
 #include <X11/keysym.h>
@@ -51,7 +51,7 @@ struct Measured {
 /// Of the measurement files; it is also the home of the program.
 std::string folder = std::filesystem::temp_directory_path() / "motion-XXXXXX";
 
-/// Milliseconds that the measurement itself was held up, at the most.
+/// Milliseconds that the measurement itself was delayed, at the most.
 double heldUp = 0.0;
 
 struct Frame {
@@ -290,7 +290,7 @@ void measureAll(const std::vector<std::string>& words) {
   }
   std::printf("%-42s %9s %9s %7s %9s\n", "milliseconds", "value", "floor", "ratio", "goal");
   for (const auto& [side, figures] : measured) printTable(side, figures);
-  std::printf("The measurement itself was held up for at most %.1f ms.\n", heldUp);
+  std::printf("The measurement itself was delayed by at most %.1f ms.\n", heldUp);
 }
 
 }  // namespace
@@ -300,7 +300,7 @@ int main(int argc, char** argv) {
   if (mkdtemp(folder.data()) == nullptr) return EXIT_FAILURE;
   // Xlib exits by itself when the display is gone.
   std::atexit([] { std::filesystem::remove_all(folder); });
-  // Without the right to this, the measurement may be held up on a busy machine.
+  // Without the right to this, the measurement may be delayed on a busy machine.
   const sched_param first{.sched_priority = 1};
   sched_setscheduler(0, SCHED_FIFO | SCHED_RESET_ON_FORK, &first);
   try {

@@ -53,7 +53,7 @@ WatchedProgram::WatchedProgram(std::vector<std::string> words, int width, int he
       XTestQueryExtension(display_.get(), &error, &error, &other, &other) == False) {
     throw std::runtime_error("the X server lacks the DAMAGE or XTEST extension");
   }
-  // Windows may go while they are asked about. That is noticed otherwise.
+  // Windows may be closed while they are asked about. That is noticed otherwise.
   XSetErrorHandler([](Display*, XErrorEvent*) { return 0; });
   for (const int signal : {SIGINT, SIGTERM}) std::signal(signal, [](int) { interrupted = 1; });
   XSelectInput(display_.get(), DefaultRootWindow(display_.get()), SubstructureNotifyMask);

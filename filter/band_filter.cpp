@@ -48,9 +48,9 @@ class FilterWeights {
       : type_(type), low_(low), high_(high), row_(columns), highRow_(columns) {
     if (type_ != FilterType::kBandPass) return;
     // Smaller products may be rounding errors of weights near 0 and 1.
-    constexpr double kLeastProduct = 1e-6;
+    constexpr double kMinProduct = 1e-6;
     const double largest = largestProduct();
-    passesNothing_ = largest <= kLeastProduct;
+    passesNothing_ = largest <= kMinProduct;
     divisor_ = weightDivisor(largest);
   }
 

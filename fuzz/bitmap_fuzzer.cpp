@@ -10,7 +10,7 @@
 namespace morvane {
 namespace {
 
-constexpr std::size_t kMostPoints = 40;  // along a side of a grid
+constexpr std::size_t kMaxPoints = 40;  // along a side of a grid
 
 void drape(const BitmapImage& image, std::size_t width, std::size_t height, std::ostream& log) {
   const auto grid =
@@ -47,12 +47,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
          "a bitmap has as many pixels as its header says");
   // Of the same size, larger and smaller in one direction or both, and without cells.
   const auto near = [](std::size_t pixels, std::size_t more) {
-    return std::min(pixels + more, kMostPoints);
+    return std::min(pixels + more, kMaxPoints);
   };
   drape(image, near(width, 0), near(height, 0), log);
   drape(image, near(width, 1), near(height, 6), log);
   drape(image, near(width / 2, 1), near(height, 3), log);
-  drape(image, near(width, kMostPoints), near(height / 3, 2), log);
+  drape(image, near(width, kMaxPoints), near(height / 3, 2), log);
   drape(image, 1, near(height, 0), log);
   return 0;
 }

@@ -19,7 +19,7 @@ namespace morvane {
 namespace {
 
 // Larger grids are read and listed only: they take long and hold nothing new.
-constexpr std::size_t kMostPoints = std::size_t{64} * 64;
+constexpr std::size_t kMaxPoints = std::size_t{64} * 64;
 
 /// What an operator would type or drag is taken from the file too: numbers from its texts, pins
 /// from the end of its results.
@@ -85,9 +85,9 @@ void buildSurface(SurfaceModel& model, const ResHeader& header, const PinPair& d
   demandFinite(normals, "normals are numbers");
   demandFinite(faces, "normals of faces are numbers");
   demandFinite(colours, "colours are numbers");
-  // A limit typed beyond single precision is endless, and the heights cut to it are.
-  const bool endless = std::isinf(model.crop.min) || std::isinf(model.crop.max);
-  if (!model.crop.on || !endless) demandFinite(positions, "positions are numbers");
+  // A limit typed beyond single precision is infinite, and so are the heights clamped to it.
+  const bool infinite = std::isinf(model.crop.min) || std::isinf(model.crop.max);
+  if (!model.crop.on || !infinite) demandFinite(positions, "positions are numbers");
   cutThrough(model, header, dragged);
 }
 
@@ -140,7 +140,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   resFile file(log);
   file.update(inputFile(data, size));
   list(file);
-  if (!file.isValid() || !file.grid() || file.grid()->count() > kMostPoints) return 0;
+  if (!file.isValid() || !file.grid() || file.grid()->count() > kMaxPoints) return 0;
 
   const Measurement measurement = file.measurement();
   const Operator hand(measurement);

@@ -30,8 +30,8 @@ float lineOf(const AxisLabel& label) { return (kAscent + kDescent) * label.scale
 
 /// How much larger than usual labels are, so that in a low view the first picture can be read.
 float growth(int height) {
-  constexpr float kLeastHeight = 650.0F;  // pixels of a view in which they can be as they are
-  return std::max(1.0F, kLeastHeight / static_cast<float>(std::max(height, 1)));
+  constexpr float kMinHeight = 650.0F;  // pixels of a view in which they can be as they are
+  return std::max(1.0F, kMinHeight / static_cast<float>(std::max(height, 1)));
 }
 
 // How far the search for a free place goes from the label's default place.
@@ -76,7 +76,7 @@ class FreePlaces {
     for (const std::size_t i : {kLengthX, kLengthY}) addObstacle(quadOf(labels[i]));
     AxisLabel& bottom = labels[kBottomLabel];
     AxisLabel& top = labels[kTopLabel];
-    if (standOneOnTheOther(bottom, lines)) {
+    if (endsCoincide(bottom, lines)) {
       move(bottom, kStepsOut,
            [&](const AxisLabel& moved) { return free(moved) && free(onTopOf(moved, top)); });
       top = onTopOf(bottom, top);
@@ -120,8 +120,8 @@ class FreePlaces {
 
   /// Whether the ends of the Z axis are too close on the screen to show which height is the top
   /// one.
-  [[nodiscard]] bool standOneOnTheOther(const AxisLabel& bottom, const AxisLines& lines) const {
-    constexpr float kFromAbove = 0.9F;  // cosine of how far the sheet is tilted
+  [[nodiscard]] bool endsCoincide(const AxisLabel& bottom, const AxisLines& lines) const {
+    constexpr float kFromAbove = 0.9F;  // cosine of the tilt of the surface
     constexpr float kOnePlace = 1.5F;   // lines
     const auto tip = onScreen(lines.top);
     const auto foot = onScreen(lines.bottom);

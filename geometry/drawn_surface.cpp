@@ -19,7 +19,7 @@ AxesRange axesRange(ShownSurface& shown) {
           liftOf(shown)};
 }
 
-ViewMatrices presentMatrices(ShownSurface& shown, const Camera& camera, int width, int height) {
+ViewMatrices currentMatrices(ShownSurface& shown, const Camera& camera, int width, int height) {
   const HeightGrid& grid = *shown.measured().shown();
   return viewMatrices(camera, width, height, grid.width(), grid.height(), shown.zScale(),
                       liftOf(shown));

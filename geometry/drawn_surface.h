@@ -18,6 +18,6 @@ DrawnHeights drawnHeights(ShownSurface& shown);
 AxesRange axesRange(ShownSurface& shown);
 
 /// The matrices for `camera` and a picture of `width` × `height`.
-ViewMatrices presentMatrices(ShownSurface& shown, const Camera& camera, int width, int height);
+ViewMatrices currentMatrices(ShownSurface& shown, const Camera& camera, int width, int height);
 
 }  // namespace morvane

@@ -9,9 +9,9 @@ constexpr double kLongest = 32.0;
 constexpr double kWanted = 26.0;
 constexpr double kShortest = 20.0;
 // The coarse mesh then takes less than 16 MB.
-constexpr std::size_t kMost = 250'000;
+constexpr std::size_t kMaxPoints = 250'000;
 // With fewer a frame is hardly faster: its other parts take the time.
-constexpr std::size_t kFewest = 12'000;
+constexpr std::size_t kMinPoints = 12'000;
 
 }  // namespace
 
@@ -35,8 +35,8 @@ void FramePacer::coarseTook(std::size_t points, double milliseconds) {
   std::nth_element(times_.begin(), middle, times_.end());
   if (*middle >= kShortest && *middle <= kLongest) return;
   const double factor = std::clamp(kWanted / *middle, 0.4, 2.5);
-  coarsePoints_ =
-      std::clamp(static_cast<std::size_t>(static_cast<double>(points) * factor), kFewest, kMost);
+  coarsePoints_ = std::clamp(static_cast<std::size_t>(static_cast<double>(points) * factor),
+                             kMinPoints, kMaxPoints);
 }
 
 }  // namespace morvane

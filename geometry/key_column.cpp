@@ -8,7 +8,7 @@ namespace morvane {
 namespace {
 
 constexpr float kScale = 0.4F;
-constexpr float kLeastPart = 0.8F;      // of that, for readable numbers
+constexpr float kMinPart = 0.8F;        // of that, for readable numbers
 constexpr float kLabelOffset = 0.005F;  // device units beside the key
 constexpr float kMargin = 6.0F;         // units to the edge of the view
 constexpr const char* kGap = "  ";      // between key and number
@@ -32,7 +32,7 @@ KeyColumn keyColumn(float max, float min, const TextWidth& textWidth) {
   const float right = acrossOf(kKeyCentreX + kKeyWidth / 2 + kLabelOffset);
   const float left = acrossOf(kKeyCentreX - kKeyWidth / 2 - kLabelOffset);
   const float roomRight = kTextSpaceWidth - kMargin - right;
-  const bool atRight = widest * kLeastPart <= roomRight;
+  const bool atRight = widest * kMinPart <= roomRight;
   const float room = atRight ? roomRight : left - kMargin;
   column.scale = kScale * std::min(1.0F, room / widest);
   const float gap = textWidth(kGap, column.scale);
@@ -43,8 +43,8 @@ KeyColumn keyColumn(float max, float min, const TextWidth& textWidth) {
   return column;
 }
 
-std::vector<ScreenQuad> roomOf(const KeyColumn& column, const TextWidth& textWidth,
-                               float textHeight, int width, int height) {
+std::vector<ScreenQuad> keyArea(const KeyColumn& column, const TextWidth& textWidth,
+                                float textHeight, int width, int height) {
   constexpr float kAscent = 0.75F;  // parts of the height
   constexpr float kDescent = 0.25F;
   const glm::vec2 pixels(static_cast<float>(width) / kTextSpaceWidth,

@@ -34,7 +34,7 @@ KeyColumn keyColumn(float max, float min, const TextWidth& textWidth);
 
 /// The area of the key and its numbers in a view of `width` × `height` pixels. Glyphs at a scale of
 /// 1 are `textHeight` units of the text space high.
-std::vector<ScreenQuad> roomOf(const KeyColumn& column, const TextWidth& textWidth,
-                               float textHeight, int width, int height);
+std::vector<ScreenQuad> keyArea(const KeyColumn& column, const TextWidth& textWidth,
+                                float textHeight, int width, int height);
 
 }  // namespace morvane

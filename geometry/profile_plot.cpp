@@ -64,8 +64,8 @@ struct HeightRange {
 HeightRange heightRange(const PlotData& data) {
   // A typed limit too large for a float is infinite.
   const auto bounded = [](float height) {
-    constexpr float kMost = std::numeric_limits<float>::max();
-    return double{std::clamp(height, -kMost, kMost)};
+    constexpr float kMax = std::numeric_limits<float>::max();
+    return double{std::clamp(height, -kMax, kMax)};
   };
   double low = bounded(data.section.sampleMin);
   double high = bounded(data.section.sampleMax);

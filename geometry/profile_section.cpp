@@ -15,7 +15,7 @@ namespace {
 
 // Far more than any measured line has. The header of a damaged file could ask for a line that fills
 // the memory.
-constexpr std::size_t kMostSamples = 20'000'000;
+constexpr std::size_t kMaxSamples = 20'000'000;
 
 std::int64_t sign(std::int64_t value) { return (value > 0) - (value < 0); }
 
@@ -125,7 +125,7 @@ ProfileSection sampleProfile(const HeightGrid& grid, const PinPair& pins, const 
   section.sampleMin = section.sampleMax = known ? static_cast<float>(grid.values()[*known]) : 0.0F;
   const SampleLine line = sampleLine(size, pins);
   if (line.count == 0) return section;
-  if (line.count > kMostSamples) throw std::bad_alloc();
+  if (line.count > kMaxSamples) throw std::bad_alloc();
 
   section.samples.reserve(line.count);
   const Sampler sampler(grid, line);
@@ -145,9 +145,9 @@ ProfileSection sampleProfile(const HeightGrid& grid, const PinPair& pins, const 
 }
 
 std::vector<std::size_t> drawnSamples(const ProfileSection& section) {
-  constexpr std::size_t kMost = 65536;
+  constexpr std::size_t kMax = 65536;
   const auto& samples = section.samples;
-  const std::size_t share = (samples.size() + kMost - 1) / kMost;
+  const std::size_t share = (samples.size() + kMax - 1) / kMax;
   std::vector<std::size_t> drawn;
   for (std::size_t first = 0; first < samples.size(); first += share) {
     const std::size_t end = std::min(first + share, samples.size());

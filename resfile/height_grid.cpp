@@ -11,8 +11,8 @@ namespace morvane {
 void HeightGrid::Free::operator()(double* memory) const { std::free(memory); }
 
 std::shared_ptr<HeightGrid> HeightGrid::zeroed(std::int64_t width, std::int64_t height) {
-  constexpr std::int64_t kMost = std::numeric_limits<std::int32_t>::max();
-  if (width < 0 || height < 0 || width > kMost || height > kMost || width * height > kMost) {
+  constexpr std::int64_t kMax = std::numeric_limits<std::int32_t>::max();
+  if (width < 0 || height < 0 || width > kMax || height > kMax || width * height > kMax) {
     return nullptr;
   }
   const auto count = static_cast<std::size_t>(width * height);

@@ -26,11 +26,12 @@ inline constexpr std::size_t kCoarseBytesPerVertex = 9 * sizeof(float) + 6 * siz
 std::size_t coarsePoints(std::size_t points, std::size_t step);
 /// The number of vertices that `buildCoarseMesh` makes of `grid`.
 std::size_t coarseVertices(const HeightGrid& grid, std::size_t step);
-/// The smallest step that leaves at most `vertices` vertices, which are at least four.
+/// The smallest step that leaves at most `vertices` vertices. Fewer than 4 counts as 4.
 std::size_t coarseStep(const HeightGrid& grid, std::size_t vertices);
 
 /// Builds the mesh of every `step`-th row and column of `grid` with the seven workers. A point
-/// without a face in the full mesh belongs to no triangle; its vertex lies at one with a face.
+/// without a face in the full mesh belongs to no triangle; its vertex is moved to one that
+/// has a face.
 /// Empty if no point has a face.
 CoarseMesh buildCoarseMesh(const HeightGrid& grid, const MeshLook& look, std::size_t step);
 

@@ -29,7 +29,7 @@ std::string plain(const std::string& text) { return labelText(text, "@"); }
 std::string prepareBox(const std::string& text) {
   constexpr int kBesideText = 80;  // icon and margins
   constexpr int kBelowText = 70;   // buttons and margins
-  constexpr int kLeastWidth = 410;
+  constexpr int kMinWidth = 410;
   Fl_Window& main = *appState().mainWindow;
   // FLTK makes a modal dialog transient for the first window of its list.
   Fl::first_window(&main);
@@ -40,7 +40,7 @@ std::string prepareBox(const std::string& text) {
   int width = 0;
   int height = 0;
   fl_measure(lines.c_str(), width, height, 0);
-  width = std::max(width + kBesideText, kLeastWidth);
+  width = std::max(width + kBesideText, kMinWidth);
   fl_message_icon()->window()->position(
       main.x() + (main.w() - width) / 2,
       std::max(main.y(), main.y() + (main.h() - height - kBelowText) / 2));

@@ -17,7 +17,7 @@ struct FileRequest {
 /// Asks for an existing file. Empty when cancelled.
 std::string chooseFileToOpen(const FileRequest& request);
 
-/// Asks for a name suggested name for saving. Empty when cancelled.
+/// Asks for a name to save under. Empty when cancelled.
 std::string chooseFileToSave(const FileRequest& request);
 
 /// Shows `text` until it is confirmed.

@@ -151,7 +151,7 @@ void openFile(const std::string& path) {
     line.hold(reason);
     fl_beep(FL_BEEP_DEFAULT);
     showAlert("Invalid file");
-    // Its three seconds begin when the alert no longer takes the eye.
+    // The three seconds start after the alert is closed.
     tellUser(reason);
     return;
   }

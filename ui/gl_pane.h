@@ -17,7 +17,7 @@ class GlPane : public Fl_Gl_Window {
   ScreenPart picture();
 
  protected:
-  /// Draws a frame that is complete, whatever `draw` may put off.
+  /// Draws a complete frame, even where `draw` would draw a coarse one.
   virtual void drawWhole() { draw(); }
   /// Shows the kept frame if nothing has changed since: the window was only uncovered. False when a
   /// frame must be drawn. For use in `draw()`.

@@ -113,7 +113,7 @@ Fl_Double_Window* makeWindow() {
   auto* window = new MainWindow(kWindowWidth, kWindowHeight, "Morvane Reader Software");
   window->color(kBlack);
   window->callback(confirmQuit);
-  window->size_range(kLeastWidth, kLeastHeight);
+  window->size_range(kMinWidth, kMinHeight);
   return window;
 }
 

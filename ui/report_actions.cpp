@@ -47,7 +47,7 @@ Screenshot captureView() {
   return shot;
 }
 
-ReportValues presentValues() {
+ReportValues currentValues() {
   const AppState& app = appState();
   return {.moment = localNow(),
           .measurementPath = app.glView->surface().measurement().path,
@@ -79,14 +79,14 @@ void writePdfReport(Fl_Widget* /*widget*/, long /*action*/) {
   DebugLog::write(kLogFile, "\n####PDF ROUTINE CALLED ####");
   {
     PdfReport report;
-    const ReportPage page = describePage(presentValues());
+    const ReportPage page = describePage(currentValues());
     report.writeTexts(page, appState().maximumInput->value());
     DebugLog::write(kLogFile, "Taking Screenshot");
     const Screenshot shot = captureView();
     report.drawPicture(shot.jpeg, page.picture);
     const std::string path = chooseReportPath();
     if (!path.empty()) {
-      // Told again, as the chooser may have covered the line that told it.
+      // Repeated, since the chooser may have covered the first message.
       const std::string note =
           shot.reason.empty() ? "" : ". The picture's own copy could not be saved: " + shot.reason;
       save({"report", path, [&] { return report.save(path); }, tell, note});

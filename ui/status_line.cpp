@@ -48,14 +48,14 @@ void StatusLine::release() {
 void StatusLine::put(const std::string& text) {
   Fl::remove_timeout(expire, this);
   text_ = text;
-  stand();
+  showInPlace();
 }
 
 void StatusLine::place() {
-  if (visible() != 0) stand();
+  if (visible() != 0) showInPlace();
 }
 
-void StatusLine::stand() {
+void StatusLine::showInPlace() {
   const AppState& app = appState();
   const GLWindow& view = *app.glView;
   fl_font(FL_HELVETICA, kTextSize);

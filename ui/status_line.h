@@ -29,7 +29,7 @@ class StatusLine : public Fl_Window {
 
  private:
   void put(const std::string& text);
-  void stand();
+  void showInPlace();
   static void expire(void* line);
 
   std::string text_;   // as passed by the caller

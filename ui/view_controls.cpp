@@ -72,8 +72,8 @@ LimitTexts takeLimitTexts() {
 Crop cropOf(const LimitTexts& texts, bool on) {
   // A value too large for a float cannot be drawn.
   const auto limit = [](const std::string& typed) {
-    constexpr float kMost = std::numeric_limits<float>::max();
-    return std::clamp(leadingFloat(typed), -kMost, kMost);
+    constexpr float kMax = std::numeric_limits<float>::max();
+    return std::clamp(leadingFloat(typed), -kMax, kMax);
   };
   return {.on = on, .min = limit(texts.minimum), .max = limit(texts.maximum)};
 }

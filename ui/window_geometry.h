@@ -24,8 +24,8 @@ inline constexpr int kConsoleOverhang =
 inline constexpr int kCoveredWidth = 5;
 
 /// The smallest window in which no control is cut off and the view can still be used.
-inline constexpr int kLeastWidth = kControlsWidth + kResultsWidth + 320;
-inline constexpr int kLeastHeight = kMenuHeight + 690;
+inline constexpr int kMinWidth = kControlsWidth + kResultsWidth + 320;
+inline constexpr int kMinHeight = kMenuHeight + 690;
 
 /// The places of the controls in their column. The row of the profile button is shared: either the
 /// wide button or the pair of narrow ones is shown.

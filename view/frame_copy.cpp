@@ -18,7 +18,7 @@ class Bound {
   Bound& operator=(const Bound&) = delete;
 
  private:
-  GlSwitch asTheyStand_{GL_FRAMEBUFFER_SRGB, false};  // colours are not converted
+  GlSwitch noConversion_{GL_FRAMEBUFFER_SRGB, false};
   GLenum target_;
   GlFramebuffer buffer_ = GlFramebuffer::generate();
 };
@@ -43,7 +43,7 @@ void FrameCopy::take(int width, int height) {
     const Bound target(GL_DRAW_FRAMEBUFFER, pixels_);
     copyColours(width, height);
   }
-  // What a driver refuses it refuses from the first.
+  // A driver that cannot copy fails at the first attempt.
   if (fresh) usable_ = glGetError() == GL_NO_ERROR;
   holds_ = usable_;
 }

@@ -5,18 +5,18 @@
 
 namespace morvane {
 
-/// Holds the colours of a frame with the samples of each pixel brought together, as the screen
-/// shows them. Everything happens in the window's current context.
+/// Holds the colours of a frame, with multisampling resolved, as the screen shows them. Everything
+/// happens in the window's current context.
 class FrameCopy {
  public:
   /// Copies the frame of `width` × `height` pixels that has just been drawn.
   void take(int width, int height);
-  /// Lets the copy go; its memory waits for the next one.
+  /// Discards the copy; its memory is reused.
   void forget() { holds_ = false; }
   /// Puts it into the window's next frame, which must be of the same size. False where there is no
   /// copy, or the driver cannot.
-  bool put() const;
-  /// Reads its rows from below, three bytes a pixel, none between the rows.
+  [[nodiscard]] bool put() const;
+  /// Reads it: bottom row first, three bytes per pixel, no padding.
   void read(unsigned char* pixels) const;
 
  private:

@@ -10,7 +10,7 @@
 namespace morvane {
 namespace {
 
-bool errorsAreWanted() {
+bool reportsWanted() {
   static const bool wanted = !environmentText("MORVANE_CHECK_GL").empty();
   return wanted;
 }
@@ -23,22 +23,22 @@ bool isSoftwareGl() {
 }
 
 void checkGl(const char* frame) {
-  if (errorsAreWanted()) takeGlErrors(frame);
+  if (reportsWanted()) takeGlErrors(frame);
 }
 
 void takeGlErrors(const char* frame) {
-  constexpr int kMost = 8;  // a lost context reports errors without end
-  for (int i = 0; i < kMost; ++i) {
+  constexpr int kMax = 8;  // a lost context reports errors without end
+  for (int i = 0; i < kMax; ++i) {
     const GLenum error = glGetError();
     if (error == GL_NO_ERROR) return;
-    if (errorsAreWanted()) {
+    if (reportsWanted()) {
       std::fprintf(stderr, "GL error 0x%04X in a frame of the %s\n", error, frame);
     }
   }
 }
 
 void tellFrame(bool whole) {
-  if (errorsAreWanted()) std::fputs(whole ? "frame: whole\n" : "frame: coarse\n", stderr);
+  if (reportsWanted()) std::fputs(whole ? "frame: whole\n" : "frame: coarse\n", stderr);
 }
 
 }  // namespace morvane

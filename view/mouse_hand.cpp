@@ -47,7 +47,7 @@ void MouseHand::move(glm::vec2 point) { anchorZoom(camera_, rayThrough(point)); 
 
 ViewMatrices MouseHand::matrices() {
   if (!shown_.modelLoaded()) return {};
-  return presentMatrices(shown_, camera_, width_, height_);
+  return currentMatrices(shown_, camera_, width_, height_);
 }
 
 Ray MouseHand::rayThrough(glm::vec2 point) {

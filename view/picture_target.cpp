@@ -41,14 +41,14 @@ PictureTarget::PictureTarget(int width, int height, int samples) : width_(width)
 PictureTarget::~PictureTarget() { glBindFramebuffer(GL_FRAMEBUFFER, static_cast<GLuint>(before_)); }
 
 void PictureTarget::copyBack() const {
-  const GlSwitch asTheyStand(GL_FRAMEBUFFER_SRGB, false);  // colours are not converted
+  const GlSwitch noConversion(GL_FRAMEBUFFER_SRGB, false);
   glBindFramebuffer(GL_DRAW_FRAMEBUFFER, static_cast<GLuint>(before_));
   glBlitFramebuffer(0, 0, width_, height_, 0, 0, width_, height_, GL_COLOR_BUFFER_BIT, GL_NEAREST);
   glBindFramebuffer(GL_DRAW_FRAMEBUFFER, buffer_.name());
 }
 
 void PictureTarget::read(unsigned char* pixels) const {
-  const GlSwitch asTheyStand(GL_FRAMEBUFFER_SRGB, false);  // colours are not converted
+  const GlSwitch noConversion(GL_FRAMEBUFFER_SRGB, false);
   const GlFramebuffer resolved = GlFramebuffer::generate();
   glBindFramebuffer(GL_FRAMEBUFFER, resolved.name());
   const GlRenderbuffer single = attach(GL_COLOR_ATTACHMENT0, GL_SRGB8_ALPHA8, 0, width_, height_);

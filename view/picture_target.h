@@ -19,7 +19,7 @@ class PictureTarget {
   [[nodiscard]] bool usable() const { return usable_; }
   /// Copies it into the frame that was bound before, which must have the same size.
   void copyBack() const;
-  /// Reads its rows from above, three bytes a pixel, none between the rows.
+  /// Reads it: top row first, three bytes per pixel, no padding.
   void read(unsigned char* pixels) const;
 
   /// The largest width and height that the driver supports.

@@ -95,7 +95,7 @@ bool Scene::advance(const Subject& subject, double milliseconds) {
 void Scene::start(const Subject& subject) {
   frame_ = {};
   if (needsBuffers_) generateBuffers(frame_.report);
-  frame_.matrices = presentMatrices(subject.shown, subject.camera, subject.viewport.width,
+  frame_.matrices = currentMatrices(subject.shown, subject.camera, subject.viewport.width,
                                     subject.viewport.height);
   frame_.eye = subject.camera.eye;
   frame_.look = {subject.options.lightingOn, subject.options.filledPolygons};
@@ -157,7 +157,7 @@ void Scene::drawRest(const Subject& subject) {
   const KeyColumn column = keyColumn(scale.upper(), scale.lower(), textWidth);
   if (options.axesVisible) {
     std::vector<ScreenQuad> taken;
-    if (keyShown) taken = roomOf(column, textWidth, text_.heightInSpace(), width, height);
+    if (keyShown) taken = keyArea(column, textWidth, text_.heightInSpace(), width, height);
     Axes::drawLabels(matrices, axesRange(shown), width, height, std::move(taken), text_);
   }
   if (keyShown) drawKey(shown, column);

@@ -61,8 +61,8 @@ class Scene {
   /// Whether `drawCoarse` must first build the mesh.
   [[nodiscard]] bool coarseMeshNeeded(const ShownSurface& shown, std::size_t step) const;
 
-  /// Begins a whole frame that `advance` draws in slices, with other frames in between at most
-  /// elsewhere.
+  /// Begins a whole frame that `advance` draws in slices. Between slices only other windows may be
+  /// drawn.
   void begin(const Subject& subject);
   /// Builds the next rows (about 40 ms), or draws on for about `milliseconds`. Returns whether the
   /// frame is complete. `subject` must be that of `begin`, and what it shows must not have changed.

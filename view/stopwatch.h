@@ -1,4 +1,4 @@
-// Timing lines of the frame.
+// Measures times for the log.
 #pragma once
 
 #include <array>

@@ -14,7 +14,7 @@ namespace morvane {
 struct GoldenRow {
   std::string line;
   std::string name;
-  std::vector<double> numbers;  ///< a word that is no number counts as 0
+  std::vector<double> numbers;  ///< a word that is not a number counts as 0
 
   [[nodiscard]] float at(std::size_t i) const { return static_cast<float>(numbers.at(i)); }
   [[nodiscard]] int whole(std::size_t i) const { return static_cast<int>(numbers.at(i)); }

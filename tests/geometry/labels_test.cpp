@@ -125,7 +125,7 @@ TEST_F(AxisLabels, HeightsStandAtTheEndsOfAnAxisThatIsSeenFromTheSide) {
 TEST_F(AxisLabels, LengthsKeepClearOfTheKey) {
   for (const int columns : {2900, 3000, 3100}) {
     const KeyColumn column = keyColumn(5.0F, -5.0F, monospaced);
-    taken = roomOf(column, monospaced, 48.0F, 1130, 775);
+    taken = keyArea(column, monospaced, 48.0F, 1130, 775);
     show(columns, 1000, 0.3F, 0.0F);
     for (const ScreenQuad& room : taken) {
       EXPECT_FALSE(meet(shapes[kLengthX], Shape(room.begin(), room.end()))) << columns;

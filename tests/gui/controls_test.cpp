@@ -65,7 +65,7 @@ TEST_F(Controls, ScaleStepsComeBackToWhereTheyBegan) {
   await("a new readout", [&](const Image& p) { return !sameAsAtStart(p, kReadout); });
   program_->press(control::kMinus);
   await("the old readout", [&](const Image& p) { return sameAsAtStart(p, kReadout); });
-  // Let go beyond its end, the slider's knob stands there.
+  // A slider that is released beyond its end is at its end.
   constexpr Area kSlider = inWindow(control::kSlider);
   const Point knob = middleOf(kSlider);
   window().drag(knob, {kSlider.x + 400, knob.y});
@@ -90,7 +90,7 @@ TEST_F(Controls, TypedLimitsAreInForceUntilTheButtonReturnsToAutomatic) {
   program_->awaitLine("cropMin: -0.5");
   await("clamped colours",
         [&](const Image& p) { return showsKey(p) && !sameAsAtStart(p, kMiddle); });
-  // Limits that make no sense are taken as they stand and leave the program usable.
+  // Limits that make no sense are accepted unchanged and leave the program usable.
   type(window(), kMaximum, "");
   program_->awaitLine("cropMax: 0");
   type(window(), kMaximum, "nan");

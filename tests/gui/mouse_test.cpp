@@ -63,7 +63,7 @@ TEST_F(Mouse, TurnsPansAndZooms) {
     program_->press(control::kReset);
     await("the start view", [this](const Image& p) { return sameView(p); });
   };
-  // Left and right again, then a turn that leaves the ball, and one that turns it over.
+  // Left and right again, then a rotation whose drag ends outside the arcball, and half a turn.
   window().drag(kCentre, {kCentre.x - 200, kCentre.y});
   await("a turned surface",
         [&](const Image& p) { return surfacePixels(p) < 0.95 * pixels && !sameView(p); });

@@ -101,7 +101,7 @@ TEST(Picture, ShowsTheSurfaceColouredByHeightAndItsKeyInWindowsOfAnySize) {
                   "-nolisten", "tcp", "-noreset"});
   Program program({kPanel}, {.display = ":" + server.awaitLine("")});
   for (const auto& [width, height] :
-       {std::pair{kWindowWidth, kWindowHeight}, {kLeastWidth, kLeastHeight}, {2560, 1440}}) {
+       {std::pair{kWindowWidth, kWindowHeight}, {kMinWidth, kMinHeight}, {2560, 1440}}) {
     program.mainWindow().resize(width, height);
     const Image picture = program.awaitSurface();
     expectKey(picture);

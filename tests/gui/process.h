@@ -22,10 +22,10 @@ class GuiError : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
-/// How long a sign is waited for. Generous: it is only ever used up by a test that fails.
+/// How long a test waits for an event. Only a test that fails waits so long.
 inline constexpr std::chrono::seconds kPatience{20};
 
-/// Polls `condition` until it holds; false when `patience` is over.
+/// Polls `condition` until it holds; false after the time limit `patience`.
 bool eventually(const std::function<bool()>& condition,
                 std::chrono::milliseconds patience = kPatience);
 

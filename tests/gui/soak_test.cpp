@@ -171,7 +171,7 @@ TEST_F(Soak, EndsAsItBegan) {
     ASSERT_TRUE(program_.running()) << "ended in " << action.name << ", step " << steps;
     if (Clock::now() - start > length * (levels.size() + 1) / kLevels) levels.push_back(level());
   }
-  // Waiting in vain for a window may have eaten the time for some.
+  // Some may be missing if the time was spent waiting for a window that did not come.
   while (levels.size() < kLevels) levels.push_back(level());
   std::cerr << steps << " steps, " << missed << " missed, memory in kB";
   for (const long held : levels) std::cerr << ' ' << held;

@@ -28,7 +28,7 @@ const std::string kProgram = MORVANE_PROGRAM;
 const std::string kPanel = golden::measurement("panel");
 const std::string kFlat = golden::measurement("flat");
 
-/// Expects the program to print these lines in this order; others may stand between.
+/// Expects the program to print these lines in this order; other lines may be between them.
 void expectInOrder(Program& program, std::initializer_list<std::string> lines) {
   for (const std::string& line : lines) EXPECT_EQ(program.awaitLine(line), line);
 }

@@ -25,7 +25,8 @@ class Screen {
   [[nodiscard]] Image capture() const;
   /// The top-level windows of a process that are on the screen now.
   [[nodiscard]] std::vector<Window> windowsOf(pid_t process) const;
-  /// Puts a black window of nobody's in front of all others; it goes with the answer.
+  /// Puts a black window that belongs to no program in front of all others. It is closed when the
+  /// result is destroyed.
   [[nodiscard]] std::shared_ptr<void> cover(const Area& area) const;
   /// Runs xdotool with these words on this screen.
   void xdotool(const std::vector<std::string>& words) const;
@@ -59,7 +60,7 @@ class Window {
   /// Drops a file at a point as a file manager does: the link is asked for only once it is let go.
   /// Returns whether it was taken.
   [[nodiscard]] bool drop(const std::string& link, Point at) const;
-  /// Moves the pointer to where it is over nothing of the program.
+  /// Moves the pointer to where no window of the program is.
   void leave() const;
   /// Presses keys one after the other, each named as xdotool does: "ctrl+o", "Return".
   void key(const std::vector<std::string>& keys) const;

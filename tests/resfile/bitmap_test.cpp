@@ -1,4 +1,4 @@
-// Bitmaps: the reference cases and files that lie.
+// Bitmaps: the reference cases and damaged files.
 #include <gtest/gtest.h>
 
 #include <algorithm>

@@ -1,4 +1,4 @@
-// Files that lie: the reader must judge them, not trust them.
+// Damaged files: the reader must check what they announce.
 #include <gtest/gtest.h>
 
 #include <fstream>
@@ -24,8 +24,8 @@ MeasurementContent smallContent(std::int32_t version) {
   return content;
 }
 
-constexpr std::int32_t kMost = std::numeric_limits<std::int32_t>::max();
-constexpr std::int32_t kLeast = std::numeric_limits<std::int32_t>::min();
+constexpr std::int32_t kMax = std::numeric_limits<std::int32_t>::max();
+constexpr std::int32_t kMin = std::numeric_limits<std::int32_t>::min();
 
 class HostileFile : public testing::Test {
  protected:
@@ -97,16 +97,16 @@ TEST_F(HostileFile, ImpossibleSizesAreNamed) {
   for (const auto& [width, height] : {std::pair{-3, 2},
                                       {3, -2},
                                       {-3, -2},
-                                      {kLeast, kLeast},
-                                      {kMost, kMost},
+                                      {kMin, kMin},
+                                      {kMax, kMax},
                                       {65536, 65536},
-                                      {kMost, 1},
-                                      {1, kMost}}) {
+                                      {kMax, 1},
+                                      {1, kMax}}) {
     MeasurementContent content = smallContent(4);
     content.width = width;
     content.height = height;
     EXPECT_FALSE(opens(encodeMeasurement(content))) << width << " x " << height;
-    const bool possible = width > 0 && height > 0 && std::int64_t{width} * height <= kMost;
+    const bool possible = width > 0 && height > 0 && std::int64_t{width} * height <= kMax;
     EXPECT_EQ(log_.str().find("DAMAGED FIELD") == std::string::npos, possible) << log_.str();
   }
 }

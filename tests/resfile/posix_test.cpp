@@ -1,4 +1,4 @@
-// Files that lie and disks that refuse, as this system has them.
+// Damaged files and failing disks, as far as they depend on the system.
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 #include <sys/stat.h>

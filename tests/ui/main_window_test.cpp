@@ -1,9 +1,8 @@
 // The main window in the test's own process: its open action, the results column and the windows
 // that it opens. Needs a display.
 //
-// Pictures are held against baselines that were looked at, made with the packaged
-// Liberation Sans of Debian 12. A missing one fails; MORVANE_PROMOTE=1 writes them anew, to be
-// looked at before they are committed.
+// Pictures are compared with baseline images, made with the packaged Liberation Sans of Debian 12.
+// A missing one fails. MORVANE_PROMOTE=1 writes new ones; look at them before you commit them.
 #include <gtest/gtest.h>
 // The toolkit's headers bring macros that the test library's do not survive.
 #include <FL/Fl.H>
@@ -79,7 +78,8 @@ void open(const std::string& path) {
   Fl::check();
 }
 
-// Files that were found to reach every line of the readers, and findings: some can be shown.
+// Inputs and findings of the fuzz targets, which reach every line of the readers. Some can be
+// shown.
 TEST(OpenDamaged, IsRefusedOrShownAndTheLastGoodOneStays) {
   mainWindow(700, 560);  // quicker to draw
   open(MORVANE_SAMPLES "/codes/code_00.res");
