@@ -123,7 +123,15 @@ std::string FileJobs::showSection(Shown& shown) const {
   shown.numbers.csv = options_.csv;
   if (!options_.from) return {};
   shown.numbers.section = sectionBetween(shown.numbers, *options_.from, *options_.to);
-  if (!shown.numbers.section) return "the section begins or ends outside the measured field";
+  if (!shown.numbers.section) {
+    const ResHeader& header = shown.numbers.measurement.header;
+    const auto end = [](double pitch, std::size_t points) {
+      return fixedText(pitch * static_cast<double>(points > 0 ? points - 1 : 0), 3);
+    };
+    return "the section begins or ends outside the measured field, 0,0 to " +
+           end(header.pixelSizeX, shown.numbers.heights->width()) + ',' +
+           end(header.pixelSizeY, shown.numbers.heights->height()) + " mm";
+  }
   ProfileTool& profile = shown.tools.profile();
   shown.tools.setProfileMode(true);
   profile.setSurface(profileSurface(shown.surface));

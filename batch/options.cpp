@@ -7,6 +7,7 @@
 #include <iostream>
 #include <map>
 
+#include "base/number_text.h"
 #include "export/formats.h"
 #include "export/picture_file.h"
 
@@ -74,6 +75,16 @@ struct Texts {
   std::string size, view;
 };
 
+/// A check that a number is finite and above `limit`.
+CLI::Validator above(float limit) {
+  return {[limit](const std::string& text) {
+            const bool good =
+                isNumber(text) && leadingFloat(text) > limit && std::isfinite(leadingFloat(text));
+            return good ? std::string() : text + " must be a number above " + fixedText(limit, 0);
+          },
+          "", ""};
+}
+
 /// An option that names an output.
 struct Output {
   const char* option;
@@ -108,7 +119,7 @@ void checkUsage(const BatchOptions& options) {
     wanted += (options.*output.path).empty() ? 0 : 1;
     toStandardOutput += options.*output.path == "-" ? 1 : 0;
   }
-  if (wanted == 0) refuse("options", "nothing to write was asked for, e.g. --report OUT.pdf");
+  if (wanted == 0) refuse("FILE", "nothing to write was asked for, e.g. --report OUT.pdf");
   if (toStandardOutput > 1) refuse("-", "standard output takes one output only");
   const std::string& picture = options.picture;
   if (!picture.empty() && picture != "-" && !isPicturePath(picture)) {
@@ -134,7 +145,8 @@ void takeSize(const std::string& text, PictureSize& size) {
   const auto sensible = [](int side) { return side >= 16 && side <= kLargest; };
   if (!read || text[static_cast<std::size_t>(end)] != '\0' || !sensible(size.width) ||
       !sensible(size.height)) {
-    refuse("--size", text + " is no size; it is like 1600x1200, each at least 16");
+    refuse("--size",
+           text + " is no size; it is like 1600x1200, each from 16 to " + std::to_string(kLargest));
   }
 }
 
@@ -197,7 +209,7 @@ void describe(CLI::App& app, BatchOptions& options, Texts& texts) {
   help->column_width(22);
   help->label("Positionals", "Measurements");
   app.formatter(help);
-  app.set_help_flag("--help", "print this text")->group(kHelpGroup);
+  app.set_help_flag("-h,--help", "print this text")->group(kHelpGroup);
   app.footer(kExamples);
   app.set_version_flag("--version", "morvane-reader " MORVANE_VERSION, "print the version")
       ->group(kHelpGroup);
@@ -227,7 +239,7 @@ void describe(CLI::App& app, BatchOptions& options, Texts& texts) {
   add("--limits", texts.limits, "MIN,MAX", "limits of heights and colours, µm");
   app.add_option("--scale", options.scale, "vertical exaggeration")
       ->group(group)
-      ->check(CLI::PositiveNumber)
+      ->check(above(0.0F))
       ->type_name("X");
   add("--from", texts.from, "X,Y", "begin of the section, mm");
   add("--to", texts.to, "X,Y", "end of the section, mm");
@@ -240,7 +252,7 @@ void describe(CLI::App& app, BatchOptions& options, Texts& texts) {
   add("--turn", texts.turn, "X,Y,Z", "turn about the picture's axes, degrees");
   app.add_option("--zoom", options.zoom, "magnification")
       ->group(group)
-      ->check(CLI::Range(0.001F, 1000.0F))
+      ->check(above(0.0F))
       ->type_name("X");
   add("--pan", texts.pan, "X,Y", "shift, pixels");
   app.add_option("--size", texts.size, "in pixels (1125x775)")->group(group)->type_name("WxH");
