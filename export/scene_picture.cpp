@@ -1,10 +1,8 @@
 #include "export/scene_picture.h"
 
-#include <algorithm>
 #include <cmath>
 
 #include "geometry/profile_tool.h"
-#include "surface/coarse_mesh.h"
 #include "view/gl_state.h"
 #include "view/picture_target.h"
 
@@ -15,15 +13,6 @@ namespace {
 constexpr double kPlotPart = 250.0 / 775.0;
 
 }  // namespace
-
-std::string ScenePainter::drawView(const Subject& subject, bool coarse) {
-  const Viewport& viewport = subject.viewport;
-  const auto pixels = static_cast<std::size_t>(viewport.pixelWidth) *
-                      static_cast<std::size_t>(viewport.pixelHeight);
-  const std::size_t step = coarse ? coarseStep(*subject.shown.measured().shown(), pixels) : 1;
-  const FrameReport report = step > 1 ? scene_.drawCoarse(subject, step) : scene_.draw(subject);
-  return report.trouble.empty() ? report.notShown : report.trouble;
-}
 
 std::string ScenePainter::draw(ShownSurface& shown, Tools& tools, const PictureSettings& settings,
                                RgbImage& picture) {
@@ -41,9 +30,10 @@ std::string ScenePainter::draw(ShownSurface& shown, Tools& tools, const PictureS
     const PictureTarget target(width, viewHeight * settings.factor);
     if (!target.usable()) return "the graphics memory cannot hold the picture";
     const Viewport viewport = {settings.width, viewHeight, width, viewHeight * settings.factor};
-    const std::string reason =
-        drawView({shown, tools, settings.camera, settings.options, viewport}, settings.coarse);
-    if (!reason.empty()) return reason;
+    const FrameReport report =
+        scene_.draw({shown, tools, settings.camera, settings.options, viewport});
+    if (!report.trouble.empty()) return report.trouble;
+    if (!report.notShown.empty()) return report.notShown;
     target.read(picture.pixels.data());
   }
   if (plotHeight == 0) return {};

@@ -13,8 +13,7 @@ namespace morvane {
 struct PictureSettings {
   int width = 1125;  ///< of the picture at factor 1, as of a window of that size
   int height = 775;
-  int factor = 1;       ///< pixels for each pixel of such a window
-  bool coarse = false;  ///< with about one point of the surface a pixel, for small pictures
+  int factor = 1;  ///< pixels for each pixel of such a window
   Camera camera;
   SceneOptions options;
 };
@@ -31,8 +30,6 @@ class ScenePainter {
                    RgbImage& picture);
 
  private:
-  std::string drawView(const Subject& subject, bool coarse);
-
   std::string font_;
   Scene scene_;
   PlotRenderer plot_;
