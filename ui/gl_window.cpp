@@ -24,6 +24,15 @@ void tidyMemory(void* /*data*/) { releaseSpareMemory(); }
 
 void redrawLater(void* window) { static_cast<Fl_Widget*>(window)->redraw(); }
 
+void tellWhole(void* /*data*/) { tellFrame(true); }
+
+/// Tells of a frame on the screen; of a whole one only when the other windows are drawn too, so
+/// that whoever waits for it can look at all of them.
+void tellShown(bool whole) {
+  Fl::remove_timeout(tellWhole);
+  whole ? Fl::add_timeout(0.0, tellWhole) : tellFrame(false);
+}
+
 /// The button of the current event.
 HeldButtons eventButton() {
   return {.left = Fl::event_button() == FL_LEFT_MOUSE,
@@ -184,7 +193,7 @@ void GLWindow::drawWhole() {
     return;
   }
   endFrame(scene_.drawWhole(subject()));
-  tellFrame(true);
+  tellShown(true);
 }
 
 void GLWindow::flush() {
@@ -192,7 +201,7 @@ void GLWindow::flush() {
   GlPane::flush();
   if (!scene_.isWhole()) glFinish();
   scene_.wasPresented(watch.milliseconds());
-  tellFrame(scene_.isWhole());
+  tellShown(scene_.isWhole());
 }
 
 void GLWindow::drawSlicesAfter(double seconds) {
@@ -225,7 +234,7 @@ void GLWindow::drawSlice(void* window) {
   if (changed) return;
   view->keepFrame();
   view->swap_buffers();
-  tellFrame(true);
+  tellShown(true);
   view->endFrame(view->scene_.report());
 }
 
