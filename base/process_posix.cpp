@@ -17,8 +17,9 @@ namespace {
 
 void fillClosedStreams() {
   for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
-    // `open` returns the lowest free descriptor, which is this one.
-    if (::fcntl(stream, F_GETFD) < 0) (void)::open("/dev/null", O_RDWR);
+    // `open` returns the lowest free descriptor, which is this one. Writing to it fails, as writing
+    // to a closed stream does, so that a lost output is noticed.
+    if (::fcntl(stream, F_GETFD) < 0) (void)::open("/dev/null", O_RDONLY);
   }
 }
 
