@@ -1,5 +1,7 @@
 #include "export/report_page.h"
 
+#include <cmath>
+
 #include "base/number_text.h"
 #include "base/paths.h"
 #include "export/moment_texts.h"
@@ -26,7 +28,8 @@ constexpr float below(float distance) { return kPageHeight - distance; }
 }  // namespace
 
 ReportPage describePage(const ReportValues& values) {
-  const std::string scale = fixedText(values.zScale, 1) + "x";
+  // The scale of a measurement without a point is none.
+  const std::string scale = std::isnan(values.zScale) ? "" : fixedText(values.zScale, 1) + "x";
   return {{{"Morvane Reader Report:", kTitleSize, kPageWidth / 2, below(50), PageAlign::kCentre},
            {dateText(values.moment), kMomentSize, kLeftColumn, below(90)},
            {timeText(values.moment), kMomentSize, kTimeColumn, below(90)},
