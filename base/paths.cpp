@@ -50,6 +50,12 @@ std::string fileNameOf(std::string_view path) {
   return std::string(separator == std::string_view::npos ? path : path.substr(separator + 1));
 }
 
+bool hasExtension(std::string_view path, std::string_view extension) {
+  const auto same = [](char a, char b) { return a == b || (a >= 'A' && a <= 'Z' && a + 32 == b); };
+  return path.size() > extension.size() &&
+         std::ranges::equal(path.substr(path.size() - extension.size()), extension, same);
+}
+
 std::string pathIn(std::string_view folder, std::string_view name) {
   std::string path(folder);
   path += kPathSeparator;

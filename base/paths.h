@@ -31,6 +31,9 @@ std::string folderPrefix(std::string_view path);
 /// What follows the last `/` or `\`; the whole text when it has neither.
 std::string fileNameOf(std::string_view path);
 
+/// Whether `path` ends with `extension` (with its point, in lower case) in any case, behind a name.
+bool hasExtension(std::string_view path, std::string_view extension);
+
 /// The path of `name` in `folder`. On Windows every `/` becomes `\`, as the file dialogs require.
 std::string pathIn(std::string_view folder, std::string_view name);
 

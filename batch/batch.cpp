@@ -18,7 +18,12 @@ bool hasOptions(const std::vector<std::string>& words) {
 std::optional<int> runBatch(const std::vector<std::string>& words, const std::string& exeFolder) {
   if (!hasOptions(words)) return std::nullopt;
   const Reading reading = readOptions(words);
-  if (reading.status) return reading.status;
+  if (reading.status) {
+    std::fputs(reading.error.c_str(), stderr);
+    return std::fputs(reading.output.c_str(), stdout) < 0 || std::fflush(stdout) != 0
+               ? 1
+               : reading.status;
+  }
   const BatchOptions& options = reading.options;
   setLogTarget(options.verbose ? LogTarget::kErrors : LogTarget::kNowhere);
   FileJobs jobs(options, resourcePath(exeFolder, "Fonts", "arial.ttf"));

@@ -16,7 +16,7 @@
 #include "export/pdf_report.h"
 #include "export/picture_file.h"
 #include "export/section_table.h"
-#include "filter/band_filter.h"
+#include "filter/filter_hint.h"
 #include "resfile/res_file.h"
 
 namespace morvane {
@@ -32,6 +32,9 @@ Camera cameraOf(const BatchOptions& options) {
   return camera;
 }
 
+/// An output in messages.
+std::string nameOf(const std::string& path) { return path == "-" ? "standard output" : path; }
+
 /// The output path of `file` for the pattern `out`.
 std::string outputPath(std::string out, const std::string& file) {
   constexpr std::string_view kName = "{name}";
@@ -40,6 +43,27 @@ std::string outputPath(std::string out, const std::string& file) {
     out.replace(at, kName.size(), name);
   }
   return out;
+}
+
+/// Why a filter cannot be used on a measurement; empty when it can.
+std::string filterTrouble(const FilterSettings& filter, const ResHeader& header) {
+  std::string hint = filterHint(filter, header);
+  if (hint.empty()) return {};
+  hint.pop_back();  // its full stop
+  const std::string cutOffs = filter.bandPass ? filter.l1 + ',' + filter.l2 : filter.l1;
+  const char* option = filter.lowPass ? "--low-pass " : "--high-pass ";
+  return (filter.bandPass ? "--band-pass " : option) + cutOffs + ": " + hint;
+}
+
+std::string pointText(const glm::dvec2& point) {
+  std::string text;
+  appendRounded(text, point.x);
+  appendRounded(text += ',', point.y);
+  return text;
+}
+
+CsvStyle tableStyle(const BatchOptions& options) {
+  return options.semicolon ? kSemicolons : CsvStyle{};
 }
 
 }  // namespace
@@ -75,7 +99,7 @@ std::string FileJobs::writeOutputs(const std::string& file, Shown& shown) {
     if (!reason.empty() || pattern.empty()) return;
     const std::string path = outputPath(pattern, file);
     reason = write(path);
-    if (!reason.empty()) reason = path + ": " + reason;
+    if (!reason.empty()) reason = nameOf(path) + ": " + reason;
   };
   const auto numbersTo = [&](auto* write) {
     return [&numbers, &file, write, this](const std::string& path) {
@@ -92,7 +116,8 @@ std::string FileJobs::writeOutputs(const std::string& file, Shown& shown) {
     };
   };
   output(options_.section, numbersTo(writeSection));
-  if (const ExportFormat* format = exportFormat(ExportKind::kHeights, options_.heights)) {
+  const std::string heightsName = options_.heights == "-" ? "-.xyz" : options_.heights;
+  if (const ExportFormat* format = exportFormat(ExportKind::kHeights, heightsName)) {
     output(options_.heights, numbersTo(format->write));
   }
   output(options_.picture, bytesFrom([&](const std::string& path, Bytes& bytes) {
@@ -106,31 +131,39 @@ std::string FileJobs::writeOutputs(const std::string& file, Shown& shown) {
 
 std::string FileJobs::finish() const {
   std::string reason;
-  if (!options_.results.empty()) {
-    reason = writeOutput(options_.results, "", options_.force,
-                         [&](ByteSink& sink) { writeResults(results_, options_.csv, sink); });
-    if (!reason.empty()) return options_.results + ": " + reason;
+  if (!results_.empty()) {
+    reason = writeOutput(options_.results, "", options_.force, [&](ByteSink& sink) {
+      writeResults(results_, tableStyle(options_), sink);
+    });
+    if (!reason.empty()) return nameOf(options_.results) + ": " + reason;
   }
-  if (!options_.info) return {};
-  return writeOutput("-", "", options_.force, [&](ByteSink& sink) {
-    const std::string document = infoDocument(infos_);
+  if (infos_.empty()) return {};
+  reason = writeOutput("-", "", options_.force, [&](ByteSink& sink) {
+    const std::string document = infoDocument(infos_, options_.files.size() > 1);
     sink.write(document.data(), document.size());
   });
+  return reason.empty() ? "" : nameOf("-") + ": " + reason;
 }
 
 std::string FileJobs::showSection(Shown& shown) const {
   shown.numbers = exportSource(shown.surface);
-  shown.numbers.csv = options_.csv;
+  shown.numbers.csv = tableStyle(options_);
   if (!options_.from) return {};
-  shown.numbers.section = sectionBetween(shown.numbers, *options_.from, *options_.to);
-  if (!shown.numbers.section) {
-    const ResHeader& header = shown.numbers.measurement.header;
-    const auto end = [](double pitch, std::size_t points) {
-      return fixedText(pitch * static_cast<double>(points > 0 ? points - 1 : 0), 3);
-    };
-    return "the section begins or ends outside the measured field, 0,0 to " +
-           end(header.pixelSizeX, shown.numbers.heights->width()) + ',' +
-           end(header.pixelSizeY, shown.numbers.heights->height()) + " mm";
+  const ExportSource& numbers = shown.numbers;
+  const auto outside = [&numbers](const char* option, const glm::dvec2& end) -> std::string {
+    if (sectionBetween(numbers, end, end)) return {};
+    const ResHeader& header = numbers.measurement.header;
+    const double right = static_cast<double>(numbers.heights->width() - 1) * header.pixelSizeX;
+    const double top = static_cast<double>(numbers.heights->height() - 1) * header.pixelSizeY;
+    return option + pointText(end) + " mm is outside the measured field, 0,0 to " +
+           pointText({right, top}) + " mm";
+  };
+  std::string reason = outside("--from ", *options_.from);
+  if (reason.empty()) reason = outside("--to ", *options_.to);
+  if (!reason.empty()) return reason;
+  shown.numbers.section = sectionBetween(numbers, *options_.from, *options_.to);
+  if (numbers.section->a == numbers.section->b) {
+    return "--from and --to are the same point of the measurement";
   }
   ProfileTool& profile = shown.tools.profile();
   shown.tools.setProfileMode(true);
@@ -141,12 +174,15 @@ std::string FileJobs::showSection(Shown& shown) const {
 }
 
 std::string FileJobs::open(const std::string& file, Shown& shown) const {
-  if (!openForReading(file)) return std::strerror(errno);
+  if (!openForReading(file)) return errno == EINVAL ? "it is no file" : std::strerror(errno);
   shown.file.update(file);
   if (!shown.file.isValid() || shown.file.grid() == nullptr) return shown.file.trouble();
+  if (shown.file.grid()->count() == 0) return "it holds no heights";
   ShownSurface& surface = shown.surface;
   surface.show(shown.file.measurement());
   if (typeOf(options_.filter)) {
+    const std::string trouble = filterTrouble(options_.filter, surface.measurement().header);
+    if (!trouble.empty()) return trouble;
     FilterRun run = runFilter(options_.filter, surface.measurement(), logStream());
     if (run.status == FilterStatus::kNoMemory) return "there is not enough memory to filter it";
     surface.setFiltered(std::move(run.filtered), std::move(run.words));
@@ -154,9 +190,11 @@ std::string FileJobs::open(const std::string& file, Shown& shown) const {
   }
   if (options_.limits) surface.setCrop({true, options_.limits->x, options_.limits->y});
   if (!options_.bitmap.empty()) {
-    if (!fileExists(options_.bitmap)) return options_.bitmap + ": there is no such file";
+    const std::string option = "--bitmap " + options_.bitmap + ": ";
+    if (!openForReading(options_.bitmap)) return option + std::strerror(errno);
     surface.chooseBitmap(options_.bitmap);
     surface.setColourSource(ColourSource::kBitmap);
+    if (surface.drape() == nullptr) return option + "it holds no picture of 8 or 24 bits a pixel";
   }
   if (options_.scale) surface.setZScale(*options_.scale);
   shown.tools.follow(surface);
@@ -183,12 +221,12 @@ std::string FileJobs::makePicture(Shown& shown, const std::string& path, Bytes& 
   RgbImage picture;
   const std::string reason = drawPicture(shown, picture);
   if (!reason.empty()) return reason;
-  return encodePicture(picture, path == "-" ? ".png" : path, bytes);
+  return encodePicture(picture, path == "-" ? "-.png" : path, bytes);
 }
 
 std::string FileJobs::makeReport(Shown& shown, Bytes& bytes) {
   Bytes jpeg;
-  const std::string reason = makePicture(shown, ".jpg", jpeg);
+  const std::string reason = makePicture(shown, "page.jpg", jpeg);
   if (!reason.empty()) return reason;
   const SurfaceLimits& limits = shown.surface.measured().limits();
   const bool typed = options_.limits.has_value();

@@ -2,14 +2,14 @@
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
-#include <cmath>
-#include <cstdio>
-#include <iostream>
 #include <map>
+#include <sstream>
 
 #include "base/number_text.h"
+#include "base/paths.h"
 #include "export/formats.h"
 #include "export/picture_file.h"
+#include "export/report_page.h"
 
 namespace morvane {
 namespace {
@@ -28,15 +28,18 @@ constexpr const char* kExamples =
     "Exit status: 0 all done, 1 some file failed, 2 wrong usage.";
 
 constexpr const char* kHelpGroup = "Help";
+constexpr const char* kOutputGroup = "Output (- is standard output, {name} the input's name)";
+constexpr const char* kShownGroup = "What is shown";
+constexpr const char* kPictureGroup = "The picture";
+constexpr std::string_view kName = "{name}";
 
-/// The help without CLI11's remarks on types and the options that exclude each other.
+/// The help without CLI11's remarks on types.
 class Help : public CLI::Formatter {
  public:
   std::string make_option_opts(const CLI::Option* option) const override {
     const bool isFlag = option->get_expected_max() == 0;
     if (isFlag || option->get_positional()) return {};
-    const std::string type = option->get_type_name();
-    return ' ' + type.substr(0, type.find(':'));
+    return ' ' + option->get_type_name();
   }
   std::string make_option_name(const CLI::Option* option, bool isPositional) const override {
     const std::string name = option->get_name(isPositional);
@@ -52,61 +55,205 @@ class Help : public CLI::Formatter {
   }
 };
 
-using Numbers = std::vector<float>;
+/// Takes the text of an option. Returns why it cannot, or an empty text.
+using Take = std::string (*)(BatchOptions& options, const std::string& text);
 
-/// Checks that all numbers are finite, and so many.
-std::string checkNumbers(const Numbers& numbers, std::size_t count) {
-  if (numbers.size() != count) return "needs " + std::to_string(count) + " numbers";
-  for (const float number : numbers) {
-    if (!std::isfinite(number)) return "needs finite numbers";
+template <std::string BatchOptions::*Path>
+std::string takePath(BatchOptions& options, const std::string& text) {
+  options.*Path = text;
+  return text.empty() ? "the name is empty" : "";
+}
+
+/// What the functions below get of an option with numbers.
+struct Typed {
+  std::vector<double> numbers;
+  std::vector<std::string> words;  // one for each number
+};
+
+template <std::size_t Count, std::string (*take)(BatchOptions&, const Typed&)>
+std::string takeNumbers(BatchOptions& options, const std::string& text) {
+  constexpr const char* kNeeds[] = {"a finite number is needed",
+                                    "two finite numbers with a comma between are needed",
+                                    "three finite numbers with commas between are needed"};
+  const auto numbers = numbersOf(text, Count);
+  return numbers ? take(options, {*numbers, partsOf(text)}) : kNeeds[Count - 1];
+}
+
+template <bool FilterSettings::*Type>
+std::string takeFilter(BatchOptions& options, const Typed& typed) {
+  FilterSettings& filter = options.filter;
+  if (typeOf(filter)) return "there is another filter already";
+  if (std::ranges::any_of(typed.numbers, [](double mm) { return mm < 0.0; })) {
+    return "a wavelength is not negative";
   }
+  if (!std::ranges::is_sorted(typed.numbers)) return "the shorter wavelength comes first";
+  filter.*Type = true;
+  filter.l1 = typed.words.front();
+  filter.l2 = typed.words.back();
   return {};
 }
+
+std::string takeLimits(BatchOptions& options, const Typed& typed) {
+  options.limits = glm::vec2(typed.numbers[0], typed.numbers[1]);
+  std::ranges::copy(typed.words, options.limitTexts);
+  return options.limits->x < options.limits->y ? "" : "the minimum must be below the maximum";
+}
+
+template <std::optional<glm::dvec2> BatchOptions::*End>
+std::string takeEnd(BatchOptions& options, const Typed& typed) {
+  options.*End = glm::dvec2(typed.numbers[0], typed.numbers[1]);
+  return {};
+}
+
+constexpr const char* kNotAboveZero = "it must be above 0";
+
+std::string takeScale(BatchOptions& options, const Typed& typed) {
+  options.scale = static_cast<float>(typed.numbers[0]);
+  return *options.scale > 0.0F ? "" : kNotAboveZero;
+}
+
+std::string takeZoom(BatchOptions& options, const Typed& typed) {
+  options.zoom = static_cast<float>(typed.numbers[0]);
+  return options.zoom > 0.0F ? "" : kNotAboveZero;
+}
+
+std::string takeTurn(BatchOptions& options, const Typed& typed) {
+  options.turn = glm::vec3(typed.numbers[0], typed.numbers[1], typed.numbers[2]);
+  return {};
+}
+
+std::string takePan(BatchOptions& options, const Typed& typed) {
+  options.pan = glm::vec2(typed.numbers[0], typed.numbers[1]);
+  return {};
+}
+
+constexpr std::pair<std::string_view, ViewDirection> kViews[] = {
+    {"top", ViewDirection::kTop},
+    {"front", ViewDirection::kFront},
+    {"side", ViewDirection::kSide},
+    {"iso", ViewDirection::kIsometric}};
+
+std::string takeView(BatchOptions& options, const std::string& text) {
+  for (const auto& [name, view] : kViews) {
+    if (text != name) continue;
+    options.view = view;
+    return {};
+  }
+  return "it is none of top, front, side, iso";
+}
+
+std::string takeSize(BatchOptions& options, const std::string& text) {
+  const auto size = sizeOf(text);
+  if (!size) {
+    return "a size is like 1600x1200, each side from " + std::to_string(kShortestSide) + " to " +
+           std::to_string(kLongestSide);
+  }
+  options.size = *size;
+  return {};
+}
+
+/// An option with a value. In the help, values with a bar between them are the choices.
+struct ValueOption {
+  const char* group;
+  const char* name;
+  const char* type;
+  const char* help;
+  Take take;
+};
+constexpr ValueOption kValueOptions[] = {
+    {kOutputGroup, "--report", "OUT", "the report as PDF", takePath<&BatchOptions::report>},
+    {kOutputGroup, "--picture", "OUT", "the picture as PNG or JPEG",
+     takePath<&BatchOptions::picture>},
+    {kOutputGroup, "--section", "OUT", "the heights between --from and --to as CSV",
+     takePath<&BatchOptions::section>},
+    {kOutputGroup, "--heights", "OUT", "the heights as .sdf, .gsf, .xyz or .res",
+     takePath<&BatchOptions::heights>},
+    {kOutputGroup, "--results", "OUT", "the results of all files as one CSV table",
+     takePath<&BatchOptions::results>},
+    {kShownGroup, "--low-pass", "MM", "filter: keep long waves",
+     takeNumbers<1, takeFilter<&FilterSettings::lowPass>>},
+    {kShownGroup, "--high-pass", "MM", "filter: keep short waves",
+     takeNumbers<1, takeFilter<&FilterSettings::highPass>>},
+    {kShownGroup, "--band-pass", "MM,MM", "filter: keep waves between",
+     takeNumbers<2, takeFilter<&FilterSettings::bandPass>>},
+    {kShownGroup, "--limits", "MIN,MAX", "limits of heights and colours, µm",
+     takeNumbers<2, takeLimits>},
+    {kShownGroup, "--scale", "X", "vertical exaggeration", takeNumbers<1, takeScale>},
+    {kShownGroup, "--from", "X,Y", "begin of the section, mm",
+     takeNumbers<2, takeEnd<&BatchOptions::from>>},
+    {kShownGroup, "--to", "X,Y", "end of the section, mm",
+     takeNumbers<2, takeEnd<&BatchOptions::to>>},
+    {kShownGroup, "--bitmap", "FILE", "colours from a bitmap", takePath<&BatchOptions::bitmap>},
+    {kPictureGroup, "--view", "top|front|side|iso", "from where it is seen", takeView},
+    {kPictureGroup, "--turn", "X,Y,Z", "turn about the picture's axes, degrees",
+     takeNumbers<3, takeTurn>},
+    {kPictureGroup, "--zoom", "X", "magnification", takeNumbers<1, takeZoom>},
+    {kPictureGroup, "--pan", "X,Y", "shift, pixels", takeNumbers<2, takePan>},
+    {kPictureGroup, "--size", "WxH", "in pixels (1125x775)", takeSize},
+};
+
+/// An option without a value.
+struct Flag {
+  const char* group;
+  const char* name;
+  bool BatchOptions::*flag;
+  const char* help;
+};
+constexpr Flag kFlags[] = {
+    {kOutputGroup, "--info", &BatchOptions::info, "header and results as JSON on standard output"},
+    {kOutputGroup, "--semicolon", &BatchOptions::semicolon,
+     "tables with semicolons and decimal commas"},
+    {kOutputGroup, "--force", &BatchOptions::force, "replace files that exist"},
+    {kOutputGroup, "--verbose", &BatchOptions::verbose, "write the log to standard error"},
+    {kPictureGroup, "!--no-key", &BatchOptions::key, "without the colour key"},
+    {kPictureGroup, "!--no-axes", &BatchOptions::axes, "without axes"},
+};
+
+template <ExportKind Kind>
+bool isExportPath(const std::string& path) {
+  return exportFormat(Kind, path) != nullptr;
+}
+
+/// An output, and how its name may end.
+struct Output {
+  const char* option;
+  std::string BatchOptions::*path;
+  bool eachFile;  // else one for all files
+  const char* endings;
+  bool (*hasEnding)(const std::string& path);
+};
+constexpr Output kOutputs[] = {
+    {"--report", &BatchOptions::report, true, ".pdf",
+     [](const std::string& path) { return hasExtension(path, ".pdf"); }},
+    {"--picture", &BatchOptions::picture, true, ".png, .jpg or .jpeg", isPicturePath},
+    {"--section", &BatchOptions::section, true, ".csv", isExportPath<ExportKind::kSection>},
+    {"--heights", &BatchOptions::heights, true, ".sdf, .gsf, .xyz or .res",
+     isExportPath<ExportKind::kHeights>},
+    {"--results", &BatchOptions::results, false, ".csv", isExportPath<ExportKind::kResults>},
+};
 
 /// Throws the error of an option that has an unusable value.
 [[noreturn]] void refuse(const std::string& option, const std::string& why) {
   throw CLI::ValidationError(option, why);
 }
 
-/// The options as CLI11 reads them, before they are checked together.
-struct Texts {
-  Numbers lowPass, highPass, bandPass, limits, turn, pan, from, to;
-  bool semicolon = false;
-  std::string size, view;
-};
-
-/// A check that a number is finite and above `limit`.
-CLI::Validator above(float limit) {
-  return {[limit](const std::string& text) {
-            const bool good =
-                isNumber(text) && leadingFloat(text) > limit && std::isfinite(leadingFloat(text));
-            return good ? std::string() : text + " must be a number above " + fixedText(limit, 0);
-          },
-          "", ""};
-}
-
-/// An option that names an output.
-struct Output {
-  const char* option;
-  std::string BatchOptions::*path;
-  const char* help;
-  bool eachFile;  // else one for all files
-};
-constexpr Output kOutputs[] = {
-    {"--report", &BatchOptions::report, "the report as PDF", true},
-    {"--picture", &BatchOptions::picture, "the picture as PNG or JPEG", true},
-    {"--section", &BatchOptions::section, "the heights between --from and --to as CSV", true},
-    {"--heights", &BatchOptions::heights, "the heights as .sdf, .gsf, .xyz or .res", true},
-    {"--results", &BatchOptions::results, "the results of all files as one CSV table", false},
-};
-
 void checkOutput(const Output& output, const BatchOptions& options) {
   const std::string& path = options.*output.path;
+  if (path.empty()) return;
+  const std::string option = std::string(output.option) + ' ' + path;
   const bool many = options.files.size() > 1;
-  if (path.empty() || !many || !output.eachFile) return;
-  if (path == "-") refuse(output.option, "writes one file only to standard output");
-  if (path.find("{name}") == std::string::npos) {
-    refuse(output.option, "needs {name} in " + path + ", as there are several files");
+  const bool named = path.find(kName) != std::string::npos;
+  if (path != "-" && !output.hasEnding(path)) {
+    refuse(option, std::string("the name must end in ") + output.endings);
+  }
+  if (!output.eachFile && named) refuse(option, "{name} has no meaning here: it is one table");
+  if (!output.eachFile || !many) return;
+  if (path == "-") refuse(option, "standard output takes one file only");
+  if (!named) refuse(option, "the name needs {name}, as there are several files");
+  std::map<std::string, std::string> known;
+  for (const std::string& file : options.files) {
+    const auto [other, fresh] = known.emplace(suggestedName(file), file);
+    if (!fresh) refuse(option, "it would be the same for " + other->second + " and " + file);
   }
 }
 
@@ -121,92 +268,18 @@ void checkUsage(const BatchOptions& options) {
   }
   if (wanted == 0) refuse("FILE", "nothing to write was asked for, e.g. --report OUT.pdf");
   if (toStandardOutput > 1) refuse("-", "standard output takes one output only");
-  const std::string& picture = options.picture;
-  if (!picture.empty() && picture != "-" && !isPicturePath(picture)) {
-    refuse("--picture", picture + " ends in none of .png, .jpg, .jpeg");
-  }
-  const std::string& heights = options.heights;
-  if (!heights.empty() && exportFormat(ExportKind::kHeights, heights) == nullptr) {
-    refuse("--heights", heights + " ends in none of .sdf, .gsf, .xyz, .res");
-  }
   if (!options.section.empty() && !(options.from && options.to)) {
-    refuse("--section", "needs --from X,Y and --to X,Y");
+    refuse("--section", "--from X,Y and --to X,Y are needed too");
   }
   if (options.from.has_value() != options.to.has_value()) {
-    refuse(options.from ? "--from" : "--to", "needs the other end too");
+    refuse(options.from ? "--from" : "--to", "the other end is needed too");
   }
 }
 
-void takeSize(const std::string& text, PictureSize& size) {
-  constexpr int kLargest = 32768;
-  if (text.empty()) return;
-  int end = 0;
-  const bool read = std::sscanf(text.c_str(), "%dx%d%n", &size.width, &size.height, &end) == 2;
-  const auto sensible = [](int side) { return side >= 16 && side <= kLargest; };
-  if (!read || text[static_cast<std::size_t>(end)] != '\0' || !sensible(size.width) ||
-      !sensible(size.height)) {
-    refuse("--size",
-           text + " is no size; it is like 1600x1200, each from 16 to " + std::to_string(kLargest));
-  }
-}
-
-void takeView(const std::string& name, ViewDirection& view) {
-  const std::map<std::string, ViewDirection> views = {{"", ViewDirection::kTop},
-                                                      {"top", ViewDirection::kTop},
-                                                      {"front", ViewDirection::kFront},
-                                                      {"side", ViewDirection::kSide},
-                                                      {"iso", ViewDirection::kIsometric}};
-  const auto found = views.find(name);
-  if (found == views.end()) refuse("--view", name + " is none of top, front, side, iso");
-  view = found->second;
-}
-
-void takeFilter(const CLI::App& app, BatchOptions& options) {
-  FilterSettings& filter = options.filter;
-  filter.lowPass = app.count("--low-pass") > 0;
-  filter.highPass = app.count("--high-pass") > 0;
-  filter.bandPass = app.count("--band-pass") > 0;
-}
-
-/// Takes the words of an option as they were typed, one for each number.
-std::string typed(const CLI::App& app, const char* option, std::size_t which) {
-  return app.get_option(option)->results().at(which);
-}
-
-void takeNumbers(const CLI::App& app, const Texts& texts, BatchOptions& options) {
-  const auto check = [&](const char* option, const Numbers& numbers, std::size_t count) {
-    if (app.count(option) == 0) return false;
-    const std::string why = checkNumbers(numbers, count);
-    if (!why.empty()) refuse(option, why);
-    return true;
-  };
-  for (const auto& [option, numbers, count] :
-       {std::tuple{"--low-pass", &texts.lowPass, 1}, std::tuple{"--high-pass", &texts.highPass, 1},
-        std::tuple{"--band-pass", &texts.bandPass, 2}}) {
-    if (!check(option, *numbers, static_cast<std::size_t>(count))) continue;
-    if (std::any_of(numbers->begin(), numbers->end(), [](float mm) { return mm < 0.0F; })) {
-      refuse(option, "needs wavelengths in mm, not negative");
-    }
-    options.filter.l1 = typed(app, option, 0);
-    if (count > 1) options.filter.l2 = typed(app, option, 1);
-  }
-  if (check("--limits", texts.limits, 2)) {
-    if (!(texts.limits[0] < texts.limits[1])) refuse("--limits", "needs the smaller one first");
-    options.limits = {texts.limits[0], texts.limits[1]};
-    for (std::size_t i = 0; i < 2; ++i) options.limitTexts[i] = typed(app, "--limits", i);
-  }
-  if (check("--turn", texts.turn, 3)) {
-    options.turn = {texts.turn[0], texts.turn[1], texts.turn[2]};
-  }
-  if (check("--from", texts.from, 2)) options.from = {texts.from[0], texts.from[1]};
-  if (check("--to", texts.to, 2)) options.to = {texts.to[0], texts.to[1]};
-  if (texts.semicolon) options.csv = kSemicolons;
-  if (check("--pan", texts.pan, 2)) options.pan = {texts.pan[0], texts.pan[1]};
-}
-
-void describe(CLI::App& app, BatchOptions& options, Texts& texts) {
+/// `texts` has a place for the text of each of `kValueOptions`.
+void describe(CLI::App& app, BatchOptions& options, std::span<std::string> texts) {
   const auto help = std::make_shared<Help>();
-  help->column_width(22);
+  help->column_width(29);
   help->label("Positionals", "Measurements");
   app.formatter(help);
   app.set_help_flag("-h,--help", "print this text")->group(kHelpGroup);
@@ -214,74 +287,46 @@ void describe(CLI::App& app, BatchOptions& options, Texts& texts) {
   app.set_version_flag("--version", "morvane-reader " MORVANE_VERSION, "print the version")
       ->group(kHelpGroup);
   app.add_option("FILE", options.files, "files (.res)");
-  const char* group = "Output (- is standard output, {name} the input's name)";
-  for (const Output& output : kOutputs) {
-    app.add_option(output.option, options.*output.path, output.help)
-        ->group(group)
-        ->type_name("OUT");
+  for (const ValueOption& option : kValueOptions) {
+    app.add_option(option.name, texts.front(), option.help)
+        ->group(option.group)
+        ->type_name(option.type)
+        ->take_last();
+    texts = texts.subspan(1);
   }
-  app.add_flag("--info", options.info, "header and results as JSON on standard output")
-      ->group(group);
-  app.add_flag("--semicolon", texts.semicolon, "tables with semicolons and decimal commas")
-      ->group(group);
-  app.add_flag("--force", options.force, "replace files that exist")->group(group);
-  app.add_flag("--verbose", options.verbose, "write the log to standard error")->group(group);
-
-  group = "What is shown";
-  const auto add = [&](const char* name, Numbers& numbers, const char* type, const char* text) {
-    return app.add_option(name, numbers, text)->group(group)->type_name(type)->delimiter(',');
-  };
-  auto* low = add("--low-pass", texts.lowPass, "MM", "filter: keep long waves");
-  auto* high = add("--high-pass", texts.highPass, "MM", "filter: keep short waves");
-  auto* band = add("--band-pass", texts.bandPass, "MM,MM", "filter: keep waves between");
-  low->excludes(high)->excludes(band);
-  high->excludes(band);
-  add("--limits", texts.limits, "MIN,MAX", "limits of heights and colours, µm");
-  app.add_option("--scale", options.scale, "vertical exaggeration")
-      ->group(group)
-      ->check(above(0.0F))
-      ->type_name("X");
-  add("--from", texts.from, "X,Y", "begin of the section, mm");
-  add("--to", texts.to, "X,Y", "end of the section, mm");
-  app.add_option("--bitmap", options.bitmap, "colours from a bitmap")
-      ->group(group)
-      ->type_name("FILE");
-
-  group = "The picture";
-  app.add_option("--view", texts.view, "top, front, side or iso")->group(group)->type_name("NAME");
-  add("--turn", texts.turn, "X,Y,Z", "turn about the picture's axes, degrees");
-  app.add_option("--zoom", options.zoom, "magnification")
-      ->group(group)
-      ->check(above(0.0F))
-      ->type_name("X");
-  add("--pan", texts.pan, "X,Y", "shift, pixels");
-  app.add_option("--size", texts.size, "in pixels (1125x775)")->group(group)->type_name("WxH");
-  app.add_flag("!--no-key", options.key, "without the colour key")->group(group);
-  app.add_flag("!--no-axes", options.axes, "without axes")->group(group);
+  for (const Flag& flag : kFlags) {
+    app.add_flag(flag.name, options.*flag.flag, flag.help)->group(flag.group);
+  }
 }
 
 }  // namespace
 
 Reading readOptions(const std::vector<std::string>& words) {
   CLI::App app(kDescription, "morvane-reader");
-  BatchOptions options;
-  Texts texts;
+  Reading reading;
+  BatchOptions& options = reading.options;
+  std::array<std::string, std::size(kValueOptions)> texts;
   describe(app, options, texts);
   try {
     std::vector<std::string> reversed(words.rbegin(), words.rend() - 1);
     app.parse(reversed);
-    takeFilter(app, options);
-    takeNumbers(app, texts, options);
-    takeSize(texts.size, options.size);
-    takeView(texts.view, options.view);
+    for (std::size_t i = 0; i < texts.size(); ++i) {
+      const ValueOption& option = kValueOptions[i];
+      if (app.count(option.name) == 0) continue;
+      const std::string why = option.take(options, texts[i]);
+      if (!why.empty()) refuse(std::string(option.name) + ' ' + texts[i], why);
+    }
     checkUsage(options);
   } catch (const CLI::Success& wanted) {
-    return {app.exit(wanted, std::cout, std::cerr), options};
+    std::ostringstream text;
+    reading.status = app.exit(wanted, text, text);
+    reading.output = text.str();
   } catch (const CLI::ParseError& error) {
-    std::cerr << "morvane-reader: " << error.what() << "; see morvane-reader --help\n";
-    return {2, options};
+    reading.status = 2;
+    reading.error =
+        std::string("morvane-reader: ") + error.what() + "; see morvane-reader --help\n";
   }
-  return {std::nullopt, options};
+  return reading;
 }
 
 }  // namespace morvane

@@ -7,17 +7,11 @@
 #include <string>
 #include <vector>
 
-#include "export/csv.h"
+#include "batch/option_values.h"
 #include "filter/band_filter.h"
 #include "geometry/camera.h"
 
 namespace morvane {
-
-/// Pixels.
-struct PictureSize {
-  int width = 1125;
-  int height = 775;
-};
 
 /// What a command line asks for. Paths are in UTF-8. An output that was not asked for is empty; "-"
 /// is standard output, and "{name}" in it stands for the input's name.
@@ -33,7 +27,7 @@ struct BatchOptions {
 
   std::optional<glm::dvec2> from;  ///< the ends of the section, mm
   std::optional<glm::dvec2> to;
-  CsvStyle csv;
+  bool semicolon = false;  ///< tables for spreadsheets with a decimal comma
 
   FilterSettings filter;
   std::optional<glm::vec2> limits;  ///< minimum and maximum, µm
@@ -55,11 +49,12 @@ struct BatchOptions {
 /// What to do after the command line has been read.
 struct Reading {
   std::optional<int> status;  ///< the exit status, if there is nothing else to do
+  std::string output;         ///< what standard output gets then
+  std::string error;          ///< what standard error gets then
   BatchOptions options;
 };
 
-/// Reads the command line `words`, the first of which is the program. Help, version and errors are
-/// printed.
+/// Reads the command line `words`, the first of which is the program. Changes nothing else.
 Reading readOptions(const std::vector<std::string>& words);
 
 }  // namespace morvane

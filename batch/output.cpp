@@ -38,7 +38,10 @@ std::string writeOutput(const std::string& path, const std::string& input, bool 
       return output.finish();
     }
     if (isSameFile(input, path)) return "is the measurement itself";
-    if (!force && fileExists(path)) return "exists; --force replaces it";
+    if (fileExists(path)) {
+      if (!openForReading(path) && errno == EISDIR) return std::strerror(EISDIR);
+      if (!force) return "exists; --force replaces it";
+    }
     SafeFile file(path);
     writer(file);
     return file.commit();

@@ -6,6 +6,7 @@
 #include <iterator>
 #include <new>
 
+#include "base/paths.h"
 #include "base/safe_file.h"
 #include "export/height_files.h"
 #include "export/info_json.h"
@@ -22,7 +23,7 @@ void writeOwnResults(const ExportSource& source, ByteSink& sink) {
 
 void writeInfo(const ExportSource& source, ByteSink& sink) {
   const std::string object = infoObject(source);
-  const std::string document = infoDocument({&object, 1});
+  const std::string document = infoDocument({&object, 1}, false);
   sink.write(document.data(), document.size());
 }
 
@@ -36,19 +37,13 @@ constexpr ExportFormat kFormats[] = {
     {ExportKind::kInfo, ".json", "Header and results", writeInfo},
 };
 
-bool endsWith(std::string_view path, std::string_view extension) {
-  const auto same = [](char a, char b) { return a == b || (a >= 'A' && a <= 'Z' && a + 32 == b); };
-  return path.size() > extension.size() &&
-         std::ranges::equal(path.substr(path.size() - extension.size()), extension, same);
-}
-
 }  // namespace
 
 std::span<const ExportFormat> exportFormats() { return kFormats; }
 
 const ExportFormat* exportFormat(ExportKind kind, std::string_view path) {
   const auto* const found = std::ranges::find_if(kFormats, [&](const ExportFormat& format) {
-    return format.kind == kind && endsWith(path, format.extension);
+    return format.kind == kind && hasExtension(path, format.extension);
   });
   return found != std::end(kFormats) ? found : nullptr;
 }

@@ -103,11 +103,10 @@ std::string infoObject(const ExportSource& source) {
   return json + "\n}";
 }
 
-std::string infoDocument(std::span<const std::string> objects) {
-  if (objects.size() == 1) return objects.front() + "\n";
+std::string infoDocument(std::span<const std::string> objects, bool isList) {
   std::string json;
-  for (const std::string& object : objects) json.append(json.empty() ? "[" : ",\n").append(object);
-  return json.empty() ? "[]\n" : json + "]\n";
+  for (const std::string& object : objects) json.append(json.empty() ? "" : ",\n").append(object);
+  return isList ? "[" + json + "]\n" : json + "\n";
 }
 
 }  // namespace morvane

@@ -12,7 +12,7 @@ namespace morvane {
 /// all points. Numbers that are missing are null.
 std::string infoObject(const ExportSource& source);
 
-/// The document of one or more such objects: the object itself, or a list of several.
-std::string infoDocument(std::span<const std::string> objects);
+/// The document of such objects: a list of them, or else the only one itself.
+std::string infoDocument(std::span<const std::string> objects, bool isList);
 
 }  // namespace morvane

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "base/paths.h"
 #include "export/screen_picture.h"
 
 namespace morvane {
@@ -22,7 +23,7 @@ constexpr std::array<Format, 3> kFormats = {
 
 const Format* formatOf(const std::string& path) {
   const auto* found = std::find_if(kFormats.begin(), kFormats.end(), [&](const Format& format) {
-    return path.ends_with(format.extension);
+    return hasExtension(path, format.extension);
   });
   return found == kFormats.end() ? nullptr : found;
 }

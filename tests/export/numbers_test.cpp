@@ -171,7 +171,7 @@ TEST(Info, EscapesTextsAndHasNullForMissingNumbers) {
   "scale": null
 })");
   const std::string both[] = {object, "{}"};
-  EXPECT_EQ(infoDocument(both), "[" + object + ",\n{}]\n");
+  EXPECT_EQ(infoDocument(both, true), "[" + object + ",\n{}]\n");
   EXPECT_EQ(resultsText(source.measurement), "COPR\t\t\n");
 }
 

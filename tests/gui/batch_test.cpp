@@ -4,6 +4,7 @@
 
 #include <cstdlib>
 #include <filesystem>
+#include <fstream>
 #include <sstream>
 
 #include "tests/gui/on_show.h"
@@ -68,11 +69,15 @@ TEST_F(Batch, DoesEveryFileItCanAndNamesTheOthers) {
   std::filesystem::copy_file(golden::measurement("float_sum"), folder_.file("good.res"));
   std::filesystem::copy_file(golden::measurement("flat"), folder_.file("flat.res"));
   std::filesystem::rename(brokenFile(folder_), folder_.file("broken.res"));
+  std::ofstream(folder_.file("empty.res")).close();
+  std::filesystem::create_directory(folder_.file("folder.png"));
   Outcome outcome =
-      run("good.res none.res broken.res flat.res --picture '{name}.png' "
-          "--report '{name}.pdf' --low-pass 0.5 --view iso --size 200x150");
+      run("good.res none.res empty.res . broken.res flat.res --picture '{name}.png' "
+          "--report '{name}.pdf' --low-pass 0.1 --view iso --size 200x150");
   EXPECT_EQ(outcome.status, 1);
   EXPECT_THAT(outcome.errors, testing::ContainsRegex("^none.res: No such file[^\n]*\n"
+                                                     "empty.res: it holds no heights\n"
+                                                     ".: Is a directory\n"
                                                      "broken.res: it holds [^\n]*\n$"));
   for (const char* name : {"good.png", "good.pdf", "flat.png", "flat.pdf"}) {
     EXPECT_TRUE(exists(name)) << name;
@@ -86,6 +91,8 @@ TEST_F(Batch, DoesEveryFileItCanAndNamesTheOthers) {
   EXPECT_EQ(run("good.res --picture good.png --size 100x80 --force").status, 0);
   EXPECT_EQ(pictureIn("good.png").width(), 100);
   EXPECT_EQ(run("good.res --picture none/good.png").status, 1);
+  outcome = run("good.res --picture folder.png --force");
+  EXPECT_THAT(outcome.errors, HasSubstr("folder.png: Is a directory"));
   EXPECT_EQ(run("good.res --picture - >out").status, 0);
   EXPECT_EQ(pictureIn("out").width(), 1125);
 }
@@ -104,8 +111,17 @@ TEST_F(Batch, WritesNumbersAndTheSectionInThePicture) {
   EXPECT_EQ(run("a.res b.res none.res --results r.csv --semicolon").status, 1);
   EXPECT_THAT(contentOf(folder_.file("r.csv")),
               testing::ContainsRegex("^file;part;[^\n]*\na.res;[^\n]*\nb.res;[^\n]*\n$"));
-  EXPECT_EQ(run("a.res --section s2.csv --from 0,0 --to 500,1").status, 1);
-  EXPECT_EQ(run("a.res --heights a.res --force").status, 1) << "the measurement itself";
+  for (const char* options :
+       {"a.res --section s2.csv --from 0,0 --to 500,1",
+        "a.res --section s2.csv --from 1,1 --to 1,1", "a.res --picture s2.png --bitmap a.res",
+        "a.res --picture s2.png --low-pass 500", "a.res --heights a.res --force",
+        "a.res --info >/dev/full", "a.res --info >&-", "--help >/dev/full",
+        "none.res --info --results s2.csv >info"}) {
+    EXPECT_EQ(run(options).status, 1) << options;
+  }
+  EXPECT_EQ(contentOf(folder_.file("info")) + contentOf(folder_.file("s2.csv")), "");
+  EXPECT_EQ(run("--scale 2 none.res a.res --limits -1,1 --info >info").status, 1);
+  EXPECT_THAT(contentOf(folder_.file("info")), testing::StartsWith("[{\n")) << "of several files";
 }
 
 TEST_F(Batch, TellsItsVersionAndItsOptions) {
@@ -126,11 +142,14 @@ TEST_F(Batch, RefusesWrongUsageWithOptionAndValue) {
         {"a.res --bad", "--bad"},
         {"--picture a.png", "FILE"},
         {"a.res --picture a.gif", "a.gif"},
+        {"a.res --report a.png", ".pdf"},
         {"a.res b.res --report a.pdf", "{name}"},
+        {"a.res b/a.res --report {name}.pdf", "b/a.res"},
         {"a.res --picture a.png --view up", "up"},
         {"a.res --picture a.png --size 5x5", "5x5"},
         {"a.res --picture a.png --limits 3,1", "--limits"},
         {"a.res --picture a.png --limits 3,x", "3,x"},
+        {"a.res --picture a.png --limits 3,4,5", "3,4,5"},
         {"a.res --picture a.png --low-pass nan", "--low-pass"},
         {"a.res --picture a.png --band-pass 1", "--band-pass"},
         {"a.res --picture a.png --low-pass 1 --high-pass 1", "--high-pass"},
