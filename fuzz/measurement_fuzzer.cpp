@@ -78,8 +78,8 @@ void buildSurface(SurfaceModel& model, const ResHeader& header, const PinPair& d
   std::vector<float> colours(positions.size());
   std::vector<float> faces(cells * kFaceFloatsPerCell);
   model.build({positions, normals, colours, faces});
-  for (const std::string& label : keyLabels(model.limits().zMax, model.limits().zMin)) {
-    demand(!label.empty(), "every label of the key has a text");
+  for (const KeyLabel& label : keyLabels(model.colourScale())) {
+    demand(!label.text.empty(), "every label of the key has a text");
   }
   if (!model.hasHeights()) return;
   demandFinite(normals, "normals are numbers");

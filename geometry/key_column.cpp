@@ -19,14 +19,12 @@ constexpr float upOf(float deviceY) { return 387.0F + 387.5F * deviceY; }
 
 }  // namespace
 
-KeyColumn keyColumn(float max, float min, const TextWidth& textWidth) {
+KeyColumn keyColumn(const HeatMapScale& scale, const TextWidth& textWidth) {
   KeyColumn column;
-  const auto texts = keyLabels(max, min);
   float widest = 0.0F;
-  for (std::size_t i = 0; i < texts.size(); ++i) {
-    KeyNumber& number = column.numbers[i];
-    number.text = kGap + unsignedZero(texts[i]) + "µm";
-    number.y = upOf(keyLabelY(i));
+  for (const KeyLabel& label : keyLabels(scale)) {
+    const KeyNumber& number = column.numbers.emplace_back(
+        KeyNumber{.text = kGap + unsignedZero(label.text) + "µm", .y = upOf(label.y)});
     widest = std::max(widest, textWidth(number.text, kScale));
   }
   const float right = acrossOf(kKeyCentreX + kKeyWidth / 2 + kLabelOffset);

@@ -1,7 +1,6 @@
 // The places of the numbers of the colour key: no window, no GL.
 #pragma once
 
-#include <array>
 #include <string>
 #include <vector>
 
@@ -23,14 +22,14 @@ struct KeyNumber {
 };
 
 struct KeyColumn {
-  std::array<KeyNumber, kKeyLabels> numbers;
+  std::vector<KeyNumber> numbers;
   float scale = 1.0F;
 };
 
-/// The numbers from `max` to `min` beside the key. They are to its right, a little smaller if there
+/// The numbers of `scale` beside the key. They are to its right, a little smaller if there
 /// is little room. If they would be too small to read they are to its left. `textWidth` returns
 /// units of the text space, in which glyphs are wider in narrow windows.
-KeyColumn keyColumn(float max, float min, const TextWidth& textWidth);
+KeyColumn keyColumn(const HeatMapScale& scale, const TextWidth& textWidth);
 
 /// The area of the key and its numbers in a view of `width` × `height` pixels. Glyphs at a scale of
 /// 1 are `textHeight` units of the text space high.

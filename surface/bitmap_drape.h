@@ -4,7 +4,7 @@
 #include <cstddef>
 
 #include "resfile/bitmap_image.h"
-#include "surface/heat_map_scale.h"
+#include "surface/colour_maps.h"
 
 namespace morvane {
 

@@ -52,8 +52,8 @@ void ShownSurface::resetScaleAndLimits() {
   rebuild();
 }
 
-void ShownSurface::setGlobalScale(const std::optional<HeatMapScale>& scale) {
-  model_.globalScale = scale;
+void ShownSurface::setGlobalLimits(const std::optional<HeightRange>& limits) {
+  model_.globalLimits = limits;
   rebuild();
 }
 
@@ -119,8 +119,8 @@ std::string ShownSurface::alterations() {
     return settingText(low) + " to " + settingText(high) + " µm";
   };
   if (model.crop.on) add("Limits " + range(model.crop.min, model.crop.max));
-  if (const auto& scale = model.globalScale) {
-    add("Colours " + range(scale->lower(), scale->upper()));
+  if (const auto& limits = model.globalLimits) {
+    add("Colours " + range(limits->min, limits->max));
   }
   return words;
 }

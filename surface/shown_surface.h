@@ -48,9 +48,8 @@ class ShownSurface {
   /// Restores the automatic scale, sets typed limits to the true ones, and rebuilds.
   void resetScaleAndLimits();
 
-  /// Colours the surface and labels the key by `scale`, or by the surface's own limits if there is
-  /// none.
-  void setGlobalScale(const std::optional<HeatMapScale>& scale);
+  /// Colours the surface and labels the key by `limits`, or by the surface's own if there are none.
+  void setGlobalLimits(const std::optional<HeightRange>& limits);
 
   /// Chooses where colours come from. A bitmap is draped over a flattened surface. If no bitmap is
   /// chosen, only the choice is stored and the picture changes with the next rebuild.

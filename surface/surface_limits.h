@@ -29,6 +29,12 @@ inline float drawnHeight(double height, const Crop& crop) {
                            : crop.clamp(static_cast<float>(height));
 }
 
+/// A range of heights.
+struct HeightRange {
+  float min = 0.0F;
+  float max = 0.0F;
+};
+
 struct SurfaceLimits {
   float trueMin = 0.0F;  ///< lowest height of the grid
   float trueMax = 0.0F;  ///< highest height of the grid

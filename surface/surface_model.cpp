@@ -32,7 +32,6 @@ void SurfaceModel::measure() {
   *log_ << "Non-Detailed Rendering\n";
   limits_ = findLimits(*shown(), crop);
   shownMean_ = shown() == raw_ ? mean_.mean : meanOf(shown()->values()).mean;
-  scale_ = HeatMapScale(limits_.zMin, limits_.zMax);
   logLimits();
 }
 
@@ -48,6 +47,13 @@ void SurfaceModel::measureStatistics() {
   sd_ = std::sqrt(variance_);
   // Needed even while another scale is set: the controls use it as their step.
   autoScale_ = automaticScale(sd_, raw_->width());
+}
+
+HeatMapScale SurfaceModel::colourScale() const {
+  const ColourMap& map = standardColours();
+  if (globalLimits) return {map, globalLimits->min, globalLimits->max, Beyond::kNearerEnd};
+  if (crop.on) return {map, crop.min, crop.max};
+  return {map, limits_.zMin, limits_.zMax};
 }
 
 void SurfaceModel::logLimits() const {

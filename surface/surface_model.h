@@ -51,18 +51,15 @@ class SurfaceModel {
   /// The automatic vertical exaggeration of the raw grid; infinite for a flat one.
   [[nodiscard]] float autoScale() const { return autoScale_; }
   [[nodiscard]] const SurfaceLimits& limits() const { return limits_; }
-  /// The scale of the surface's colours and its key: the global one if there is one; else over the
-  /// limits of the crop while it is on; else over the displayed limits of the last `measure`.
-  [[nodiscard]] HeatMapScale colourScale() const {
-    if (globalScale) return *globalScale;
-    return crop.on ? HeatMapScale(crop.min, crop.max) : scale_;
-  }
+  /// The scale of the surface's colours and its key: over the global limits if there are any; else
+  /// over those of the crop while it is on; else over the displayed limits of the last `measure`.
+  [[nodiscard]] HeatMapScale colourScale() const;
 
   bool skipScale = false;                   ///< keep the current z-scale
   bool useFiltered = false;                 ///< use the filtered grid
   bool heatMap = true;                      ///< colour by height; else by the drape
   Crop crop;                                ///< the limits the operator set
-  std::optional<HeatMapScale> globalScale;  ///< colours without clamping heights
+  std::optional<HeightRange> globalLimits;  ///< of the colours, without clamping heights
 
  private:
   void measureStatistics();
@@ -78,7 +75,6 @@ class SurfaceModel {
   float sd_ = 0.0F;
   float autoScale_ = 0.0F;
   SurfaceLimits limits_;
-  HeatMapScale scale_;
 };
 
 }  // namespace morvane

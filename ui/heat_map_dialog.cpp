@@ -27,11 +27,11 @@ class HeatMapDialog : public Fl_Double_Window {
     min_ = addInput(60, "Global Min (");
     addButton(15, "Apply", [](Fl_Widget*, void* dialog) {
       const auto& self = *static_cast<HeatMapDialog*>(dialog);
-      appState().glView->surface().setGlobalScale(HeatMapScale(
-          leadingFloat(self.min_->value()), leadingFloat(self.max_->value()), Beyond::kNearerEnd));
+      appState().glView->surface().setGlobalLimits(
+          HeightRange{leadingFloat(self.min_->value()), leadingFloat(self.max_->value())});
     });
     addButton(105, "Reset",
-              [](Fl_Widget*, void*) { appState().glView->surface().setGlobalScale({}); });
+              [](Fl_Widget*, void*) { appState().glView->surface().setGlobalLimits({}); });
     addButton(195, "Cancel",
               [](Fl_Widget*, void* dialog) { static_cast<HeatMapDialog*>(dialog)->hide(); });
     end();

@@ -1,5 +1,7 @@
 #include "view/key_renderer.h"
 
+#include <vector>
+
 #include "base/debug_log.h"
 #include "surface/heat_map_scale.h"
 #include "view/shader_sources.h"
@@ -9,10 +11,10 @@ namespace {
 
 enum Attribute : GLuint { kPosition = 3, kColour = 4 };
 
-template <typename Floats>
-void upload(Attribute attribute, const GlBuffer& buffer, const Floats& floats) {
+void upload(Attribute attribute, const GlBuffer& buffer, const std::vector<float>& floats) {
   glBindBuffer(GL_ARRAY_BUFFER, buffer.name());
-  glBufferData(GL_ARRAY_BUFFER, sizeof floats, floats.data(), GL_DYNAMIC_DRAW);
+  glBufferData(GL_ARRAY_BUFFER, static_cast<GLsizeiptr>(floats.size() * sizeof(float)),
+               floats.data(), GL_DYNAMIC_DRAW);
   glEnableVertexAttribArray(attribute);
   glVertexAttribPointer(attribute, 3, GL_FLOAT, GL_FALSE, 0, nullptr);
 }
@@ -27,9 +29,9 @@ void KeyRenderer::generateBuffers() {
   colours_ = GlBuffer::generate();
 }
 
-void KeyRenderer::rebuild() {
-  logStream() << "BOUNDARIES: " << kHeatStops.size() << '\n';
-  const KeyGeometry key = keyGeometry();
+void KeyRenderer::rebuild(const ColourMap& map) {
+  logStream() << "BOUNDARIES: " << map.stops.size() << '\n';
+  const KeyGeometry key = keyGeometry(map);
   glBindVertexArray(vertexArray_.name());
   upload(kPosition, positions_, key.positions);
   upload(kColour, colours_, key.colours);

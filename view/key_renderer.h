@@ -1,6 +1,7 @@
 // The colour key at the right edge of the view.
 #pragma once
 
+#include "surface/colour_maps.h"
 #include "view/gl_objects.h"
 #include "view/shader_program.h"
 
@@ -14,7 +15,7 @@ class KeyRenderer {
   /// Creates its vertex array and buffers.
   void generateBuffers();
   /// Computes and uploads the key's geometry.
-  void rebuild();
+  void rebuild(const ColourMap& map);
   /// Draws the key over everything else.
   void draw() const;
 

@@ -143,7 +143,7 @@ void Scene::drawRest(const Subject& subject) {
   if (std::exchange(keyBuffersNeeded_, false)) key_.generateBuffers();
   const bool keyShown = options.keyVisible && shown.measured().heatMap;
   if (keyShown && std::exchange(keyRevision_, shown.meshRevision()) != shown.meshRevision()) {
-    key_.rebuild();
+    key_.rebuild(shown.measured().colourScale().map());
   }
   frame_.watch.print("Drawing Time for HM Key: ");
   tools.draw(shown, matrices);
@@ -154,7 +154,7 @@ void Scene::drawRest(const Subject& subject) {
     return text_.widthInSpace(text, scale);
   };
   const HeatMapScale scale = shown.measured().colourScale();
-  const KeyColumn column = keyColumn(scale.upper(), scale.lower(), textWidth);
+  const KeyColumn column = keyColumn(scale, textWidth);
   if (options.axesVisible) {
     std::vector<ScreenQuad> taken;
     if (keyShown) taken = keyArea(column, textWidth, text_.heightInSpace(), width, height);

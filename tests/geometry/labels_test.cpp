@@ -124,7 +124,7 @@ TEST_F(AxisLabels, HeightsStandAtTheEndsOfAnAxisThatIsSeenFromTheSide) {
 
 TEST_F(AxisLabels, LengthsKeepClearOfTheKey) {
   for (const int columns : {2900, 3000, 3100}) {
-    const KeyColumn column = keyColumn(5.0F, -5.0F, monospaced);
+    const KeyColumn column = keyColumn({standardColours(), -5.0F, 5.0F}, monospaced);
     taken = keyArea(column, monospaced, 48.0F, 1130, 775);
     show(columns, 1000, 0.3F, 0.0F);
     for (const ScreenQuad& room : taken) {
@@ -144,7 +144,7 @@ TEST(KeyColumn, FitsBesideTheKeyHoweverLongAndInEveryWindow) {
     };
     for (const float max : {5.0F, 173.45F, 40000.0F, 3e38F}) {
       SCOPED_TRACE(testing::Message() << max << " at " << stretch);
-      const KeyColumn shown = keyColumn(max, -max, wide);
+      const KeyColumn shown = keyColumn({standardColours(), -max, max}, wide);
       for (const KeyNumber& number : shown.numbers) {
         const float end = number.x + wide(number.text, shown.scale);
         EXPECT_TRUE((number.x >= 0.0F && end <= kKeyLeft) ||
@@ -154,8 +154,10 @@ TEST(KeyColumn, FitsBesideTheKeyHoweverLongAndInEveryWindow) {
       EXPECT_TRUE(shown.scale >= 0.32F || max > 1e6F);
     }
   }
-  EXPECT_EQ(keyColumn(0.004F, -0.001F, monospaced).numbers.back().text, "  0.00µm");
-  EXPECT_FLOAT_EQ(keyColumn(5.0F, -5.0F, monospaced).numbers.front().x, 1005.7F);
+  EXPECT_EQ(keyColumn({standardColours(), -0.001F, 0.004F}, monospaced).numbers.back().text,
+            "  0.00µm");
+  EXPECT_FLOAT_EQ(keyColumn({standardColours(), -5.0F, 5.0F}, monospaced).numbers.front().x,
+                  1005.7F);
 }
 
 }  // namespace

@@ -32,9 +32,12 @@ constexpr double kKeyTop = 0.7;
 constexpr double kKeyLeft = 0.725;
 constexpr double kKeyRight = 0.775;
 
+const std::size_t kKeyBands = standardColours().keyBands;
+
 /// The colour within a band of the key, `part` (0 to 1) of its height below its top.
 Rgb keyColour(std::size_t band, double part) {
-  const auto &below = kHeatStops.at(kKeyBands - 1 - band), &above = kHeatStops.at(kKeyBands - band);
+  const auto stops = standardColours().stops;
+  const auto &below = stops[kKeyBands - 1 - band], &above = stops[kKeyBands - band];
   const auto channel = [&](std::size_t i) {
     return toScreen((1.0 - part) * above[i] + part * below[i]);
   };
@@ -53,7 +56,8 @@ void expectKeyRow(const Image& picture, double y, const Rgb& colour) {
 void expectKey(const Image& picture) {
   for (std::size_t band = 0; band < kKeyBands; ++band) {
     for (const double part : {0.1, 0.5, 0.9}) {
-      const double below = (static_cast<double>(band) + part) * 2 * kKeyTop / kKeyBands;
+      const double below =
+          (static_cast<double>(band) + part) * 2 * kKeyTop / static_cast<double>(kKeyBands);
       expectKeyRow(picture, kKeyTop - below, keyColour(band, part));
     }
   }

@@ -88,7 +88,7 @@ TEST_P(GoldenSurface, HasItsCells) {
 INSTANTIATE_TEST_SUITE_P(Cases, GoldenSurface, testing::ValuesIn(golden::casesWith("cells.txt")));
 
 TEST(GoldenKey, HasItsGeometryAndLabels) {
-  const KeyGeometry key = keyGeometry();
+  const KeyGeometry key = keyGeometry(standardColours());
   for (const std::string& line : golden::lines(golden::file("view/key.txt"))) {
     const auto words = golden::words(line);
     if (words[0] == "pos") {
@@ -97,9 +97,14 @@ TEST(GoldenKey, HasItsGeometryAndLabels) {
       golden::expectFloats("col", key.colours, line, 1e-6);
     } else {
       ASSERT_EQ(words[0], "labels");
-      const auto labels = keyLabels(static_cast<float>(golden::number(words[1])),
-                                    static_cast<float>(golden::number(words[2])));
-      EXPECT_TRUE(std::equal(labels.begin(), labels.end(), words.begin() + 3, words.end())) << line;
+      const auto labels =
+          keyLabels({standardColours(), static_cast<float>(golden::number(words[2])),
+                     static_cast<float>(golden::number(words[1]))});
+      const auto same = [](const KeyLabel& label, const std::string& text) {
+        return label.text == text;
+      };
+      EXPECT_TRUE(std::equal(labels.begin(), labels.end(), words.begin() + 3, words.end(), same))
+          << line;
     }
   }
 }

@@ -22,6 +22,9 @@ namespace {
 
 using Vector = glm::dvec3;
 
+const Colour kLowest = standardColours().stops.front();
+const Colour kHighest = standardColours().stops.back();
+
 struct Mesh {
   explicit Mesh(const HeightGrid& grid, const MeshLook& look = {})
       : positions(cellCount(grid) * 18, -1.0F),
@@ -119,7 +122,7 @@ std::size_t vertexAt(const HeightGrid& grid, std::size_t column, std::size_t row
 
 TEST(CoarseMesh, HasThePointsOfTheFullOneUpToTheLastRowAndColumn) {
   const auto grid = roughGrid(12, 9);
-  const HeatMapScale scale(-4.0F, 4.0F);
+  const HeatMapScale scale(standardColours(), -4.0F, 4.0F);
   const MeshLook look = {{true, -3.0F, 3.5F}, &scale, nullptr};
   const Mesh full(*grid, look);
   for (const std::size_t step : {1, 2, 3, 5, 20}) {
@@ -191,19 +194,19 @@ TEST(Mesh, AWorkerThatFailsIsToldWhenAllHaveEnded) {
 }
 
 TEST(Scale, ColoursItsEndsAndNothingBeyond) {
-  const HeatMapScale scale(-1.5F, 3.7F);
-  EXPECT_EQ(scale.colourOf(-1.5F), kHeatStops.front());
-  EXPECT_EQ(scale.colourOf(3.7F), kHeatStops.back());
+  const HeatMapScale scale(standardColours(), -1.5F, 3.7F);
+  EXPECT_EQ(scale.colourOf(-1.5F), kLowest);
+  EXPECT_EQ(scale.colourOf(3.7F), kHighest);
   EXPECT_EQ(scale.colourOf(-1.6F), kUncoloured);
   EXPECT_EQ(scale.colourOf(9.9F), kUncoloured);
-  EXPECT_EQ(HeatMapScale(2.0F, 2.0F).colourOf(2.0F), kUncoloured);
-  const HeatMapScale reversed(3.0F, -3.0F);
-  EXPECT_EQ(reversed.colourOf(3.0F), kHeatStops.front());
-  EXPECT_EQ(reversed.colourOf(-3.0F), kHeatStops.back());
+  EXPECT_EQ(HeatMapScale(standardColours(), 2.0F, 2.0F).colourOf(2.0F), kUncoloured);
+  const HeatMapScale reversed(standardColours(), 3.0F, -3.0F);
+  EXPECT_EQ(reversed.colourOf(3.0F), kLowest);
+  EXPECT_EQ(reversed.colourOf(-3.0F), kHighest);
   // Reversed limits that colour what lies beyond keep their ends where they are.
-  const HeatMapScale ends(3.0F, -3.0F, Beyond::kNearerEnd);
-  EXPECT_EQ(ends.colourOf(9.0F), kHeatStops.front());
-  EXPECT_EQ(ends.colourOf(-9.0F), kHeatStops.back());
+  const HeatMapScale ends(standardColours(), 3.0F, -3.0F, Beyond::kNearerEnd);
+  EXPECT_EQ(ends.colourOf(9.0F), kLowest);
+  EXPECT_EQ(ends.colourOf(-9.0F), kHighest);
   EXPECT_EQ(ends.colourOf(NAN), kUncoloured);
 }
 
@@ -217,7 +220,7 @@ TEST(Scale, IsNeverNoise) {
                                      {1e6F, 1e6F + 0.125F}}) {
     for (const float part : {0.0F, 0.2F, 0.5F, 0.9F, 1.0F}) {
       const float height = lower * (1.0F - part) + upper * part;
-      for (const float channel : HeatMapScale(lower, upper).colourOf(height)) {
+      for (const float channel : HeatMapScale(standardColours(), lower, upper).colourOf(height)) {
         EXPECT_TRUE(channel >= 0.0F && channel <= 1.0F)
             << channel << " at " << height << " in " << lower << " to " << upper;
       }
@@ -230,14 +233,14 @@ TEST(Model, ColoursByTheGlobalLimitsAndClampsToTheTypedOnes) {
   SurfaceModel model(log);
   model.setRaw(gridOf(2, 2, {-50, -2, 2, 50}));
   model.crop = {true, -20.0F, 20.0F};
-  model.globalScale = HeatMapScale(-5.0F, 5.0F, Beyond::kNearerEnd);
+  model.globalLimits = {-5.0F, 5.0F};
   model.measure();
   std::vector<float> positions(18), normals(18), colours(18);
   model.build({positions, normals, colours, {}});
   EXPECT_EQ(positions[2], -20.0F);
   EXPECT_EQ(positions[5], 20.0F);
-  EXPECT_TRUE(std::equal(kHeatStops.front().begin(), kHeatStops.front().end(), colours.begin()));
-  EXPECT_TRUE(std::equal(kHeatStops.back().begin(), kHeatStops.back().end(), colours.begin() + 3));
+  EXPECT_TRUE(std::equal(kLowest.begin(), kLowest.end(), colours.begin()));
+  EXPECT_TRUE(std::equal(kHighest.begin(), kHighest.end(), colours.begin() + 3));
   EXPECT_EQ(model.colourScale().upper(), 5.0F) << "what the key shows";
 }
 

@@ -63,7 +63,7 @@ TEST_F(Shown, AnotherMeasurementStartsAnewButKeepsFilterAndColourSource) {
   shown_.setCrop({.on = true, .min = -0.1F, .max = 1.123F});
   shown_.setFilterEnabled(true);
   shown_.setFiltered(roughGrid(6, 5), "Low pass 0.80 mm");
-  shown_.setGlobalScale(HeatMapScale(-1.0F, 2.0F, Beyond::kNearerEnd));
+  shown_.setGlobalLimits(HeightRange{-1.0F, 2.0F});
   EXPECT_EQ(shown_.alterations(),
             "Low pass 0.80 mm · Limits -0.10 to 1.123 µm · Colours -1.00 to 2.00 µm");
   Measurement next;
