@@ -22,4 +22,7 @@ void openStandardStreams(bool mayWait);
 /// when there is no room now (a full pipe, a stopped terminal) or on an error.
 std::size_t writeOutput(std::string_view text);
 
+/// The width of the terminal that standard error goes to, in columns; 0 if it is none.
+std::size_t errorColumns();
+
 }  // namespace morvane

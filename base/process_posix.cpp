@@ -2,6 +2,7 @@
 
 #include <fcntl.h>
 #include <poll.h>
+#include <sys/ioctl.h>
 #include <sys/socket.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -60,6 +61,14 @@ std::size_t writeOutput(std::string_view text) {
     if (::poll(&output, 1, 0) == 1) written = ::write(STDOUT_FILENO, text.data(), length);
   }
   return written > 0 ? static_cast<std::size_t>(written) : 0;
+}
+
+std::size_t errorColumns() {
+  constexpr std::size_t kUsual = 80;  // of a terminal that does not say it
+  if (::isatty(STDERR_FILENO) == 0) return 0;
+  winsize size{};
+  const bool known = ::ioctl(STDERR_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col > 0;
+  return known ? size.ws_col : kUsual;
 }
 
 }  // namespace morvane

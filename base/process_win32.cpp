@@ -1,8 +1,10 @@
+#include <io.h>
 #include <windows.h>
 
 // shellapi.h needs the declarations of windows.h.
 #include <shellapi.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <memory>
@@ -60,6 +62,13 @@ void openStandardStreams(bool /*mayWait*/) {
 
 std::size_t writeOutput(std::string_view text) {
   return std::fwrite(text.data(), 1, text.size(), stdout);
+}
+
+std::size_t errorColumns() {
+  const auto handle = reinterpret_cast<HANDLE>(_get_osfhandle(_fileno(stderr)));
+  CONSOLE_SCREEN_BUFFER_INFO screen;
+  if (GetConsoleScreenBufferInfo(handle, &screen) == 0) return 0;
+  return static_cast<std::size_t>(std::max<int>(screen.dwSize.X, 1));
 }
 
 }  // namespace morvane

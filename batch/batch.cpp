@@ -7,6 +7,7 @@
 #include "base/paths.h"
 #include "batch/file_job.h"
 #include "batch/options.h"
+#include "batch/progress.h"
 
 namespace morvane {
 
@@ -28,12 +29,16 @@ std::optional<int> runBatch(const std::vector<std::string>& words, const std::st
   setLogTarget(options.verbose ? LogTarget::kErrors : LogTarget::kNowhere);
   FileJobs jobs(options, resourcePath(exeFolder, "Fonts", "arial.ttf"));
   int failed = 0;
+  Progress progress(options.verbose ? 0 : options.files.size());
   for (const std::string& file : options.files) {
+    progress.next(file);
     const std::string reason = jobs.run(file);
     if (reason.empty()) continue;
+    progress.erase();
     std::fprintf(stderr, "%s: %s\n", file.c_str(), reason.c_str());
     ++failed;
   }
+  progress.erase();
   const std::string reason = jobs.finish();
   if (!reason.empty()) std::fprintf(stderr, "%s\n", reason.c_str());
   return failed == 0 && reason.empty() ? 0 : 1;

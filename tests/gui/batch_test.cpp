@@ -124,6 +124,18 @@ TEST_F(Batch, WritesNumbersAndTheSectionInThePicture) {
   EXPECT_THAT(contentOf(folder_.file("info")), testing::StartsWith("[{\n")) << "of several files";
 }
 
+TEST_F(Batch, ShowsItsProgressOnATerminalOnly) {
+  std::filesystem::copy_file(golden::measurement("flat"), folder_.file("a.res"));
+  const std::string use = MORVANE_PROGRAM " a.res none.res a.res --info";
+  const std::string seen = outputOf("cd '" + folder_.path().string() + "' && script -qec '" + use +
+                                    "' /dev/null </dev/null | head -n 2");
+  const auto wiped = [](std::size_t columns) { return "\r" + std::string(columns, ' ') + "\r"; };
+  EXPECT_THAT(seen, testing::StartsWith("1 of 3 a.res" + wiped(12) + "2 of 3 none.res" + wiped(15) +
+                                        "none.res: No such file or directory\r\n3 of 3 a.res" +
+                                        wiped(12) + "[{"));
+  EXPECT_EQ(run("a.res none.res --info >info").errors, "none.res: No such file or directory\n");
+}
+
 TEST_F(Batch, TellsItsVersionAndItsOptions) {
   EXPECT_EQ(run("--version >version").status, 0);
   EXPECT_EQ(contentOf(folder_.file("version")), "morvane-reader " MORVANE_VERSION "\n");
