@@ -12,12 +12,20 @@ constexpr double kShortest = 20.0;
 constexpr std::size_t kMaxPoints = 250'000;
 // With fewer a frame is hardly faster: its other parts take the time.
 constexpr std::size_t kMinPoints = 12'000;
+constexpr double kSlowFrame = 1000.0;
+// Of a software GL on two cores: what a point takes, as long as no frame has been timed.
+constexpr double kGuessPerPoint = 0.0004;
 
 }  // namespace
 
 bool FramePacer::fullIsFast(std::size_t points) const {
   if (points <= kSmallSurface) return true;
   return perPoint_ > 0.0 && perPoint_ * static_cast<double>(points) <= kFastFrame;
+}
+
+bool FramePacer::fullIsSlow(std::size_t points) const {
+  const double perPoint = perPoint_ > 0.0 ? perPoint_ : kGuessPerPoint;
+  return perPoint * static_cast<double>(points) > kSlowFrame;
 }
 
 void FramePacer::fullTook(std::size_t points, double milliseconds) {

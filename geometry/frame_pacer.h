@@ -17,6 +17,8 @@ class FramePacer {
 
   /// Whether a frame of all `points` points of a surface is known to be fast.
   [[nodiscard]] bool fullIsFast(std::size_t points) const;
+  /// Whether a frame of all `points` points is expected to take more than a second.
+  [[nodiscard]] bool fullIsSlow(std::size_t points) const;
   /// The most points a coarse surface should have, so that a frame takes 20 to 32 ms.
   [[nodiscard]] std::size_t coarsePoints() const { return coarsePoints_; }
 

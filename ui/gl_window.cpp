@@ -197,6 +197,11 @@ void GLWindow::drawWhole() {
 }
 
 void GLWindow::flush() {
+  const bool uncovered = damage() == FL_DAMAGE_EXPOSE && valid() != 0;
+  if (uncovered && Fl::has_idle(drawSlice, this) != 0) {
+    make_current();
+    if (scene_.showCoarse()) return;
+  }
   const Stopwatch watch;
   GlPane::flush();
   if (!scene_.isWhole()) glFinish();
@@ -225,13 +230,11 @@ void GLWindow::beginSlices(void* window) {
 
 void GLWindow::drawSlice(void* window) {
   auto* view = static_cast<GLWindow*>(window);
-  const bool changed = view->damage() != 0 || view->visible_r() == 0;  // `draw` follows
-  if (!changed) {
-    view->make_current();
-    if (!view->scene_.advance(view->subject())) return;
-  }
+  if (view->visible_r() == 0) return view->stopSlices();
+  if (view->damage() != 0) return;  // `flush` follows
+  view->make_current();
+  if (!view->scene_.advance(view->subject())) return;
   view->stopSlices();
-  if (changed) return;
   view->keepFrame();
   view->swap_buffers();
   tellShown(true);

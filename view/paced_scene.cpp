@@ -1,11 +1,9 @@
 #include "view/paced_scene.h"
 
 #include <algorithm>
-#include <optional>
 #include <utility>
 
 #include "surface/coarse_mesh.h"
-#include "view/picture_target.h"
 #include "view/stopwatch.h"
 
 namespace morvane {
@@ -47,12 +45,12 @@ FrameReport PacedScene::drawWhole(const Subject& subject) {
 
 FrameReport PacedScene::drawCoarse(const Subject& subject, std::size_t step) {
   const bool timed = !scene_.coarseMeshNeeded(subject.shown, step);
-  // A frame in motion has one sample a pixel: a software GL draws it in half the time.
-  std::optional<PictureTarget> target;
-  target.emplace(subject.viewport.pixelWidth, subject.viewport.pixelHeight, 0);
-  if (!target->usable()) target.reset();
-  FrameReport report = scene_.drawCoarse(subject, step);
-  if (target) target->copyBack();
+  bindTarget(subject.viewport);
+  FrameReport report = scene_.drawCoarse(subject, step, pacer_.fullIsSlow(pointsOf(subject.shown)));
+  if (target_) {
+    target_->copyBack();
+    target_->unbind();
+  }
   coarseTimed_ = timed ? coarseVertices(*subject.shown.measured().shown(), step) : 0;
   whole_ = false;
   const std::uint64_t measurement = subject.shown.measurementRevision();
@@ -60,6 +58,27 @@ FrameReport PacedScene::drawCoarse(const Subject& subject, std::size_t step) {
   const bool ended = std::exchange(motionEnded_, false);
   restLeft_ = opened || ended ? 0.0 : kRest;
   return report;
+}
+
+void PacedScene::bindTarget(const Viewport& viewport) {
+  if (target_ && target_->width() == viewport.pixelWidth &&
+      target_->height() == viewport.pixelHeight) {
+    return target_->bind();
+  }
+  target_.emplace(viewport.pixelWidth, viewport.pixelHeight, 0);
+  if (!target_->usable()) target_.reset();
+}
+
+bool PacedScene::showCoarse() {
+  if (!target_) return false;
+  // The back buffer has what is drawn of the whole frame.
+  glDrawBuffer(GL_FRONT);
+  target_->bind();
+  target_->copyBack();
+  target_->unbind();
+  glFlush();
+  glDrawBuffer(GL_BACK);
+  return true;
 }
 
 void PacedScene::wasPresented(double milliseconds) {

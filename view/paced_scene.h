@@ -2,9 +2,11 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 
 #include "geometry/frame_pacer.h"
+#include "view/picture_target.h"
 #include "view/scene.h"
 
 namespace morvane {
@@ -34,6 +36,8 @@ class PacedScene {
   /// Draws a slice of it; not if anything has changed since `begin`. Returns whether the frame is
   /// complete.
   bool advance(const Subject& subject);
+  /// Shows the coarse frame again while the whole one is drawn. False if the driver cannot.
+  bool showCoarse();
   /// The outcome of the frame that `advance` completed.
   [[nodiscard]] const FrameReport& report() const { return scene_.report(); }
 
@@ -43,9 +47,12 @@ class PacedScene {
  private:
   [[nodiscard]] std::size_t coarseStepFor(ShownSurface& shown) const;
   FrameReport drawCoarse(const Subject& subject, std::size_t step);
+  void bindTarget(const Viewport& viewport);
 
   Scene scene_;
   FramePacer pacer_;
+  // A frame in motion has one sample a pixel: a software GL draws it in half the time.
+  std::optional<PictureTarget> target_;
   bool whole_ = true;
   bool motionEnded_ = false;
   double restLeft_ = 0.0;

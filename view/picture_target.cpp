@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <utility>
 
 #include "view/gl_driver.h"
 #include "view/gl_state.h"
@@ -28,17 +29,26 @@ int PictureTarget::largestSide() {
 }
 
 PictureTarget::PictureTarget(int width, int height, int samples) : width_(width), height_(height) {
-  glGetIntegerv(GL_FRAMEBUFFER_BINDING, &before_);
   takeGlErrors("picture");
   buffer_ = GlFramebuffer::generate();
-  glBindFramebuffer(GL_FRAMEBUFFER, buffer_.name());
+  bind();
   colours_ = attach(GL_COLOR_ATTACHMENT0, GL_SRGB8_ALPHA8, samples, width, height);
   depth_ = attach(GL_DEPTH_ATTACHMENT, GL_DEPTH_COMPONENT24, samples, width, height);
   usable_ = glGetError() == GL_NO_ERROR &&
             glCheckFramebufferStatus(GL_FRAMEBUFFER) == GL_FRAMEBUFFER_COMPLETE;
 }
 
-PictureTarget::~PictureTarget() { glBindFramebuffer(GL_FRAMEBUFFER, static_cast<GLuint>(before_)); }
+void PictureTarget::bind() {
+  glGetIntegerv(GL_FRAMEBUFFER_BINDING, &before_);
+  glBindFramebuffer(GL_FRAMEBUFFER, buffer_.name());
+  bound_ = true;
+}
+
+void PictureTarget::unbind() {
+  if (std::exchange(bound_, false)) {
+    glBindFramebuffer(GL_FRAMEBUFFER, static_cast<GLuint>(before_));
+  }
+}
 
 void PictureTarget::copyBack() const {
   const GlSwitch noConversion(GL_FRAMEBUFFER_SRGB, false);

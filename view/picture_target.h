@@ -5,15 +5,21 @@
 
 namespace morvane {
 
-/// While it lives everything is drawn into it. All functions need the same current GL context.
+/// While it is bound everything is drawn into it. All functions need the same current GL context.
 class PictureTarget {
  public:
-  /// A picture of `width` × `height` pixels, by default with as many samples as in the windows.
+  /// Binds a picture of `width` × `height` pixels, by default with as many samples as in the
+  /// windows.
   PictureTarget(int width, int height, int samples = 4);
-  /// Binds what was bound before.
-  ~PictureTarget();
+  ~PictureTarget() { unbind(); }
   PictureTarget(const PictureTarget&) = delete;
   PictureTarget& operator=(const PictureTarget&) = delete;
+
+  [[nodiscard]] int width() const { return width_; }
+  [[nodiscard]] int height() const { return height_; }
+  void bind();
+  /// Binds what was bound before.
+  void unbind();
 
   /// False if the driver cannot hold a picture of this size.
   [[nodiscard]] bool usable() const { return usable_; }
@@ -29,6 +35,7 @@ class PictureTarget {
   int width_;
   int height_;
   bool usable_ = false;
+  bool bound_ = false;
   GLint before_ = 0;  // the frame buffer that was bound
   GlFramebuffer buffer_;
   GlRenderbuffer colours_;

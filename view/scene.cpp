@@ -50,13 +50,14 @@ bool Scene::fullMeshNeeded(const ShownSurface& shown) const {
   return fullRevision_ != shown.meshRevision();
 }
 
-FrameReport Scene::drawCoarse(const Subject& subject, std::size_t step) {
+FrameReport Scene::drawCoarse(const Subject& subject, std::size_t step, bool told) {
   start(subject);
   if (coarseMeshNeeded(subject.shown, step)) {
     surface_.buildCoarse(subject.shown.measured(), subject.shown.drape(), step);
     coarseRevision_ = subject.shown.meshRevision();
   }
   clear(subject.viewport);
+  frame_.told = told;
   frame_.look.filled = true;  // between so few points there would be gaps
   surface_.beginDrawing(Detail::kCoarse);
   surface_.advanceDrawing(frame_.matrices, frame_.eye, frame_.look,
@@ -180,11 +181,20 @@ void Scene::drawKey(ShownSurface& shown, const KeyColumn& column) {
   text_.draw(fileNameOf(shown.measurement().path), 20.0F, 750.0F, 0.3F, kTextColour);
 }
 
+/// Which points are shown; empty for all.
+std::string Scene::detailWords(const ShownSurface& shown) const {
+  const auto every = [](std::size_t step) { return "shown at every " + ordinal(step) + " point"; };
+  const std::size_t step = surface_.fullStep();
+  if (step > 1 && !fullMeshNeeded(shown)) return every(step);
+  if (frame_.told) return every(surface_.coarseStep()) + " until all are drawn";
+  return "";
+}
+
 void Scene::drawAlterations(ShownSurface& shown) {
   std::string words = shown.alterations();
-  if (const std::size_t step = surface_.fullStep(); step > 1 && !fullMeshNeeded(shown)) {
-    words += (words.empty() ? "" : " · ") + ("shown at every " + ordinal(step) + " point");
-  }
+  const std::string detail = detailWords(shown);
+  if (!words.empty() && !detail.empty()) words += " · ";
+  words += detail;
   if (words.empty()) return;
   constexpr float kLeft = 20.0F;
   constexpr float kScale = 0.3F;

@@ -57,7 +57,8 @@ class Scene {
   FrameReport draw(const Subject& subject);
 
   /// Draws a frame of every `step`-th point of the surface. All else is drawn as in a whole frame.
-  FrameReport drawCoarse(const Subject& subject, std::size_t step);
+  /// With `told`, the line below the file's name says so.
+  FrameReport drawCoarse(const Subject& subject, std::size_t step, bool told);
   /// Whether `drawCoarse` must first build the mesh.
   [[nodiscard]] bool coarseMeshNeeded(const ShownSurface& shown, std::size_t step) const;
 
@@ -85,6 +86,7 @@ class Scene {
     glm::vec3 eye;
     SurfaceLook look;
     FrameReport report;
+    bool told = false;      // that it is coarse
     bool building = false;  // the full mesh
     bool cleared = false;   // the drawing has begun
   };
@@ -95,6 +97,7 @@ class Scene {
   void clear(const Viewport& viewport);
   void drawRest(const Subject& subject);
   void drawKey(ShownSurface& shown, const KeyColumn& column);
+  [[nodiscard]] std::string detailWords(const ShownSurface& shown) const;
   void drawAlterations(ShownSurface& shown);
 
   std::string fontPath_;

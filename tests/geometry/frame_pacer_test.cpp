@@ -12,9 +12,12 @@ TEST(FramePacer, TakesASlowSurfaceForFastOnlyWhenItWasMeasured) {
   FramePacer pacer;
   EXPECT_TRUE(pacer.fullIsFast(FramePacer::kSmallSurface));
   EXPECT_FALSE(pacer.fullIsFast(kMillion));
+  EXPECT_FALSE(pacer.fullIsSlow(kMillion));
+  EXPECT_TRUE(pacer.fullIsSlow(16 * kMillion));
   pacer.fullTook(kMillion, 20.0);
   EXPECT_TRUE(pacer.fullIsFast(kMillion));
   EXPECT_FALSE(pacer.fullIsFast(3 * kMillion));
+  EXPECT_FALSE(pacer.fullIsSlow(16 * kMillion));
 }
 
 /// Frames that take `each` milliseconds a point, and 10 more.

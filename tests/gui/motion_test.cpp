@@ -1,6 +1,7 @@
 // Surfaces that take long to draw: coarse pictures in motion, and the whole picture afterwards.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 
 #include "tests/gui/on_show.h"
@@ -40,18 +41,29 @@ TEST_F(Motion, EndsWithThePictureOfTheWholeSurfaceUnchanged) {
 }
 
 TEST_F(Motion, WhileALargeSurfaceIsDrawnEventsAreAnswered) {
-  openRough(1500);
+  openRough(1200);
+  const auto coarseFrames = [this] {
+    const auto told = program_->lines(Stream::kErrors);
+    return std::count(told.begin(), told.end(), "frame: coarse");
+  };
   program_->press(control::kReset);
   EXPECT_TRUE(eventually([this] { return !program_->wholeFrameShown(); }));
   window().hold(kCentre, kCentre, {});
   program_->awaitLine("Entered");
+  const auto framesBefore = coarseFrames();
+  const Image coarse = window().capture();
   window().click({167, 12});
   window().awaitPicture("the menu", [](const Image& p) {
     return p.part({165, 28, 30, 16}).count([](const Rgb& c) { return c == kBlack; }) > 100;
   });
   EXPECT_FALSE(program_->wholeFrameShown());
   window().key({"Escape"});
+  window().awaitPicture("what the menu hid", [&](const Image& p) {
+    return program_->wholeFrameShown() ||
+           p.part({155, 28, 100, 40}) == coarse.part({155, 28, 100, 40});
+  });
   await("the whole picture", [this](const Image& p) { return sameAsAtStart(p, kView); });
+  EXPECT_EQ(coarseFrames(), framesBefore) << "the menu made it begin again";
 }
 
 }  // namespace
