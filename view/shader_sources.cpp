@@ -175,10 +175,8 @@ void main() {
 }
 )";
 
-}  // namespace
-
-const ShaderSource kCoarseShader = {"CoarseVS", "CoarseFS",
-                                    R"(#version 300 es
+// The light is computed per vertex, and without colour: every light is white.
+constexpr const char* kCoarseVertex = R"(#version 300 es
 precision highp float;
 
 layout(location = 0) in vec3 vertexPosition;
@@ -196,9 +194,13 @@ uniform vec3 specular_lighting;
 uniform vec3 LightDirection;
 uniform float LightPower;
 uniform float Shininess;
+uniform float lowest;
+uniform float perUnit;
 
-out vec3 frontColour;
-out vec3 backColour;
+out vec3 pointColour;
+out float part;
+out float frontLight;
+out float backLight;
 
 void main() {
   vec3 place = (M * vec4(vertexPosition, 1.0)).xyz;
@@ -208,20 +210,44 @@ void main() {
   float side = dot(norm, toLight);
   float spec = pow(max(dot(normalize(CameraPosition - place), reflect(-toLight, norm)), 0.0),
                    Shininess);
-  vec3 both = ambient_lighting + specular_lighting * spec * LightPower;
-  frontColour = vertexColor * (both + diffuse_lighting * max(side, 0.0));
-  backColour = vertexColor * (both + diffuse_lighting * max(-side, 0.0));
+  float both = ambient_lighting.r + specular_lighting.r * spec * LightPower;
+  frontLight = both + diffuse_lighting.r * max(side, 0.0);
+  backLight = both + diffuse_lighting.r * max(-side, 0.0);
+  pointColour = vertexColor;
+  part = (vertexPosition.z - lowest) * perUnit;
 }
-)",
-                                    R"(#version 300 es
+)";
+
+}  // namespace
+
+const ShaderSource kCoarseShader = {"CoarseVS", "CoarseFS", kCoarseVertex, R"(#version 300 es
 precision highp float;
 
-in vec3 frontColour;
-in vec3 backColour;
+in vec3 pointColour;
+in float frontLight;
+in float backLight;
 
 out vec4 outColor;
 
-void main() { outColor = vec4(gl_FrontFacing ? frontColour : backColour, 1.0); }
+void main() { outColor = vec4(pointColour * (gl_FrontFacing ? frontLight : backLight), 1.0); }
+)"};
+
+const ShaderSource kCoarseHeightShader = {"CoarseVS", "CoarseHeightFS", kCoarseVertex,
+                                          R"(#version 300 es
+precision highp float;
+
+in float part;
+in float frontLight;
+in float backLight;
+
+uniform sampler2D colours;
+
+out vec4 outColor;
+
+void main() {
+  vec3 colour = texture(colours, vec2(part, 0.5)).rgb;
+  outColor = vec4(colour * (gl_FrontFacing ? frontLight : backLight), 1.0);
+}
 )"};
 
 const ShaderSource kSurfaceShader = {"ModelVS", "ModelFS", kSurfaceVertex, kSurfaceFragment};

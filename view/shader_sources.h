@@ -8,8 +8,9 @@ namespace morvane {
 /// The lit, colour-coded surface. Attributes: 0 position, 1 colour, 2 normal.
 extern const ShaderSource kSurfaceShader;
 /// The same with the light computed for each vertex, for pictures in motion. A software GL draws it
-/// in half the time.
+/// in half the time. The colour is that of the vertices, or of the interpolated height.
 extern const ShaderSource kCoarseShader;
+extern const ShaderSource kCoarseHeightShader;
 /// The same surface as points. Further attributes: 3 and 4, the other corners of the point's
 /// triangle in its winding order.
 extern const ShaderSource kPointShader;

@@ -62,7 +62,7 @@ void SurfaceRenderer::generate() {
   vertexArray_ = GlVertexArray::generate();
   list_.generate();
   program_ = ShaderProgram(kSurfaceShader);
-  coarseProgram_ = ShaderProgram(kCoarseShader);
+  coarseHeightProgram_ = ShaderProgram(kCoarseHeightShader);
 }
 
 void SurfaceRenderer::beginFull(const SurfaceModel& model, const BitmapDrape* drape) {
@@ -96,6 +96,8 @@ void SurfaceRenderer::buildCoarse(const SurfaceModel& model, const BitmapDrape* 
                                   std::size_t step) {
   glBindVertexArray(vertexArray_.name());
   (void)coarse_.build(model, drape, step);
+  coarseByHeight_ = model.heatMap;
+  if (coarseByHeight_) coarseColours_.make(model.colourScale());
 }
 
 void SurfaceRenderer::beginDrawing(Detail detail) {
@@ -107,6 +109,7 @@ bool SurfaceRenderer::advanceDrawing(const ViewMatrices& matrices, const glm::ve
                                      const SurfaceLook& look, double milliseconds) {
   const Stopwatch watch;
   setUniforms(program(look.filled), matrices, eye, look.lit);
+  if (progress_.detail == Detail::kCoarse && coarseByHeight_) useCoarseColours();
   glBindVertexArray(vertexArray_.name());
   const std::vector<Run> all = runs(look.filled);
   while (progress_.run < all.size()) {
@@ -121,10 +124,20 @@ bool SurfaceRenderer::advanceDrawing(const ViewMatrices& matrices, const glm::ve
   return true;
 }
 
+void SurfaceRenderer::useCoarseColours() const {
+  glUniform1f(coarseHeightProgram_.uniform("lowest"), coarseColours_.lowest());
+  glUniform1f(coarseHeightProgram_.uniform("perUnit"), coarseColours_.perUnit());
+  glBindTexture(GL_TEXTURE_2D, coarseColours_.name());
+}
+
 const ShaderProgram& SurfaceRenderer::program(bool filled) {
-  if (!filled && pointProgram_.name() == 0) pointProgram_ = ShaderProgram(kPointShader);
-  if (!filled) return pointProgram_;
-  return progress_.detail == Detail::kCoarse ? coarseProgram_ : program_;
+  const auto created = [](ShaderProgram& program, const ShaderSource& source) -> ShaderProgram& {
+    if (program.name() == 0) program = ShaderProgram(source);
+    return program;
+  };
+  if (!filled) return created(pointProgram_, kPointShader);
+  if (progress_.detail == Detail::kFull) return program_;
+  return coarseByHeight_ ? coarseHeightProgram_ : created(coarseProgram_, kCoarseShader);
 }
 
 const IndexedSurface* SurfaceRenderer::indexed() const {

@@ -11,6 +11,7 @@
 #include "surface/surface_model.h"
 #include "view/gl_objects.h"
 #include "view/indexed_surface.h"
+#include "view/scale_texture.h"
 #include "view/shader_program.h"
 #include "view/triangle_list.h"
 
@@ -83,16 +84,22 @@ class SurfaceRenderer {
   /// The mesh to draw if it is not the triangle list.
   [[nodiscard]] const IndexedSurface* indexed() const;
   [[nodiscard]] std::vector<Run> runs(bool filled) const;
+  void useCoarseColours() const;
   void attach(const Run& run, bool filled) const;
   static void detach();
   void drawPiece(const Run& run);
 
   ShaderProgram program_;
+  ShaderProgram coarseHeightProgram_;
+  // Created at first use.
   ShaderProgram coarseProgram_;
-  ShaderProgram pointProgram_;  // created at first use
+  ShaderProgram pointProgram_;
   GlVertexArray vertexArray_;
   TriangleList list_;
   IndexedSurface coarse_;
+  // The few points of a coarse surface lie too far apart to blend their colours.
+  ScaleTexture coarseColours_;
+  bool coarseByHeight_ = false;
   IndexedSurface substitute_;  // for a list that does not fit
   std::string trouble_;
   Progress progress_;
