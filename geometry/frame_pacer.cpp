@@ -5,9 +5,9 @@
 namespace morvane {
 namespace {
 
-constexpr double kLongest = 32.0;
-constexpr double kWanted = 26.0;
-constexpr double kShortest = 20.0;
+constexpr double kLongest = 28.0;
+constexpr double kWanted = 23.0;
+constexpr double kShortest = 18.0;
 // The coarse mesh then takes less than 16 MB.
 constexpr std::size_t kMaxPoints = 250'000;
 // With fewer a frame is hardly faster: its other parts take the time.

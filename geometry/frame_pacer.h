@@ -19,7 +19,7 @@ class FramePacer {
   [[nodiscard]] bool fullIsFast(std::size_t points) const;
   /// Whether a frame of all `points` points is expected to take more than a second.
   [[nodiscard]] bool fullIsSlow(std::size_t points) const;
-  /// The most points a coarse surface should have, so that a frame takes 20 to 32 ms.
+  /// The most points a coarse surface should have, so that a frame takes 18 to 28 ms.
   [[nodiscard]] std::size_t coarsePoints() const { return coarsePoints_; }
 
   /// Reports the time of a frame at full detail, of more than `kSmallSurface` points.

@@ -35,8 +35,8 @@ TEST(FramePacer, FindsTheNumberOfPointsWhoseFrameIsNeitherSlowNorNeedlesslyCoars
   for (const double each : {0.0002, 0.0007, 0.0015}) {
     FramePacer pacer;
     const double frame = pacedFrame(pacer, each);
-    EXPECT_GE(frame, 20.0) << each;
-    EXPECT_LE(frame, 33.0) << each;
+    EXPECT_GE(frame, 18.0) << each;
+    EXPECT_LE(frame, 29.0) << each;
   }
   FramePacer fast;
   pacedFrame(fast, 0.0);
