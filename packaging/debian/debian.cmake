@@ -35,6 +35,8 @@ pack_document(${made}/${package_name}.1 ${made}/${package_name}.1.gz)
 install(PROGRAMS debian/launcher DESTINATION bin RENAME ${package_name})
 install(FILES debian/${package_name}.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
 install(FILES debian/${package_name}.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/mime/packages)
+install(FILES debian/${package_name}.bash
+        DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions RENAME ${package_name})
 install(FILES ${made}/copyright ${made}/changelog.gz DESTINATION ${document_folder})
 install(FILES ${PROJECT_SOURCE_DIR}/THIRD_PARTY.md DESTINATION ${document_folder} OPTIONAL)
 install(FILES ${made}/${package_name}.1.gz DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)

@@ -144,6 +144,27 @@ TEST_F(Batch, TellsItsVersionAndItsOptions) {
   for (std::string line; std::getline(help, line);) EXPECT_LE(line.size(), 80U) << line;
 }
 
+TEST_F(Batch, BashCompletesOptionsChoicesAndFiles) {
+  for (const char* name : {"a b.res", "c.RES", "d.bmp"}) std::ofstream(folder_.file(name)).close();
+  // The words of a command line, and what the last one can become.
+  for (const auto& [words, completions] : {std::pair{"--vi", "--view\n"},
+                                           {"--view ''", "top\nfront\nside\niso\n"},
+                                           {"--view = s", "side\n"},
+                                           {"--view =", "top\nfront\nside\niso\n"},
+                                           {"--info ''", "a b.res\nc.RES\n"},
+                                           {"--bitmap ''", "d.bmp\n"},
+                                           {"--report d", "d.bmp\n"},
+                                           {"--limits ''", "\n"}}) {
+    const std::string script =
+        ". " MORVANE_COMPLETION "; cd \"" + folder_.path().string() +
+        "\"; COMP_WORDS=(" MORVANE_PROGRAM " " + words +
+        "); COMP_CWORD=$((${#COMP_WORDS[@]} - 1)); _morvane_reader \"${COMP_WORDS[0]}\" "
+        "\"${COMP_WORDS[-1]}\" \"${COMP_WORDS[-2]}\"; printf \"%s\\n\" \"${COMPREPLY[@]}\"";
+    std::ofstream(folder_.file("script")) << script;
+    EXPECT_EQ(outputOf("bash '" + folder_.file("script") + "'"), completions) << words;
+  }
+}
+
 TEST_F(Batch, RefusesWrongUsageWithOptionAndValue) {
   struct Case {
     const char* options;
