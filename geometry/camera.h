@@ -55,6 +55,8 @@ struct ViewMatrices {
   glm::mat4 model{1.0F};    ///< scales heights, centres, rotates, pans
   glm::mat4 overlay{1.0F};  ///< the same without the height scale, for pins, grid and profile
   glm::mat3 normal{1.0F};   ///< transposed inverse of the model's 3 × 3 part
+  /// Pixels of the picture for each of the window: widths of lines and points.
+  float pixelRatio = 1.0F;
 };
 
 /// A picking ray in world space.

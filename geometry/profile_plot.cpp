@@ -138,12 +138,14 @@ class Layout {
   /// Adds the segments of a line without gaps, clamped to the plot and at least a pixel long.
   void addRun(const std::vector<glm::vec2>& run, std::vector<glm::vec2>& line) const {
     std::vector<glm::vec2> pixels;
-    for (const glm::vec2& point : run) pixels.emplace_back(pixelX(point.x), pixelY(point.y));
+    for (const glm::vec2& point : run) {
+      pixels.push_back(data_.pixelRatio * glm::vec2(pixelX(point.x), pixelY(point.y)));
+    }
     const std::size_t before = line.size();
     constexpr glm::vec2 kLow{plot::kLeft, plot::kMiddle - plot::kHalfCurve};
     constexpr glm::vec2 kHigh{plot::kLeft + plot::kLength, plot::kMiddle + plot::kHalfCurve};
     if (!addPieces(std::span(run), std::span<const glm::vec2>(pixels), line)) {
-      const float pixel = 2.0F / width_;
+      const float pixel = 2.0F / (width_ * data_.pixelRatio);
       const float left = std::min(run[0].x, kHigh.x - pixel);
       line.insert(line.end(), {{left, run[0].y}, {left + pixel, run[0].y}});
     }

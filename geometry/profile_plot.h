@@ -17,6 +17,7 @@ struct PlotData {
   float pixelSize = 0.0F;  ///< spacing of the samples, mm
   float limitHigh = 0.0F;  ///< heat-map limits; they scale the plot of a flat line
   float limitLow = 0.0F;
+  float pixelRatio = 1.0F;  ///< pixels of the picture for each of the window
 };
 
 /// A text of the plot, at a size of 48 pixels times `scale`.

@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "base/debug_log.h"
+#include "view/gl_state.h"
 #include "view/shader_sources.h"
 
 namespace morvane {
@@ -38,6 +39,7 @@ void Axes::draw(const ViewMatrices& matrices, const AxesRange& range) const {
   glUniformMatrix4fv(program_.uniform("M"), 1, GL_FALSE, glm::value_ptr(matrices.overlay));
   glUniform4fv(program_.uniform("colorOvrr"), 1, glm::value_ptr(kLineColour));
   glBindVertexArray(vertexArray_.name());
+  const GlLineWidth thin(matrices.pixelRatio);
   const auto drawPart = [&](const glm::vec3& start, const glm::vec3& size, GLint first,
                             GLsizei count) {
     const glm::mat4 matrix = matrices.projection * matrices.view *
@@ -58,7 +60,7 @@ void Axes::draw(const ViewMatrices& matrices, const AxesRange& range) const {
 }
 
 void Axes::drawLabels(const ViewMatrices& matrices, const AxesRange& range, int width, int height,
-                      std::vector<ScreenQuad> taken, const TextRenderer& text) {
+                      std::vector<ScreenQuad> taken, TextRenderer& text) {
   const glm::mat4 toClip = matrices.projection * matrices.view * matrices.overlay;
   const TextWidth textWidth = [&text](std::string_view label, float scale) {
     return text.width(label, scale);

@@ -20,7 +20,7 @@ class Axes {
   /// Draws names, lengths and heights in a window of `width` × `height` pixels. They avoid the
   /// `taken` area.
   static void drawLabels(const ViewMatrices& matrices, const AxesRange& range, int width,
-                         int height, std::vector<ScreenQuad> taken, const TextRenderer& text);
+                         int height, std::vector<ScreenQuad> taken, TextRenderer& text);
 
  private:
   ShaderProgram program_;

@@ -104,7 +104,7 @@ void PinRenderer::drawPin(const ViewMatrices& matrices, const Pin& pin) const {
   const GlDepthOrEqual orEqual;
   setColour(kEdgeColour);
   glBindVertexArray(edgeArray_.name());
-  const GlLineWidth width(1.0F);
+  const GlLineWidth width(matrices.pixelRatio);
   glDrawArrays(GL_LINES, 0, kEdgeVertices);
 }
 

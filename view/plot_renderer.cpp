@@ -4,6 +4,7 @@
 #include <glm/gtc/type_ptr.hpp>
 #include <vector>
 
+#include "geometry/thick_line.h"
 #include "view/gl_state.h"
 #include "view/shader_sources.h"
 
@@ -63,13 +64,13 @@ void PlotRenderer::enterContext() {
   glVertexAttribPointer(0, 2, GL_FLOAT, GL_FALSE, 0, nullptr);
 }
 
-void PlotRenderer::draw(ProfileTool& tool, int width, int height) {
-  text_.setSpace(static_cast<float>(width), static_cast<float>(height));
+void PlotRenderer::draw(ProfileTool& tool, int width, int height, float pixelRatio) {
+  text_.setSpace(static_cast<float>(width), static_cast<float>(height), pixelRatio);
   const ProfileSurface& surface = tool.surface();
   const double pixelSize =
       pixelSizeAlong(placesOf(tool.pins()), surface.pixelSizeX, surface.pixelSizeY);
-  const PlotData data{tool.section(), surface.crop, static_cast<float>(pixelSize),
-                      surface.limitHigh, surface.limitLow};
+  const PlotData data{tool.section(),    surface.crop,     static_cast<float>(pixelSize),
+                      surface.limitHigh, surface.limitLow, pixelRatio};
   const ProfilePlot plotted = layOutProfile(
       data, width, height,
       [this](std::string_view text, float scale) { return text_.width(text, scale); });
@@ -80,23 +81,30 @@ void PlotRenderer::draw(ProfileTool& tool, int width, int height) {
   glBindVertexArray(vertexArray_.name());
   glBindBuffer(GL_ARRAY_BUFFER, vertices_.name());
   {
-    const GlLineWidth thin(1.0F);
+    const GlLineWidth thin(pixelRatio);
     drawVertices(GL_LINES, plotted.levels, kLevelColour);
     drawVertices(GL_TRIANGLES, axisBar(), kAxisColour);
     drawVertices(GL_LINES, kAxisLine, kAxisColour);
     drawVertices(GL_LINES, tickLines(), kTickColour);
   }
-  {
-    const GlLineWidth curve(2.0F);
-    drawVertices(GL_LINES, plotted.curve, kCurveColour);
-  }
-  {
-    const GlLineWidth clipped(4.0F);
-    drawVertices(GL_LINES, plotted.clipped, kClippedColour);
-  }
+  const glm::vec2 pixels = glm::vec2(width, height) * pixelRatio;
+  drawCurve(plotted.curve, 2.0F, pixels, pixelRatio, kCurveColour);
+  drawCurve(plotted.clipped, 4.0F, pixels, pixelRatio, kClippedColour);
   for (const PlotText& text : plotted.texts) {
     text_.draw(text.text, text.place.x, text.place.y, text.scale, kTextColour);
   }
+}
+
+/// Draws a curve as wide as in the window.
+void PlotRenderer::drawCurve(std::span<const glm::vec2> curve, float width, glm::vec2 pixels,
+                             float pixelRatio, const glm::vec4& colour) const {
+  if (pixelRatio <= 1.0F) {
+    const GlLineWidth lineWidth(width);
+    return drawVertices(GL_LINES, curve, colour);
+  }
+  std::vector<glm::vec4> ends;
+  for (const glm::vec2& point : curve) ends.emplace_back(point, 0.0F, 1.0F);
+  drawVertices(GL_TRIANGLES, thickLines(ends, pixels, width * pixelRatio), colour);
 }
 
 void PlotRenderer::drawVertices(GLenum kind, std::span<const glm::vec2> vertices,

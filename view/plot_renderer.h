@@ -21,12 +21,15 @@ class PlotRenderer {
   /// Recreates objects that contexts do not share, after the previous context was destroyed.
   void enterContext();
 
-  /// Draws the section of `tool` on a white background of `width` × `height` units.
-  void draw(ProfileTool& tool, int width, int height);
+  /// Draws the section of `tool` on a white background of `width` × `height` units, each of which
+  /// is `pixelRatio` pixels wide.
+  void draw(ProfileTool& tool, int width, int height, float pixelRatio = 1.0F);
   /// Draws the empty background.
   static void drawNothing();
 
  private:
+  void drawCurve(std::span<const glm::vec2> curve, float width, glm::vec2 pixels, float pixelRatio,
+                 const glm::vec4& colour) const;
   void drawVertices(GLenum kind, std::span<const glm::vec2> vertices,
                     const glm::vec4& colour) const;
 

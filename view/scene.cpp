@@ -98,6 +98,7 @@ void Scene::start(const Subject& subject) {
   if (needsBuffers_) generateBuffers(frame_.report);
   frame_.matrices = currentMatrices(subject.shown, subject.camera, subject.viewport.width,
                                     subject.viewport.height);
+  frame_.matrices.pixelRatio = subject.viewport.pixelRatio();
   frame_.eye = subject.camera.eye;
   frame_.look = {subject.options.lightingOn, subject.options.filledPolygons};
 }
@@ -126,8 +127,8 @@ void Scene::endBuilding(const Subject& subject) {
 
 void Scene::clear(const Viewport& viewport) {
   glClearColor(kSky.r, kSky.g, kSky.b, 0.0F);
-  glPointSize(2.0F);
-  glViewport(0, 0, viewport.pixelWidth, viewport.pixelHeight);
+  glPointSize(2.0F * viewport.pixelRatio());
+  glViewport(0, -viewport.firstRow, viewport.pixelWidth, viewport.pixelHeight);
   glEnable(GL_MULTISAMPLE);
   glEnable(GL_FRAMEBUFFER_SRGB);
   glEnable(GL_DEPTH_TEST);
@@ -150,7 +151,7 @@ void Scene::drawRest(const Subject& subject) {
   tools.draw(shown, matrices);
   // Drawn after the tools, so that pins do not hide numbers or the key.
   const auto [width, height] = std::pair{viewport.width, viewport.height};
-  text_.setPixels(width, height);
+  text_.setPixels(width, height, viewport.pixelRatio());
   const TextWidth textWidth = [this](std::string_view text, float scale) {
     return text_.widthInSpace(text, scale);
   };

@@ -23,12 +23,17 @@ struct SceneOptions {
   bool lightingOn = true;      ///< shaded colours; else raw ones
 };
 
-/// The size of the picture.
+/// The size of the picture, or of the one that a strip of rows belongs to.
 struct Viewport {
   int width = 0;  ///< in the units of mouse positions
   int height = 0;
   int pixelWidth = 0;
   int pixelHeight = 0;
+  int firstRow = 0;  ///< of the strip that is drawn, from the bottom of the picture
+
+  [[nodiscard]] float pixelRatio() const {
+    return width > 0 ? static_cast<float>(pixelWidth) / static_cast<float>(width) : 1.0F;
+  }
 };
 
 /// What a frame shows.
@@ -52,6 +57,7 @@ class Scene {
  public:
   /// The font of the texts.
   void setFont(const std::string& path) { fontPath_ = path; }
+  [[nodiscard]] const std::string& font() const { return fontPath_; }
 
   /// Draws a whole frame. If the full mesh in the buffers is out of date it is rebuilt first.
   FrameReport draw(const Subject& subject);

@@ -3,8 +3,10 @@
 
 #include <glm/vec3.hpp>
 #include <span>
+#include <vector>
 
 #include "geometry/camera.h"
+#include "geometry/surface_line.h"
 #include "view/gl_objects.h"
 #include "view/shader_program.h"
 
@@ -22,6 +24,12 @@ class SurfaceLineRenderer {
   void draw(const ViewMatrices& matrices, std::span<const glm::vec3> line);
 
  private:
+  void drawThin(const LinePieces& pieces, const glm::mat4& toClip) const;
+  void drawThick(const LinePieces& pieces, const glm::mat4& toClip, glm::vec2 size,
+                 float pixelRatio) const;
+  template <typename Point>
+  void upload(const std::vector<Point>& points, const glm::mat4& toClip) const;
+
   ShaderProgram program_;
   GlVertexArray vertexArray_;
   GlBuffer vertices_;

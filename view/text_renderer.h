@@ -4,30 +4,15 @@
 #include <array>
 #include <glm/mat4x4.hpp>
 #include <glm/vec3.hpp>
+#include <memory>
 #include <string>
 #include <string_view>
 
 #include "view/gl_objects.h"
+#include "view/glyphs.h"
 #include "view/shader_program.h"
 
 namespace morvane {
-
-/// A coverage bitmap with an empty border for texture filtering.
-struct GlyphPicture {
-  /// At full and at half size: a pixel of small text then needs few samples.
-  std::array<GlTexture, 2> textures;
-  int width = 0;  ///< pixels, with the border
-  int rows = 0;
-  int left = 0;  ///< from the pen to the left edge
-  int top = 0;   ///< from the baseline up to the top edge
-};
-
-/// A character of the font.
-struct Glyph {
-  GlyphPicture ink;
-  GlyphPicture rim;  ///< the same, a little wider, drawn beneath it
-  long advance = 0;  ///< of the pen, 1/64 pixel
-};
 
 /// Characters below this code are loaded: Latin-1 up to a little beyond the micro sign.
 inline constexpr std::size_t kGlyphs = 230;
@@ -46,19 +31,20 @@ class TextRenderer {
                   const glm::vec3& rimColour);
   /// Recreates objects that contexts do not share, after the previous context was destroyed.
   void enterContext();
-  /// Changes the size of the layout space.
-  void setSpace(float width, float height);
-  /// Sets the size of the space in pixels, so that glyphs are not distorted.
-  void setPixels(int width, int height);
+  /// Changes the size of the layout space, one unit of which is `pixelRatio` pixels.
+  void setSpace(float width, float height, float pixelRatio = 1.0F);
+  /// Sets the size of the space in the window's pixels, so that glyphs are not distorted. The
+  /// picture has `pixelRatio` pixels for each of them.
+  void setPixels(int width, int height, float pixelRatio);
 
   /// Draws UTF-8 text over everything else, with the pen starting at (x, y) of the layout space.
   /// Glyphs are `kGlyphHeight` × `scale` units high. Characters that are not loaded draw nothing.
-  void draw(std::string_view text, float x, float y, float scale, const glm::vec3& colour) const;
+  void draw(std::string_view text, float x, float y, float scale, const glm::vec3& colour);
 
   /// Draws text over everything else, starting at the origin of a plane that `matrix` transforms to
   /// clip space. It is visible from its front only.
   void drawInSpace(std::string_view text, const glm::mat4& matrix, float scale,
-                   const glm::vec3& colour) const;
+                   const glm::vec3& colour);
 
   /// The advance of the pen for `text`, in units, in an undistorted space.
   [[nodiscard]] float width(std::string_view text, float scale) const;
@@ -70,11 +56,13 @@ class TextRenderer {
   [[nodiscard]] float heightInSpace() const { return kGlyphHeight * shape_.y; }
 
  private:
-  void loadGlyphs(const std::string& fontPath);
+  enum class GlyphSize { kHalf, kFull, kLarge };
+
+  const Glyph& largeGlyph(std::size_t code);
   void drawGlyphs(std::string_view text, glm::vec2 pen, glm::vec2 scale,
-                  const glm::mat4& projection, const glm::vec3& colour) const;
-  void drawLayer(GlyphPicture Glyph::*layer, std::size_t size, std::string_view text, glm::vec2 pen,
-                 glm::vec2 scale, const glm::vec3& colour) const;
+                  const glm::mat4& projection, const glm::vec3& colour);
+  void drawLayer(GlyphPicture Glyph::*layer, GlyphSize size, std::string_view text, glm::vec2 pen,
+                 glm::vec2 scale, const glm::vec3& colour);
   [[nodiscard]] float texelsPerPixel(glm::vec2 pen, glm::vec2 scale,
                                      const glm::mat4& projection) const;
 
@@ -82,9 +70,14 @@ class TextRenderer {
   glm::vec3 rimColour_{1.0F};
   glm::mat4 projection_{1.0F};
   glm::vec2 space_{1.0F};
-  glm::vec2 pixels_{1.0F};  // of the space
-  glm::vec2 shape_{1.0F};   // scale of glyphs in each direction, so that they are not distorted
+  glm::vec2 pixels_{1.0F};  // of the space, in the window
+  float pixelRatio_ = 1.0F;
+  glm::vec2 shape_{1.0F};  // scale of glyphs in each direction, so that they are not distorted
+  std::string fontPath_;
   std::array<Glyph, kGlyphs> glyphs_;
+  // For text that is drawn larger than these; made at first use.
+  std::unique_ptr<GlyphMaker> largeMaker_;
+  std::array<std::unique_ptr<Glyph>, kGlyphs> large_;
   GlVertexArray vertexArray_;
   GlBuffer vertexBuffer_;
 };

@@ -9,6 +9,7 @@
 
 #include "geometry/surface_hit.h"
 #include "geometry/surface_line.h"
+#include "geometry/thick_line.h"
 #include "surface/mesh.h"
 #include "tests/support/test_grid.h"
 
@@ -178,6 +179,24 @@ TEST(SurfaceLine, ShowsADotWhereLessThanAPixelIsLeftBetweenGaps) {
   }
   EXPECT_EQ(pieces.ends.front(), line.front());
   EXPECT_EQ(pieces.ends.back(), line.back());
+}
+
+TEST(ThickLine, IsAsWideAsItShouldBeAndEndsInFrontOfTheEye) {
+  const auto box = [](const glm::vec4& from, const glm::vec4& to) {
+    const glm::vec4 ends[] = {from, to};
+    glm::vec2 low(INFINITY);
+    glm::vec2 high(-INFINITY);
+    for (const glm::vec2& corner : thickLines(ends, {200.0F, 100.0F}, 10.0F)) {
+      low = glm::min(low, corner);
+      high = glm::max(high, corner);
+    }
+    return glm::vec4(low, high);
+  };
+  const glm::vec4 expected = {-0.05F, -0.1F, 0.55F, 0.1F};
+  EXPECT_LT(glm::distance(box({0, 0, 0, 1}, {1, 0, 0, 2}), expected), 1e-5F);
+  const glm::vec4 cut = box({0, 0, 0, 1}, {1, 0, 0, -1});
+  EXPECT_TRUE(cut.z > 1.0F && std::isfinite(cut.z)) << "up to the edge of the picture, and beyond";
+  EXPECT_EQ(box({0, 0, 0, -2}, {1, 0, 0, -1}).x, INFINITY) << "nothing";
 }
 
 }  // namespace
