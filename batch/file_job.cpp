@@ -76,8 +76,9 @@ struct FileJobs::Shown {
   ExportSource numbers{};
 };
 
-FileJobs::FileJobs(const BatchOptions& options, std::string font)
-    : options_(options), font_(std::move(font)) {}
+FileJobs::FileJobs(const BatchOptions& options, const std::string& font) : options_(options) {
+  scene_.setFont(font);
+}
 
 FileJobs::~FileJobs() = default;
 
@@ -206,15 +207,15 @@ std::string FileJobs::drawPicture(Shown& shown, RgbImage& picture) {
     std::string trouble;
     context_ = OffscreenContext::create(trouble);
     if (!context_) return "no picture can be drawn here: " + trouble;
-    painter_ = std::make_unique<ScenePainter>(font_);
   }
   PictureSettings settings;
   settings.width = options_.size.width;
   settings.height = options_.size.height;
+  if (shown.tools.profileMode()) settings.plotHeight = plotHeightIn(settings.height);
   settings.camera = cameraOf(options_);
   settings.options.keyVisible = options_.key;
   settings.options.axesVisible = options_.axes;
-  return painter_->draw(shown.surface, shown.tools, settings, picture);
+  return painter_.draw(shown.surface, shown.tools, settings, picture);
 }
 
 std::string FileJobs::makePicture(Shown& shown, const std::string& path, Bytes& bytes) {

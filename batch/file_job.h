@@ -16,7 +16,7 @@ namespace morvane {
 class FileJobs {
  public:
   /// `font` is the font of texts in pictures. `options` must outlive this object.
-  FileJobs(const BatchOptions& options, std::string font);
+  FileJobs(const BatchOptions& options, const std::string& font);
   ~FileJobs();
   FileJobs(const FileJobs&) = delete;
   FileJobs& operator=(const FileJobs&) = delete;
@@ -39,10 +39,10 @@ class FileJobs {
   std::string writeOutputs(const std::string& file, Shown& shown);
 
   const BatchOptions& options_;
-  std::string font_;
-  // The painter's GL objects are deleted before their context.
+  // The GL objects are deleted before their context.
   std::unique_ptr<OffscreenContext> context_;
-  std::unique_ptr<ScenePainter> painter_;
+  Scene scene_;
+  ScenePainter painter_{scene_};
   // Of the files so far.
   std::vector<FileResults> results_;
   std::vector<std::string> infos_;

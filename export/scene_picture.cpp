@@ -1,7 +1,11 @@
 #include "export/scene_picture.h"
 
+#include <algorithm>
 #include <cmath>
+#include <cstdint>
+#include <functional>
 
+#include "base/memory_advice.h"
 #include "geometry/profile_tool.h"
 #include "view/gl_state.h"
 #include "view/picture_target.h"
@@ -9,10 +13,27 @@
 namespace morvane {
 namespace {
 
-/// The part of the height that the plot of a section takes: that of the main window.
-constexpr double kPlotPart = 250.0 / 775.0;
+/// Draws the rows of `picture` from `top` on, `height` of them, in strips: with its samples and
+/// depths a large picture would need some gigabytes at once. `paint` draws the strip that begins
+/// `firstRow` rows above the lower edge, and returns why it cannot.
+std::string drawStrips(RgbImage& picture, int top, int height,
+                       const std::function<std::string(int firstRow)>& paint) {
+  constexpr int kStripPixels = 1 << 23;  // 256 MiB with four samples
+  const int rows = std::clamp(kStripPixels / picture.width, 1, height);
+  for (int done = 0; done < height; done += rows) {
+    const int count = std::min(rows, height - done);
+    const PictureTarget target(picture.width, count);
+    if (!target.usable()) return "the graphics memory cannot hold the picture";
+    const std::string trouble = paint(height - done - count);
+    if (!trouble.empty()) return trouble;
+    target.read(picture.row(static_cast<std::size_t>(top + done)));
+  }
+  return {};
+}
 
 }  // namespace
+
+int plotHeightIn(int height) { return static_cast<int>(std::lround(height * (250.0 / 775.0))); }
 
 std::string ScenePainter::draw(ShownSurface& shown, Tools& tools, const PictureSettings& settings,
                                RgbImage& picture) {
@@ -22,36 +43,42 @@ std::string ScenePainter::draw(ShownSurface& shown, Tools& tools, const PictureS
   if (width > largest || height > largest) {
     return "a picture here has at most " + std::to_string(largest) + " pixels a side";
   }
-  const int plotHeight =
-      tools.profileMode() ? static_cast<int>(std::lround(settings.height * kPlotPart)) : 0;
-  const int viewHeight = settings.height - plotHeight;
+  // Twice: it is encoded, too.
+  if (!fitsIntoMemory(std::uint64_t{6} * static_cast<std::uint64_t>(width) *
+                      static_cast<std::uint64_t>(height))) {
+    return "there is not enough memory for the picture";
+  }
   picture = RgbImage(width, height);
-  {
-    const PictureTarget target(width, viewHeight * settings.factor);
-    if (!target.usable()) return "the graphics memory cannot hold the picture";
-    const Viewport viewport = {settings.width, viewHeight, width, viewHeight * settings.factor};
+  Viewport viewport = {.width = settings.width, .height = settings.height - settings.plotHeight};
+  viewport.pixelWidth = width;
+  viewport.pixelHeight = viewport.height * settings.factor;
+  const std::string trouble = drawStrips(picture, 0, viewport.pixelHeight, [&](int firstRow) {
+    viewport.firstRow = firstRow;
     const FrameReport report =
         scene_.draw({shown, tools, settings.camera, settings.options, viewport});
-    if (!report.trouble.empty()) return report.trouble;
-    if (!report.notShown.empty()) return report.notShown;
-    target.read(picture.pixels.data());
-  }
-  if (plotHeight == 0) return {};
-  const PictureTarget target(width, plotHeight * settings.factor);
-  if (!target.usable()) return "the graphics memory cannot hold the picture";
-  const GlSwitch noConversion(GL_FRAMEBUFFER_SRGB, false);  // as in the plot's own window
-  PlotRenderer::drawNothing();
+    return report.trouble.empty() ? report.notShown : report.trouble;
+  });
+  if (!trouble.empty() || settings.plotHeight == 0) return trouble;
+  return drawPlot(shown, tools, settings, picture);
+}
+
+std::string ScenePainter::drawPlot(ShownSurface& shown, Tools& tools,
+                                   const PictureSettings& settings, RgbImage& picture) {
   if (!plot_.generated()) {
-    plot_.generate(font_, settings.width, plotHeight);
+    plot_.generate(scene_.font(), settings.width, settings.plotHeight);
     plot_.enterContext();
   }
-  glViewport(0, 0, width, plotHeight * settings.factor);
-  glEnable(GL_MULTISAMPLE);
   tools.profile().setSurface(profileSurface(shown));
-  plot_.draw(tools.profile(), settings.width, plotHeight);
-  target.read(picture.row(static_cast<std::size_t>(viewHeight) *
-                          static_cast<std::size_t>(settings.factor)));
-  return {};
+  const int height = settings.plotHeight * settings.factor;
+  return drawStrips(picture, picture.height - height, height, [&](int firstRow) {
+    const GlSwitch noConversion(GL_FRAMEBUFFER_SRGB, false);  // as in the plot's own window
+    PlotRenderer::drawNothing();
+    glViewport(0, -firstRow, picture.width, height);
+    glEnable(GL_MULTISAMPLE);
+    plot_.draw(tools.profile(), settings.width, settings.plotHeight,
+               static_cast<float>(settings.factor));
+    return std::string();
+  });
 }
 
 }  // namespace morvane

@@ -13,25 +13,32 @@ namespace morvane {
 struct PictureSettings {
   int width = 1125;  ///< of the picture at factor 1, as of a window of that size
   int height = 775;
-  int factor = 1;  ///< pixels for each pixel of such a window
+  int plotHeight = 0;  ///< of the plot of the section at the lower edge; 0 without one
+  int factor = 1;      ///< pixels for each pixel of such a window
   Camera camera;
   SceneOptions options;
 };
 
+/// The height of the plot in a picture of `height` pixels: as much of it as in the main window.
+int plotHeightIn(int height);
+
 /// Draws pictures of one measurement after another. All functions need the same current GL context.
 class ScenePainter {
  public:
-  /// `font` is the font of the texts.
-  explicit ScenePainter(const std::string& font) : font_(font) { scene_.setFont(font); }
+  /// `scene` draws the surface with its buffers and its font, and must outlive this object.
+  explicit ScenePainter(Scene& scene) : scene_(scene) {}
 
-  /// Draws `shown`, and the plot of the section below it while the profile tool of `tools` is on,
-  /// as in the main window. Returns an empty text on success, else why there is no picture.
+  /// Draws `shown` and, below it, the plot of the section of `tools`, as in the main window. Lines,
+  /// points and texts have the proportions of the window at any factor. Returns an empty text on
+  /// success, else why there is no picture.
   std::string draw(ShownSurface& shown, Tools& tools, const PictureSettings& settings,
                    RgbImage& picture);
 
  private:
-  std::string font_;
-  Scene scene_;
+  std::string drawPlot(ShownSurface& shown, Tools& tools, const PictureSettings& settings,
+                       RgbImage& picture);
+
+  Scene& scene_;
   PlotRenderer plot_;
 };
 
