@@ -160,5 +160,29 @@ TEST(KeyColumn, FitsBesideTheKeyHoweverLongAndInEveryWindow) {
                   1005.7F);
 }
 
+TEST(KeyColumn, NumbersStandAtTheBandsAndTheAreaCoversBarAndNumbers) {
+  constexpr float kWidth = 800.0F;
+  constexpr float kHeight = 600.0F;
+  const KeyColumn column = keyColumn({standardColours(), -5.0F, 5.0F}, monospaced);
+  const std::vector<ScreenQuad> area = keyArea(column, monospaced, 48.0F, 800, 600);
+  ASSERT_EQ(area.size(), 7);
+  const auto expectBox = [](const ScreenQuad& box, float left, float bottom, float right,
+                            float top) {
+    const ScreenQuad wanted = {{{left, bottom}, {right, bottom}, {right, top}, {left, top}}};
+    for (std::size_t i = 0; i < wanted.size(); ++i) {
+      EXPECT_LT(glm::distance(box[i], wanted[i]), 1.0F) << "corner " << i;
+    }
+  };
+  expectBox(area[0], 0.8625F * kWidth, 0.85F * kHeight, 0.8875F * kWidth, 0.15F * kHeight);
+  for (std::size_t i = 0; i < column.numbers.size(); ++i) {
+    const float start = column.numbers[i].x * kWidth / kTextSpaceWidth;
+    const float baseline = (0.15F + 0.14F * static_cast<float>(i)) * kHeight;
+    const float em = 48.0F * column.scale * kHeight / kTextSpaceHeight;
+    const float length =
+        monospaced(column.numbers[i].text, column.scale) * kWidth / kTextSpaceWidth;
+    expectBox(area[i + 1], start, baseline + 0.25F * em, start + length, baseline - 0.75F * em);
+  }
+}
+
 }  // namespace
 }  // namespace morvane
