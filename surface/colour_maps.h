@@ -4,6 +4,8 @@
 #include <array>
 #include <cstddef>
 #include <span>
+#include <string_view>
+#include <vector>
 
 namespace morvane {
 
@@ -18,15 +20,18 @@ enum class Beyond { kGrey, kNearerEnd };
 
 /// Colours from low to high.
 struct ColourMap {
-  const char* name;               ///< in the menu
-  const char* option;             ///< on the command line
-  std::span<const Colour> stops;  ///< equidistant, at least two
-  std::size_t keyBands;           ///< of the colour key, with a number at each end of a band
-  Beyond beyond;                  ///< heights outside the surface's own limits
+  const char* name;           ///< in the menu
+  std::string_view option;    ///< on the command line
+  std::vector<Colour> stops;  ///< equidistant, at least two
+  std::size_t keyBands;       ///< of the colour key, with a number at each end of a band
+  Beyond beyond;              ///< heights outside the surface's own limits
 };
 
 /// All maps. The first is the standard one.
 std::span<const ColourMap> colourMaps();
+
+/// The map that the command line calls `option`; null if there is none.
+const ColourMap* colourMap(std::string_view option);
 
 /// The map of a fresh start.
 inline const ColourMap& standardColours() { return colourMaps().front(); }

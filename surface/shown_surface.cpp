@@ -57,6 +57,11 @@ void ShownSurface::setGlobalLimits(const std::optional<HeightRange>& limits) {
   rebuild();
 }
 
+void ShownSurface::setColourMap(const ColourMap& map) {
+  model_.colourMap = &map;
+  rebuild();
+}
+
 void ShownSurface::setColourSource(ColourSource source) {
   colourSource_ = source;
   if (source == ColourSource::kHeatMap) {

@@ -51,6 +51,10 @@ class ShownSurface {
   /// Colours the surface and labels the key by `limits`, or by the surface's own if there are none.
   void setGlobalLimits(const std::optional<HeightRange>& limits);
 
+  /// Sets the colours of the heat map. `map` is a row of the table.
+  void setColourMap(const ColourMap& map);
+  [[nodiscard]] const ColourMap& colourMap() const { return *model_.colourMap; }
+
   /// Chooses where colours come from. A bitmap is draped over a flattened surface. If no bitmap is
   /// chosen, only the choice is stored and the picture changes with the next rebuild.
   void setColourSource(ColourSource source);

@@ -50,7 +50,7 @@ void SurfaceModel::measureStatistics() {
 }
 
 HeatMapScale SurfaceModel::colourScale() const {
-  const ColourMap& map = standardColours();
+  const ColourMap& map = *colourMap;
   if (globalLimits) return {map, globalLimits->min, globalLimits->max, Beyond::kNearerEnd};
   if (crop.on) return {map, crop.min, crop.max};
   return {map, limits_.zMin, limits_.zMax};

@@ -55,10 +55,11 @@ class SurfaceModel {
   /// over those of the crop while it is on; else over the displayed limits of the last `measure`.
   [[nodiscard]] HeatMapScale colourScale() const;
 
-  bool skipScale = false;                   ///< keep the current z-scale
-  bool useFiltered = false;                 ///< use the filtered grid
-  bool heatMap = true;                      ///< colour by height; else by the drape
-  Crop crop;                                ///< the limits the operator set
+  bool skipScale = false;    ///< keep the current z-scale
+  bool useFiltered = false;  ///< use the filtered grid
+  bool heatMap = true;       ///< colour by height; else by the drape
+  Crop crop;                 ///< the limits the operator set
+  const ColourMap* colourMap = &standardColours();
   std::optional<HeightRange> globalLimits;  ///< of the colours, without clamping heights
 
  private:

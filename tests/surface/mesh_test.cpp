@@ -210,6 +210,33 @@ TEST(Scale, ColoursItsEndsAndNothingBeyond) {
   EXPECT_EQ(ends.colourOf(NAN), kUncoloured);
 }
 
+double lightness(const Colour& colour) {
+  return std::cbrt(0.2126 * colour[0] + 0.7152 * colour[1] + 0.0722 * colour[2]);
+}
+
+TEST(ColourMaps, RiseInSmallStepsAndColourAllHeights) {
+  for (const ColourMap& map : colourMaps().subspan(1)) {
+    SCOPED_TRACE(map.name);
+    EXPECT_EQ(colourMap(map.option), &map);
+    for (std::size_t i = 1; i < map.stops.size(); ++i) {
+      EXPECT_GT(lightness(map.stops[i]), lightness(map.stops[i - 1])) << i;
+      EXPECT_LT(lightness(map.stops[i]), lightness(map.stops[i - 1]) + 0.17) << i;
+    }
+    const HeatMapScale scale(map, -1.0F, 1.0F);
+    EXPECT_EQ(scale.colourOf(-9.0F), map.stops.front());
+    EXPECT_EQ(scale.colourOf(1.001F), map.stops.back());
+    EXPECT_EQ(scale.colourOf(NAN), kUncoloured);
+  }
+  const auto screen = [](float linear) {
+    return 255.0F * (1.055F * std::pow(linear, 1.0F / 2.4F) - 0.055F);
+  };
+  // Published colour 128 of 0 to 255, between two stops.
+  const Colour middle = HeatMapScale(*colourMap("viridis"), 0.0F, 255.0F).colourOf(128.0F);
+  EXPECT_NEAR(screen(middle[0]), 32.5, 1.0);
+  EXPECT_NEAR(screen(middle[1]), 144.6, 1.0);
+  EXPECT_NEAR(screen(middle[2]), 140.4, 1.0);
+}
+
 TEST(Scale, IsNeverNoise) {
   constexpr float kHuge = 3e38F;  // twice that is no float any more
   for (const auto& [lower, upper] : {std::pair{-kHuge, kHuge},
