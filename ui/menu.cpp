@@ -4,6 +4,7 @@
 #include <FL/Fl_Menu_Bar.H>
 
 #include <cstdlib>
+#include <functional>
 #include <iostream>
 #include <string>
 #include <string_view>
@@ -31,6 +32,7 @@ namespace morvane {
 namespace {
 
 constexpr const char* kBitmapMenu = "&BMPs/";
+constexpr const char* kColourMenu = "&Tools/Colours";
 
 /// Asks the window, since the window manager can leave full screen too.
 bool fillsScreen() { return appState().mainWindow->fullscreen_active() != 0; }
@@ -75,24 +77,23 @@ enum class MenuSet { kStandard, kFull };
 
 /// One entry of the menu: everything about it.
 struct MenuEntry {
-  const char* path;
-  void (*run)();
+  std::string path;
+  std::function<void()> run;
   MenuSet set = MenuSet::kStandard;
   int flags = 0;
-  bool (*state)() = nullptr;  ///< of a check box
+  std::function<bool()> state = nullptr;  ///< of a check box or radio item
   int shortcut = 0;
 
   /// What the item shows and is found by.
   [[nodiscard]] std::string_view label() const {
-    const std::string_view whole = path;
-    return whole.substr(whole.rfind('/') + 1);
+    return std::string_view(path).substr(path.rfind('/') + 1);
   }
 };
 
 constexpr MenuSet kFull = MenuSet::kFull;
 constexpr MenuSet kStandard = MenuSet::kStandard;
 
-constexpr MenuEntry kMenu[] = {
+const MenuEntry kFixed[] = {
     {"&File/&Open", [] { openMeasurement(nullptr, kOpenFromMenu); }, kStandard, 0, nullptr,
      FL_CTRL + 'o'},
     {"&File/&Save Copy as...", saveCopy, kStandard, FL_MENU_DIVIDER, nullptr, FL_CTRL + 's'},
@@ -111,8 +112,9 @@ constexpr MenuEntry kMenu[] = {
      [] { return !isOn<&SceneOptions::filledPolygons>(); }},
     {"&Tools/Lighting", toggle<&SceneOptions::lightingOn>, kFull, FL_MENU_TOGGLE,
      isOn<&SceneOptions::lightingOn>},
-    {"&Tools/&Heat Map Key", toggle<&SceneOptions::keyVisible>, kFull,
-     FL_MENU_TOGGLE | FL_MENU_DIVIDER, isOn<&SceneOptions::keyVisible>},
+    {"&Tools/&Heat Map Key", toggle<&SceneOptions::keyVisible>, kFull, FL_MENU_TOGGLE,
+     isOn<&SceneOptions::keyVisible>},
+    {kColourMenu, nullptr, kFull, FL_SUBMENU | FL_MENU_DIVIDER},
     {"&Tools/Whole Profile Line", toggleWholeLine, kFull, FL_MENU_TOGGLE,
      [] { return appState().glView->tools().profileLineMode; }},
     {"&Tools/Grid Box", toggleGridBox, kFull, FL_MENU_TOGGLE,
@@ -127,6 +129,23 @@ constexpr MenuEntry kMenu[] = {
     {"&Tools/&Connections", [] { showOwned(*appState().configManager); }, kFull},
 };
 
+std::vector<MenuEntry> makeEntries() {
+  std::vector<MenuEntry> entries(std::begin(kFixed), std::end(kFixed));
+  for (const ColourMap& map : colourMaps()) {
+    entries.push_back({std::string(kColourMenu) + '/' + map.name,
+                       [&map] { appState().glView->surface().setColourMap(map); }, kFull,
+                       FL_MENU_RADIO,
+                       [&map] { return &appState().glView->surface().colourMap() == &map; }});
+  }
+  return entries;
+}
+
+/// All entries. Those of a submenu come after their title.
+const std::vector<MenuEntry>& menuEntries() {
+  static const std::vector<MenuEntry> entries = makeEntries();
+  return entries;
+}
+
 /// The callback of all fixed items. It finds the entry by the item's label.
 void onMenu(Fl_Widget* /*widget*/, void* /*data*/) {
   const Fl_Menu_Item* item = appState().menuBar->mvalue();
@@ -134,8 +153,8 @@ void onMenu(Fl_Widget* /*widget*/, void* /*data*/) {
   if (item == nullptr || item->label() == nullptr) return;
   // A copy, as the item is freed when an action rebuilds the menu.
   const std::string label = item->label();
-  for (const MenuEntry& entry : kMenu) {
-    if (label == entry.label() && entry.run != nullptr) entry.run();
+  for (const MenuEntry& entry : menuEntries()) {
+    if (label == entry.label() && entry.run) entry.run();
   }
 }
 
@@ -147,24 +166,24 @@ void onBitmapItem(Fl_Widget* /*widget*/, void* index) {
 
 std::vector<std::string> menuPaths() {
   std::vector<std::string> paths;
-  for (const MenuEntry& entry : kMenu) paths.emplace_back(entry.path);
+  for (const MenuEntry& entry : menuEntries()) paths.push_back(entry.path);
   return paths;
 }
 
 void buildMenu() {
   const bool full = environmentText("MORVANE_MENU") == "full";
-  for (const MenuEntry& entry : kMenu) {
+  for (const MenuEntry& entry : menuEntries()) {
     if (entry.set == kFull && !full) continue;
-    appState().menuBar->add(entry.path, entry.shortcut, onMenu, nullptr, entry.flags);
+    appState().menuBar->add(entry.path.c_str(), entry.shortcut, onMenu, nullptr, entry.flags);
   }
   checkMenuBoxes();
 }
 
 void checkMenuBoxes() {
   Fl_Menu_Bar* menu = appState().menuBar;
-  for (const MenuEntry& entry : kMenu) {
-    const int item = menu->find_index(entry.path);
-    if (entry.state == nullptr || item < 0) continue;
+  for (const MenuEntry& entry : menuEntries()) {
+    const int item = menu->find_index(entry.path.c_str());
+    if (!entry.state || item < 0) continue;
     const int others = menu->mode(item) & ~FL_MENU_VALUE;
     menu->mode(item, others | (entry.state() ? FL_MENU_VALUE : 0));
   }

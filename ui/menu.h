@@ -16,7 +16,7 @@ void buildMenu();
 /// Clears the menu bar and adds the fixed items again.
 void rebuildMenu();
 
-/// Updates all check boxes, as other controls change the same settings.
+/// Updates all check boxes and radio items, as other controls change the same settings.
 void checkMenuBoxes();
 
 /// Adds bitmap number `index` of the measurement to the "&BMPs" menu, marked if `chosen`.

@@ -13,6 +13,7 @@ namespace {
 constexpr Area kSurface{650, 370, 130, 90};
 constexpr Area kBelowName{165, 57, 200, 18};
 constexpr Area kKeyLabels{1150, 100, 130, 640};
+constexpr Point kKeyTop{1138, 143};
 constexpr Area kUpperLimit = inWindow(control::kMaximum);
 
 class FullMenu : public OnShow {
@@ -129,6 +130,17 @@ TEST_F(FullMenu, SwitchesWhatTheViewShows) {
   await("no key", [&](const Image& p) { return !sameAsAtStart(p, kKeyLabels); });
   program_->choose("Tools/Heat Map Key");
   await("the key again", [&](const Image& p) { return sameAsAtStart(p, kKeyLabels); });
+  for (const auto& [entry, top] : {std::pair{"Tools/Colours/Viridis", Rgb{252, 231, 36}},
+                                   {"Tools/Colours/Grey", Rgb{254, 254, 254}}}) {
+    program_->choose(entry);
+    await("the map's highest colour on the key, and its surface", [&, &top = top](const Image& p) {
+      return difference(p.at(kKeyTop), top) < 6 && !sameAsAtStart(p, kSurface);
+    });
+  }
+  program_->choose("Tools/Colours/Standard");
+  await("the standard map", [&](const Image& p) {
+    return sameAsAtStart(p, kSurface) && p.at(kKeyTop) == start_.at(kKeyTop);
+  });
 }
 
 }  // namespace

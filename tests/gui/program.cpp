@@ -148,20 +148,31 @@ Image Program::awaitSurface() const {
 }
 
 void Program::choose(const std::string& entry) const {
-  std::string title;
-  std::size_t place = 0;  // below its title
-  for (std::string path : menuPaths()) {
-    const std::string itsTitle = path.substr(0, path.find('/'));
-    place = itsTitle == title ? place + 1 : 1;
-    title = itsTitle;
-    std::erase(path, '&');
-    if (path != entry) continue;
-    std::vector<std::string> keys(place + 1, "Down");
-    keys.front() = "alt+" + title.substr(title.find('&') + 1, 1);
-    keys.emplace_back("Return");
-    return mainWindow().key(keys);
+  const std::vector<std::string> paths = menuPaths();
+  std::vector<std::string> keys;
+  // At each level the entry, or the submenu that holds it, is the n-th of different names.
+  for (std::size_t start = entry.find('/'); start != std::string::npos;) {
+    const std::string above = entry.substr(0, start + 1);
+    start = entry.find('/', start + 1);
+    const std::string wanted = entry.substr(0, start);
+    std::vector<std::string> names;
+    for (std::string path : paths) {
+      const std::string letter = path.substr(path.find('&') + 1, 1);
+      std::erase(path, '&');
+      if (!path.starts_with(above)) continue;
+      if (keys.empty()) keys.push_back("alt+" + letter);
+      path.resize(std::min(path.size(), path.find('/', above.size())));
+      if (std::ranges::find(names, path) == names.end()) names.push_back(path);
+      if (path == wanted) break;
+    }
+    if (names.empty() || names.back() != wanted) {
+      throw GuiError("the menu has no entry \"" + entry + '"');
+    }
+    if (keys.size() > 1) keys.emplace_back("Right");
+    keys.insert(keys.end(), names.size() - (keys.back() == "Right" ? 1 : 0), "Down");
   }
-  throw GuiError("the menu has no entry \"" + entry + '"');
+  keys.emplace_back("Return");
+  mainWindow().key(keys);
 }
 
 long Program::residentKilobytes() const {
