@@ -189,6 +189,7 @@ std::string FileJobs::open(const std::string& file, Shown& shown) const {
     surface.setFiltered(std::move(run.filtered), std::move(run.words));
     surface.setFilterEnabled(true);
   }
+  surface.setColourMap(*options_.colours);
   if (options_.limits) surface.setCrop({true, options_.limits->x, options_.limits->y});
   if (!options_.bitmap.empty()) {
     const std::string option = "--bitmap " + options_.bitmap + ": ";

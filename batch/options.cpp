@@ -142,6 +142,21 @@ std::string takeView(BatchOptions& options, const std::string& text) {
   return "it is none of top, front, side, iso";
 }
 
+/// The names of the colour maps with `separator` between them.
+std::string mapNames(const std::string& separator) {
+  std::string names;
+  for (const ColourMap& map : colourMaps()) {
+    if (!names.empty()) names += separator;
+    names += map.option;
+  }
+  return names;
+}
+
+std::string takeColours(BatchOptions& options, const std::string& text) {
+  options.colours = colourMap(text);
+  return options.colours != nullptr ? "" : "it is none of " + mapNames(", ");
+}
+
 std::string takeSize(BatchOptions& options, const std::string& text) {
   const auto size = sizeOf(text);
   if (!size) {
@@ -156,11 +171,11 @@ std::string takeSize(BatchOptions& options, const std::string& text) {
 struct ValueOption {
   const char* group;
   const char* name;
-  const char* type;
+  std::string type;
   const char* help;
   Take take;
 };
-constexpr ValueOption kValueOptions[] = {
+const ValueOption kValueOptions[] = {
     {kOutputGroup, "--report", "OUT", "the report as PDF", takePath<&BatchOptions::report>},
     {kOutputGroup, "--picture", "OUT", "the picture as PNG or JPEG",
      takePath<&BatchOptions::picture>},
@@ -183,6 +198,7 @@ constexpr ValueOption kValueOptions[] = {
      takeNumbers<2, takeEnd<&BatchOptions::from>>},
     {kShownGroup, "--to", "X,Y", "end of the section, mm",
      takeNumbers<2, takeEnd<&BatchOptions::to>>},
+    {kShownGroup, "--colours", mapNames("|"), "colours of the heights", takeColours},
     {kShownGroup, "--bitmap", "FILE", "colours from a bitmap", takePath<&BatchOptions::bitmap>},
     {kPictureGroup, "--view", "top|front|side|iso", "from where it is seen", takeView},
     {kPictureGroup, "--turn", "X,Y,Z", "turn about the picture's axes, degrees",

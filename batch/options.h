@@ -10,6 +10,7 @@
 #include "batch/option_values.h"
 #include "filter/band_filter.h"
 #include "geometry/camera.h"
+#include "surface/colour_maps.h"
 
 namespace morvane {
 
@@ -37,6 +38,7 @@ struct BatchOptions {
   glm::vec3 turn{0.0F};  ///< degrees about the picture's x, y and z axes, after `view`
   float zoom = 1.0F;
   glm::vec2 pan{0.0F};  ///< pixels, y down
+  const ColourMap* colours = &standardColours();
   std::string bitmap;
   PictureSize size;
   bool key = true;

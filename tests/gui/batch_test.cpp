@@ -88,8 +88,10 @@ TEST_F(Batch, DoesEveryFileItCanAndNamesTheOthers) {
   outcome = run("good.res --picture good.png");
   EXPECT_EQ(outcome.status, 1);
   EXPECT_THAT(outcome.errors, HasSubstr("good.png: exists"));
-  EXPECT_EQ(run("good.res --picture good.png --size 100x80 --force").status, 0);
-  EXPECT_EQ(pictureIn("good.png").width(), 100);
+  EXPECT_EQ(run("good.res --picture good.png --size 100x80 --force --colours grey").status, 0);
+  const Image grey = pictureIn("good.png");
+  EXPECT_EQ(grey.width(), 100);
+  EXPECT_EQ(grey.count([](const Rgb& c) { return chroma(c) > 60; }), 0);
   EXPECT_EQ(run("good.res --picture none/good.png").status, 1);
   outcome = run("good.res --picture folder.png --force");
   EXPECT_THAT(outcome.errors, HasSubstr("folder.png: Is a directory"));
@@ -179,6 +181,7 @@ TEST_F(Batch, RefusesWrongUsageWithOptionAndValue) {
         {"a.res b.res --report a.pdf", "{name}"},
         {"a.res b/a.res --report {name}.pdf", "b/a.res"},
         {"a.res --picture a.png --view up", "up"},
+        {"a.res --picture a.png --colours red", "viridis"},
         {"a.res --picture a.png --size 5x5", "5x5"},
         {"a.res --picture a.png --limits 3,1", "--limits"},
         {"a.res --picture a.png --limits 3,x", "3,x"},
