@@ -9,7 +9,7 @@
 
 #include "batch/option_values.h"
 #include "filter/band_filter.h"
-#include "geometry/camera.h"
+#include "geometry/camera_views.h"
 #include "surface/colour_maps.h"
 
 namespace morvane {

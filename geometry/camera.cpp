@@ -10,8 +10,6 @@
 namespace morvane {
 namespace {
 
-constexpr float kFieldOfView = 45.0F;  // degrees, vertical
-constexpr float kNear = 0.05F;
 constexpr float kFar = 100.0F;
 constexpr float kZoomGrowth = 1.03F;
 constexpr float kPixelsPerUnit = 1000.0F;
@@ -47,7 +45,7 @@ ViewMatrices viewMatrices(const Camera& camera, int width, int height, std::size
                           std::size_t gridHeight, float zScale, float lift) {
   ViewMatrices matrices;
   const auto aspect = static_cast<float>(side(width) / side(height));
-  matrices.projection = glm::perspective(glm::radians(kFieldOfView), aspect, kNear, kFar);
+  matrices.projection = glm::perspective(glm::radians(kFieldOfView), aspect, kNearPlane, kFar);
   // Zooming may move the eye onto its target, which would leave no view direction.
   const glm::vec3 sight = camera.target - camera.eye;
   const bool lost = glm::dot(sight, sight) == 0.0F;
@@ -106,26 +104,6 @@ void dragTurn(Camera& camera, int width, int height, glm::vec2 point) {
 void releaseTurn(Camera& camera) {
   camera.turn.rotating = false;
   camera.turn.base = camera.rotation;
-}
-
-glm::quat rotationOf(ViewDirection direction) {
-  // The model is first turned about its z axis, then tilted about the picture's x axis. In an
-  // isometric view the elevation of the eye is atan(1 / √2).
-  const auto turned = [](float turn, float tilt) {
-    return glm::angleAxis(glm::radians(tilt), glm::vec3(1.0F, 0.0F, 0.0F)) *
-           glm::angleAxis(glm::radians(turn), glm::vec3(0.0F, 0.0F, 1.0F));
-  };
-  switch (direction) {
-    case ViewDirection::kFront:
-      return turned(0.0F, -90.0F);
-    case ViewDirection::kSide:
-      return turned(-90.0F, -90.0F);
-    case ViewDirection::kIsometric:
-      return turned(-45.0F, -54.7356F);
-    case ViewDirection::kTop:
-      break;
-  }
-  return turned(0.0F, 0.0F);
 }
 
 void zoom(Camera& camera, Zoom direction) {

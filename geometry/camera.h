@@ -19,6 +19,10 @@ inline constexpr auto kHeightToModel = static_cast<float>(kModelUnitsPerHeight);
 /// The length of a picking ray in model units, far larger than the scene.
 inline constexpr float kRayLength = 1000.0F;
 
+/// The vertical field of view in degrees, and the nearest distance from the eye that is drawn.
+inline constexpr float kFieldOfView = 45.0F;
+inline constexpr float kNearPlane = 0.05F;
+
 /// A rotation of the model by the mouse, from press to release. Window points are in pixels, y
 /// down.
 struct TurnDrag {
@@ -41,12 +45,6 @@ struct Camera {
   glm::quat rotation = glm::identity<glm::quat>();  ///< rotation of the model
   TurnDrag turn;                                    ///< how `rotation` is being changed
 };
-
-/// From where a surface is seen. Except from the top, its z axis points up in the picture.
-enum class ViewDirection { kTop, kFront, kSide, kIsometric };
-
-/// The rotation of the model for a view. From the front x runs to the right, from the side y.
-glm::quat rotationOf(ViewDirection direction);
 
 /// The matrices of one frame.
 struct ViewMatrices {

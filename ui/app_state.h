@@ -18,6 +18,7 @@ namespace morvane {
 class ConfigManagerWindow;
 class FilterWindow;
 class GLWindow;
+class Readout;
 class ResultsPanel;
 class StatusLine;
 
@@ -39,6 +40,7 @@ struct AppState {
   ConfigManagerWindow* configManager = nullptr;
   ResultsPanel* resultsPanel = nullptr;
   StatusLine* statusLine = nullptr;
+  Readout* readout = nullptr;
 
   Fl_Button* heatMapButton = nullptr;
   Fl_Slider* scaleSlider = nullptr;

@@ -125,6 +125,7 @@ void showOpened() {
   offerResults();
   showSurface();
   resetControls();
+  if (app.glView->fitsOnOpen()) app.glView->fitView();
 }
 
 }  // namespace

@@ -9,6 +9,7 @@
 #include "base/debug_log.h"
 #include "base/memory_advice.h"
 #include "base/paths.h"
+#include "geometry/drawn_surface.h"
 #include "ui/gl_mode.h"
 #include "ui/window_geometry.h"
 #include "view/gl_driver.h"
@@ -107,9 +108,54 @@ void GLWindow::setGridMode(bool on) {
   redraw();
 }
 
+void GLWindow::keepForUndo(const Camera& before) {
+  const bool same = before.rotation == camera_.rotation && before.pan == camera_.pan &&
+                    before.distance == camera_.distance;
+  if (!same) cameraBefore_ = before;
+}
+
 void GLWindow::resetCamera() {
-  camera_ = Camera{};
+  keepForUndo(std::exchange(camera_, Camera{}));
   redraw();
+}
+
+void GLWindow::fitView() {
+  if (!shown_.modelLoaded()) return;
+  const Camera before = camera_;
+  fit(camera_, drawnHeights(shown_), w(), h());
+  keepForUndo(before);
+  redraw();
+}
+
+void GLWindow::seeFrom(ViewDirection direction) {
+  const Camera before = camera_;
+  camera_ = Camera{};
+  camera_.rotation = rotationOf(direction);
+  fitView();
+  keepForUndo(before);
+}
+
+void GLWindow::undoCamera() {
+  std::swap(camera_, cameraBefore_);
+  releaseTurn(camera_);
+  redraw();
+}
+
+std::string GLWindow::pointUnderCursor() { return pointer_ ? hand_.textAt(*pointer_) : ""; }
+
+void GLWindow::setPointer(std::optional<glm::vec2> point) {
+  pointer_ = point;
+  tellPointerSoon();
+}
+
+void GLWindow::tellPointerSoon() {
+  // Not while FLTK draws its windows: what is told may show or hide one.
+  const Fl_Timeout_Handler tell = [](void* view) {
+    const auto& told = static_cast<GLWindow*>(view)->onPointer;
+    if (told) told();
+  };
+  Fl::remove_timeout(tell, this);
+  Fl::add_timeout(0.0, tell, this);
 }
 
 void GLWindow::showNow() {
@@ -171,6 +217,7 @@ void GLWindow::draw() {
   const bool uncovered = damage() == FL_DAMAGE_EXPOSE;
   const bool resized = valid() == 0;
   const FrameReport report = scene_.draw(subject());
+  tellPointerSoon();
   // During a drag the next frame follows at once.
   if (scene_.isWhole() && Fl::pushed() != this) {
     keepFrame();
@@ -260,10 +307,12 @@ int GLWindow::handle(int event) {
       return result;
     }
     case FL_PUSH:
+      cameraAtPress_ = camera_;
       hand_.press(eventPoint(), eventButton());
       return 1;
     case FL_RELEASE: {
       const bool changed = hand_.release(eventPoint(), heldOr(eventButton()));
+      keepForUndo(cameraAtPress_);
       scene_.endMotion(changed);
       if (changed) {
         redraw();
@@ -273,24 +322,34 @@ int GLWindow::handle(int event) {
       return 1;
     }
     case FL_DRAG:
+      setPointer(eventPoint());
       hand_.drag(eventPoint(), heldOr({}));
       redraw();
       return 1;
+    case FL_LEAVE:
+      setPointer({});
+      break;
     case FL_MOVE:
+      setPointer(eventPoint());
       hand_.move(eventPoint());
       return 1;
-    case FL_MOUSEWHEEL:
+    case FL_MOUSEWHEEL: {
+      const Camera before = camera_;
       logStream() << "SCALE: " << camera_.distance << '\n';
       // FLTK may have merged a motion into this event.
       hand_.move(eventPoint());
       hand_.wheel(Fl::event_dy());
+      // A series of steps is one change.
+      if (std::exchange(sinceWheel_, Stopwatch()).milliseconds() > 1000.0) keepForUndo(before);
       redraw();
       return 1;
+    }
     case FL_ENTER:
       logStream() << "Entered\n";
       // FLTK sends FL_MOVE to widgets that accept FL_ENTER.
       (void)Fl_Gl_Window::handle(event);
       // There is no separate event for the motion into the window.
+      setPointer(eventPoint());
       hand_.move(eventPoint());
       return 1;
     case FL_KEYDOWN:

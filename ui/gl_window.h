@@ -2,15 +2,18 @@
 #pragma once
 
 #include <functional>
+#include <glm/vec2.hpp>
+#include <optional>
 #include <string>
 
-#include "geometry/camera.h"
+#include "geometry/camera_views.h"
 #include "resfile/res_file.h"
 #include "surface/shown_surface.h"
 #include "ui/gl_pane.h"
 #include "ui/profiler.h"
 #include "view/mouse_hand.h"
 #include "view/paced_scene.h"
+#include "view/stopwatch.h"
 #include "view/tools.h"
 
 namespace morvane {
@@ -44,6 +47,19 @@ class GLWindow : public GlPane {
 
   /// Resets the camera.
   void resetCamera();
+  /// Shows the whole surface as large as possible, rotated as it is.
+  void fitView();
+  /// Shows the whole surface from a direction.
+  void seeFrom(ViewDirection direction);
+  /// Takes back the last change of the camera by a drag, a series of zoom steps, or one of the
+  /// above; the next call repeats it.
+  void undoCamera();
+  /// Whether a measurement is fitted when it is opened. If so, zooming stops before the surface.
+  [[nodiscard]] bool fitsOnOpen() const { return hand_.stopsAtSurface; }
+  void setFitsOnOpen(bool on) { hand_.stopsAtSurface = on; }
+  /// The point of the surface under the cursor in words, see `pointText`; empty when the cursor is
+  /// elsewhere.
+  [[nodiscard]] std::string pointUnderCursor();
   /// Shows the window and draws it at once, if GL is usable.
   void showNow();
   /// Whether the system can draw the view. If not, `onTrouble` is called once.
@@ -57,6 +73,8 @@ class GLWindow : public GlPane {
   std::function<void(const std::string&)> onNotShown;
   /// Called when limits or scale have been brought up to date.
   std::function<void()> onMeasured;
+  /// Called when another point may be under the cursor.
+  std::function<void()> onPointer;
   /// Called before a frame is drawn.
   std::function<void()> onDraw;
 
@@ -71,6 +89,9 @@ class GLWindow : public GlPane {
   static void beginSlices(void* window);
   static void drawSlice(void* window);
   void stopSlices();
+  void keepForUndo(const Camera& before);
+  void setPointer(std::optional<glm::vec2> point);
+  void tellPointerSoon();
   void endFrame(const FrameReport& report);
   /// Brings the numbers up to date where no frame will.
   void measureSoon();
@@ -80,6 +101,10 @@ class GLWindow : public GlPane {
   resFile file_;
   ShownSurface shown_;
   Camera camera_;
+  Camera cameraBefore_;  // its last change
+  Camera cameraAtPress_;
+  Stopwatch sinceWheel_;
+  std::optional<glm::vec2> pointer_;  // while it is in the view
   Tools tools_;
   MouseHand hand_{shown_, camera_, tools_};
   PacedScene scene_;

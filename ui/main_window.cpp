@@ -28,6 +28,7 @@
 #include "ui/images.h"
 #include "ui/menu.h"
 #include "ui/quit_dialog.h"
+#include "ui/readout.h"
 #include "ui/results_panel.h"
 #include "ui/status_line.h"
 #include "ui/view_controls.h"
@@ -134,6 +135,7 @@ GLWindow* makeView(AppState& app) {
   view->onTrouble = [](const std::string& text) { callSoon(tellUser, text); };
   view->onNotShown = showAlertSoon;
   view->onMeasured = showMeasured;
+  view->onPointer = [] { appState().readout->update(); };
   view->onDraw = [] { appState().statusLine->release(); };
   return view;
 }
@@ -189,6 +191,7 @@ void buildMainWindow() {
   app.controlsPanel = makeControlsPanel();
   app.consolePanel = makeConsolePanel(app);
   app.statusLine = new StatusLine;
+  app.readout = new Readout;
   app.resultsPanel = new ResultsPanel(app.exeFolder);
   app.resultsPanel->hide();
   buildMenu();

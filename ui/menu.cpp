@@ -21,6 +21,7 @@
 #include "ui/gl_window.h"
 #include "ui/heat_map_dialog.h"
 #include "ui/owned_window.h"
+#include "ui/readout.h"
 #include "ui/region_actions.h"
 #include "ui/report_actions.h"
 #include "ui/results_panel.h"
@@ -60,6 +61,22 @@ void toggleGridBox() {
 void toggleWholeLine() {
   bool& wholeLine = appState().glView->tools().profileLineMode;
   wholeLine = !wholeLine;
+}
+
+template <ViewDirection direction>
+void seeFrom() {
+  appState().glView->seeFrom(direction);
+}
+
+void toggleFitOnOpen() {
+  GLWindow& view = *appState().glView;
+  view.setFitsOnOpen(!view.fitsOnOpen());
+  if (view.fitsOnOpen()) view.fitView();
+}
+
+void toggleReadout() {
+  Readout& readout = *appState().readout;
+  readout.setOn(!readout.isOn());
 }
 
 template <bool SceneOptions::*option>
@@ -115,6 +132,18 @@ const MenuEntry kFixed[] = {
     {"&Tools/&Heat Map Key", toggle<&SceneOptions::keyVisible>, kFull, FL_MENU_TOGGLE,
      isOn<&SceneOptions::keyVisible>},
     {kColourMenu, nullptr, kFull, FL_SUBMENU | FL_MENU_DIVIDER},
+    {"&Tools/Views/Fit", [] { appState().glView->fitView(); }, kFull, 0, nullptr, FL_CTRL + '0'},
+    {"&Tools/Views/Top", seeFrom<ViewDirection::kTop>, kFull, 0, nullptr, FL_CTRL + '1'},
+    {"&Tools/Views/Front", seeFrom<ViewDirection::kFront>, kFull, 0, nullptr, FL_CTRL + '2'},
+    {"&Tools/Views/Side", seeFrom<ViewDirection::kSide>, kFull, 0, nullptr, FL_CTRL + '3'},
+    {"&Tools/Views/Isometric", seeFrom<ViewDirection::kIsometric>, kFull, FL_MENU_DIVIDER, nullptr,
+     FL_CTRL + '4'},
+    {"&Tools/Views/Undo", [] { appState().glView->undoCamera(); }, kFull, FL_MENU_DIVIDER, nullptr,
+     FL_CTRL + 'z'},
+    {"&Tools/Views/Fit on open", toggleFitOnOpen, kFull, FL_MENU_TOGGLE,
+     [] { return appState().glView->fitsOnOpen(); }},
+    {"&Tools/Height under Cursor", toggleReadout, kFull, FL_MENU_TOGGLE | FL_MENU_DIVIDER,
+     [] { return appState().readout->isOn(); }},
     {"&Tools/Whole Profile Line", toggleWholeLine, kFull, FL_MENU_TOGGLE,
      [] { return appState().glView->tools().profileLineMode; }},
     {"&Tools/Grid Box", toggleGridBox, kFull, FL_MENU_TOGGLE,

@@ -6,6 +6,7 @@
 #include "base/debug_log.h"
 #include "ui/app_state.h"
 #include "ui/gl_window.h"
+#include "ui/readout.h"
 #include "ui/results_panel.h"
 #include "ui/status_line.h"
 #include "ui/window_geometry.h"
@@ -38,6 +39,7 @@ void layoutViews() {
   place(*app.controlsPanel, layout.controls);
   place(*app.consolePanel, layout.console);
   app.statusLine->place();
+  app.readout->update();
   // FLTK's resizing must start from these places.
   app.mainWindow->init_sizes();
   app.mainWindow->redraw();

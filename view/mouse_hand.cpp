@@ -1,6 +1,7 @@
 #include "view/mouse_hand.h"
 
 #include "geometry/drawn_surface.h"
+#include "geometry/point_text.h"
 
 namespace morvane {
 
@@ -22,7 +23,7 @@ void MouseHand::press(glm::vec2 point, HeldButtons pressed) {
 void MouseHand::drag(glm::vec2 point, HeldButtons held) {
   const glm::vec2 motion = point - previous_;
   if (held.left && held.right) {
-    zoomByDrag(camera_, motion.y);
+    if (!blocksZoom(motion.y < 0.0F)) zoomByDrag(camera_, motion.y);
     // Rotates too if the left button was pressed last, since that began a rotation.
     dragTurn(camera_, width_, height_, point);
   } else if (tools_.dragging() && (held.left || held.right)) {
@@ -41,6 +42,25 @@ bool MouseHand::release(glm::vec2 point, HeldButtons held) {
   releaseTurn(camera_);
   tools_.release();
   return moved;
+}
+
+void MouseHand::wheel(int amount) {
+  if (!blocksZoom(amount < 1)) zoomByWheel(camera_, amount);
+}
+
+bool MouseHand::blocksZoom(bool inwards) {
+  if (!stopsAtSurface || !inwards || !shown_.modelLoaded()) return false;
+  const glm::mat4 overlay = matrices().overlay;
+  const glm::vec3 ahead(0.0F, 0.0F, -1.0F);
+  const Ray sight{camera_.eye, ahead, camera_.eye + kRayLength * ahead};
+  const std::optional<SurfaceHit> hit = surfaceHit(drawnHeights(shown_), sight, overlay);
+  const float surface = hit ? (overlay * glm::vec4(hit->point, 1.0F)).z : 0.0F;
+  return camera_.distance - camera_.zoomStep - surface < 2.0F * kNearPlane;
+}
+
+std::string MouseHand::textAt(glm::vec2 point) {
+  if (!shown_.modelLoaded()) return {};
+  return pointText(shown_, rayThrough(point), matrices().overlay);
 }
 
 void MouseHand::move(glm::vec2 point) { anchorZoom(camera_, rayThrough(point)); }

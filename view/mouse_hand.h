@@ -1,6 +1,8 @@
 // The mouse in the 3D view: rotating, panning, zooming, and moving the tools' pins.
 #pragma once
 
+#include <string>
+
 #include "geometry/camera.h"
 #include "surface/shown_surface.h"
 #include "view/tools.h"
@@ -31,10 +33,15 @@ class MouseHand {
   bool release(glm::vec2 point, HeldButtons held);
   /// Makes zooming follow `point`.
   void move(glm::vec2 point);
-  void wheel(int amount) { zoomByWheel(camera_, amount); }
+  void wheel(int amount);
+  /// Whether zooming stops before the surface, or goes through it.
+  bool stopsAtSurface = false;
+  /// The point of the surface at `point` in words; see `pointText`.
+  [[nodiscard]] std::string textAt(glm::vec2 point);
 
  private:
   [[nodiscard]] ViewMatrices matrices();
+  [[nodiscard]] bool blocksZoom(bool inwards);
   [[nodiscard]] Ray rayThrough(glm::vec2 point);
 
   ShownSurface& shown_;

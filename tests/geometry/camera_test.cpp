@@ -4,8 +4,10 @@
 #include <cmath>
 #include <glm/geometric.hpp>
 
-#include "geometry/camera.h"
+#include "geometry/camera_views.h"
+#include "surface/mesh.h"
 #include "tests/geometry/golden_rows.h"
+#include "tests/support/test_grid.h"
 
 namespace morvane {
 namespace {
@@ -94,6 +96,40 @@ TEST(Camera, SeesFromBehindAndFromTheOriginItself) {
     const Ray ray = pickRay(matrices, 980, 775, 10.0F, 700.0F);
     EXPECT_NEAR(glm::length(ray.direction), 1.0F, 1e-5F) << distance;
     EXPECT_EQ(ray.direction.z > 0.0F, distance < 0.0F) << distance;
+  }
+}
+
+TEST(Camera, FitsTheSurfaceIntoTheRoomBesideTheKey) {
+  const std::shared_ptr<HeightGrid> grid = roughGrid(600, 250);
+  grid->values()[3 * 600 + 7] = std::nan("");
+  for (const ViewDirection direction : {ViewDirection::kTop, ViewDirection::kFront,
+                                        ViewDirection::kSide, ViewDirection::kIsometric}) {
+    for (const int width : {300, 1600}) {
+      constexpr int kHeight = 775;
+      const DrawnHeights heights{*grid, {}, 0.02F / kHeightToModel, 0.0F, 0.01F};
+      Camera camera;
+      camera.rotation = rotationOf(direction);
+      fit(camera, heights, width, kHeight);
+      const ViewMatrices m =
+          viewMatrices(camera, width, kHeight, 600, 250, heights.zScale, heights.lift);
+      glm::vec2 low(INFINITY);
+      glm::vec2 high(-INFINITY);
+      for (std::size_t row = 0; row < 250; ++row) {
+        for (std::size_t column = 0; column < 600; ++column) {
+          const double z = grid->row(row)[column];
+          if (std::isnan(z)) continue;
+          const glm::vec4 point(modelUnits(column), modelUnits(row), static_cast<float>(z), 1.0F);
+          const glm::vec4 clip = m.projection * m.view * m.model * point;
+          EXPECT_GT(clip.w, kNearPlane);
+          low = glm::min(low, glm::vec2(clip) / clip.w);
+          high = glm::max(high, glm::vec2(clip) / clip.w);
+        }
+      }
+      const glm::vec2 room = (high - low) / glm::vec2(1.62F, 1.78F);
+      EXPECT_NEAR(std::max(room.x, room.y), 1.0F, 0.01F) << width;
+      EXPECT_TRUE(low.x > -0.95F && high.x < 0.69F && low.y > -0.93F && high.y < 0.87F)
+          << low.x << " to " << high.x << ", " << low.y << " to " << high.y;
+    }
   }
 }
 

@@ -5,8 +5,10 @@
 #include <glm/common.hpp>
 #include <glm/geometric.hpp>
 #include <random>
+#include <sstream>
 #include <vector>
 
+#include "geometry/point_text.h"
 #include "geometry/surface_hit.h"
 #include "geometry/surface_line.h"
 #include "geometry/thick_line.h"
@@ -140,6 +142,28 @@ TEST(SurfaceHit, FindsGridPointsEdgesAndTheRimStraightFromAbove) {
       EXPECT_TRUE(hit && hit->onSurface) << x << ", " << y;
     }
   }
+}
+
+TEST(PointText, NamesTheNearestPointWithItsTrueHeight) {
+  std::ostringstream log;
+  ShownSurface shown(log);
+  Measurement measurement;
+  measurement.grid = gridFrom(5, 4, [](double column, double row) {
+    return column == 2.0 && row == 1.0 ? std::nan("") : column - 10.0 * row;
+  });
+  measurement.header.pixelSizeX = 0.02;
+  measurement.header.pixelSizeY = 0.0004;
+  shown.show(measurement);
+  shown.setCrop({.on = true, .min = -1.0F, .max = 1.0F});
+  const auto at = [&](float column, float row) {
+    const glm::vec3 place(column / kPointsPerUnit, row / kPointsPerUnit, 1.0F);
+    return pointText(shown, rayThrough(place, place - glm::vec3(0.0F, 0.0F, 1.0F)),
+                     glm::mat4(1.0F));
+  };
+  EXPECT_EQ(at(3.4F, 2.7F), "x 0.060 mm   y 0.00120 mm   z -27.000 µm") << "not cut by the limits";
+  EXPECT_EQ(at(2.1F, 1.2F), "x 0.040 mm   y 0.00040 mm   z no data");
+  EXPECT_EQ(at(4.8F, 1.0F), "");
+  EXPECT_EQ(at(1.0F, -0.7F), "");
 }
 
 TEST(SurfaceLine, OfARegionFollowsTheDrawnHeightsOfItsEdge) {

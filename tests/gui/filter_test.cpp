@@ -143,5 +143,29 @@ TEST_F(FullMenu, SwitchesWhatTheViewShows) {
   });
 }
 
+TEST_F(FullMenu, FitsTheViewAndNamesThePointUnderTheCursor) {
+  open(golden::measurement("panel"));
+  const auto isSurface = [](const Rgb& c) { return chroma(c) > 80; };
+  const Area leftOfKey{155, 60, 950, 700};
+  const int before = start_.part(leftOfKey).count(isSurface);
+  program_->choose("Tools/Views/Fit on open");
+  await("a larger surface",
+        [&](const Image& p) { return p.part(leftOfKey).count(isSurface) > 3 * before; });
+  window().wheel(middleOf(kFirstLayout.view), 60);  // it stops before the surface
+  await("the surface from close to it", [&](const Image& p) {
+    return p.part(leftOfKey).count(isSurface) > leftOfKey.w * leftOfKey.h * 9 / 10;
+  });
+  program_->choose("Tools/Views/Top");
+  program_->choose("Tools/Views/Undo");
+  program_->choose("Tools/Views/Undo");
+  program_->choose("Tools/Height under Cursor");
+  window().hold(middleOf(kFirstLayout.view), middleOf(kFirstLayout.view), {});
+  window().awaitPicture("the height", [](const Image& p) {
+    const Image readout = p.part({155, kFirstLayout.view.y + kFirstLayout.view.h - 20, 200, 18});
+    const int black = readout.count([](const Rgb& c) { return c == kBlack; });
+    return black > 2000 && black < 3500;
+  });
+}
+
 }  // namespace
 }  // namespace morvane::gui
