@@ -210,9 +210,8 @@ std::string FileJobs::drawPicture(Shown& shown, RgbImage& picture) {
     if (!context_) return "no picture can be drawn here: " + trouble;
   }
   PictureSettings settings;
-  settings.width = options_.size.width;
-  settings.height = options_.size.height;
-  if (shown.tools.profileMode()) settings.plotHeight = plotHeightIn(settings.height);
+  settings.size = options_.size;
+  if (shown.tools.profileMode()) settings.plotHeight = plotHeightIn(settings.size.height);
   settings.camera = cameraOf(options_);
   settings.options.keyVisible = options_.key;
   settings.options.axesVisible = options_.axes;

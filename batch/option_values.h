@@ -6,13 +6,9 @@
 #include <string_view>
 #include <vector>
 
-namespace morvane {
+#include "export/rgb_image.h"
 
-/// Pixels.
-struct PictureSize {
-  int width = 1125;
-  int height = 775;
-};
+namespace morvane {
 
 /// The shortest and the longest side that a picture may have, pixels.
 inline constexpr int kShortestSide = 16;

@@ -32,8 +32,10 @@ constexpr ExportFormat kFormats[] = {
     {ExportKind::kHeights, ".gsf", "Gwyddion Simple Field", writeGsf},
     {ExportKind::kHeights, ".xyz", "Points x y z in µm", writeXyz},
     {ExportKind::kHeights, ".res", "Measurement", writeRes},
-    {ExportKind::kSection, ".csv", "Table", writeSection},
-    {ExportKind::kResults, ".csv", "Table", writeOwnResults},
+    {ExportKind::kSection, ".csv", "Table with decimal points", writeSection},
+    {ExportKind::kSection, ".csv", "Table with decimal commas", writeSection, kSemicolons},
+    {ExportKind::kResults, ".csv", "Table with decimal points", writeOwnResults},
+    {ExportKind::kResults, ".csv", "Table with decimal commas", writeOwnResults, kSemicolons},
     {ExportKind::kInfo, ".json", "Header and results", writeInfo},
 };
 
@@ -55,7 +57,9 @@ std::string saveExport(const ExportFormat& format, const ExportSource& source,
   }
   SafeFile file(path);
   try {
-    format.write(source, file);
+    ExportSource styled = source;
+    styled.csv = format.csv;
+    format.write(styled, file);
   } catch (const std::bad_alloc&) {
     return std::strerror(ENOMEM);
   }

@@ -16,6 +16,7 @@ struct ExportFormat {
   std::string_view extension;  ///< with its point, in lower case
   std::string_view name;       ///< for the file chooser, in UTF-8
   void (*write)(const ExportSource& source, ByteSink& sink);
+  CsvStyle csv{};  ///< of a table
 };
 
 /// All formats; those of one kind follow each other, the preferred one first.

@@ -59,10 +59,10 @@ void writeResults(std::span<const FileResults> files, const CsvStyle& style, Byt
   }
 }
 
-std::string resultsText(const Measurement& measurement) {
+std::string resultsText(const Measurement& measurement, const CsvStyle& style) {
   TextSink sink;
   {
-    CsvWriter table(sink, kTabs);
+    CsvWriter table(sink, style);
     for (const ResultValue& value : fileResults(measurement).values) {
       table.text(value.name);
       addValue(table, value);

@@ -25,7 +25,7 @@ FileResults fileResults(const Measurement& measurement);
 /// Writes a row for each file and a column for each name and unit that any of them has.
 void writeResults(std::span<const FileResults> files, const CsvStyle& style, ByteSink& sink);
 
-/// Lines of label, value and unit, separated by tabs, for the clipboard.
-std::string resultsText(const Measurement& measurement);
+/// Lines of label, value and unit, for the clipboard.
+std::string resultsText(const Measurement& measurement, const CsvStyle& style);
 
 }  // namespace morvane

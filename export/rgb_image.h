@@ -8,6 +8,12 @@ namespace morvane {
 
 using Bytes = std::vector<unsigned char>;
 
+/// Pixels.
+struct PictureSize {
+  int width = 1125;
+  int height = 775;
+};
+
 /// Rows from the top, each of `width` pixels of three bytes: red, green, blue.
 struct RgbImage {
   int width = 0;

@@ -37,8 +37,8 @@ int plotHeightIn(int height) { return static_cast<int>(std::lround(height * (250
 
 std::string ScenePainter::draw(ShownSurface& shown, Tools& tools, const PictureSettings& settings,
                                RgbImage& picture) {
-  const int width = settings.width * settings.factor;
-  const int height = settings.height * settings.factor;
+  const int width = settings.size.width * settings.factor;
+  const int height = settings.size.height * settings.factor;
   const int largest = PictureTarget::largestSide();
   if (width > largest || height > largest) {
     return "a picture here has at most " + std::to_string(largest) + " pixels a side";
@@ -49,7 +49,8 @@ std::string ScenePainter::draw(ShownSurface& shown, Tools& tools, const PictureS
     return "there is not enough memory for the picture";
   }
   picture = RgbImage(width, height);
-  Viewport viewport = {.width = settings.width, .height = settings.height - settings.plotHeight};
+  Viewport viewport = {.width = settings.size.width,
+                       .height = settings.size.height - settings.plotHeight};
   viewport.pixelWidth = width;
   viewport.pixelHeight = viewport.height * settings.factor;
   const std::string trouble = drawStrips(picture, 0, viewport.pixelHeight, [&](int firstRow) {
@@ -65,7 +66,7 @@ std::string ScenePainter::draw(ShownSurface& shown, Tools& tools, const PictureS
 std::string ScenePainter::drawPlot(ShownSurface& shown, Tools& tools,
                                    const PictureSettings& settings, RgbImage& picture) {
   if (!plot_.generated()) {
-    plot_.generate(scene_.font(), settings.width, settings.plotHeight);
+    plot_.generate(scene_.font(), settings.size.width, settings.plotHeight);
     plot_.enterContext();
   }
   tools.profile().setSurface(profileSurface(shown));
@@ -75,7 +76,7 @@ std::string ScenePainter::drawPlot(ShownSurface& shown, Tools& tools,
     PlotRenderer::drawNothing();
     glViewport(0, -firstRow, picture.width, height);
     glEnable(GL_MULTISAMPLE);
-    plot_.draw(tools.profile(), settings.width, settings.plotHeight,
+    plot_.draw(tools.profile(), settings.size.width, settings.plotHeight,
                static_cast<float>(settings.factor));
     return std::string();
   });

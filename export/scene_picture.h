@@ -11,8 +11,7 @@ namespace morvane {
 
 /// What a picture shows.
 struct PictureSettings {
-  int width = 1125;  ///< of the picture at factor 1, as of a window of that size
-  int height = 775;
+  PictureSize size;    ///< of the picture at factor 1, as of a window of that size
   int plotHeight = 0;  ///< of the plot of the section at the lower edge; 0 without one
   int factor = 1;      ///< pixels for each pixel of such a window
   Camera camera;

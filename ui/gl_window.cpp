@@ -180,6 +180,26 @@ void GLWindow::reportTrouble(const std::string& reason) {
   if (onTrouble) onTrouble(message);
 }
 
+PictureSize GLWindow::pictureSize() const {
+  return {w(), h() + (profiler_->visible() ? profiler_->h() : 0)};
+}
+
+std::string GLWindow::drawPicture(int factor, RgbImage& picture) {
+  if (!glReady_ || !shown_.modelLoaded() || visible_r() == 0) return "the view is not shown";
+  stopSlices();
+  make_current();
+  PictureSettings settings;
+  settings.size = pictureSize();
+  settings.plotHeight = settings.size.height - h();
+  settings.factor = factor;
+  settings.camera = camera_;
+  settings.options = options_;
+  const std::string trouble = painter_.draw(shown_, tools_, settings, picture);
+  checkGl("picture");
+  redraw();
+  return trouble;
+}
+
 void GLWindow::initialiseGlew() {
   if (!shown()) return;
   firstShow_ = false;

@@ -6,6 +6,7 @@
 #include <optional>
 #include <string>
 
+#include "export/scene_picture.h"
 #include "geometry/camera_views.h"
 #include "resfile/res_file.h"
 #include "surface/shown_surface.h"
@@ -44,6 +45,12 @@ class GLWindow : public GlPane {
   void setProfileMode(bool on);
   void swapPins();
   void setGridMode(bool on);
+
+  /// The size of a picture of the view and the plot below it, in pixels of the window.
+  [[nodiscard]] PictureSize pictureSize() const;
+  /// Draws such a picture, with `factor` × `factor` pixels for each of the window, whatever is in
+  /// front of it. Returns an empty text on success, else why there is no picture.
+  std::string drawPicture(int factor, RgbImage& picture);
 
   /// Resets the camera.
   void resetCamera();
@@ -108,6 +115,7 @@ class GLWindow : public GlPane {
   Tools tools_;
   MouseHand hand_{shown_, camera_, tools_};
   PacedScene scene_;
+  ScenePainter painter_{scene_.scene()};
   SceneOptions options_;
   Profiler* profiler_;     // owned by FLTK
   bool firstShow_ = true;  // GLEW not yet initialised

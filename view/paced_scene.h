@@ -21,6 +21,9 @@ class PacedScene {
   /// The font of the texts.
   void setFont(const std::string& path) { scene_.setFont(path); }
 
+  /// For pictures beside the frames; the next frame must be drawn anew.
+  [[nodiscard]] Scene& scene() { return scene_; }
+
   /// Draws a frame of what has changed, and abandons the one that is drawn in slices.
   FrameReport draw(const Subject& subject);
   /// Draws a whole frame in one go.

@@ -172,7 +172,7 @@ TEST(Info, EscapesTextsAndHasNullForMissingNumbers) {
 })");
   const std::string both[] = {object, "{}"};
   EXPECT_EQ(infoDocument(both, true), "[" + object + ",\n{}]\n");
-  EXPECT_EQ(resultsText(source.measurement), "COPR\t\t\n");
+  EXPECT_EQ(resultsText(source.measurement, kTabs), "COPR\t\t\n");
 }
 
 TEST(HeightFiles, AsciiSdf) {
