@@ -49,8 +49,8 @@ std::string prepareBox(const std::string& text) {
 
 /// Runs the chooser. Its own questions look like the program's.
 std::string answerOf(Fl_Native_File_Chooser& chooser, const FileRequest& request) {
-  chooser.title(request.title);
-  chooser.filter(request.filter);
+  chooser.title(request.title.c_str());
+  chooser.filter(request.filter.c_str());
   chooser.directory(request.folder.c_str());
   prepareBox(Fl_Native_File_Chooser::file_exists_message);
   const int outcome = chooser.show();
@@ -58,6 +58,15 @@ std::string answerOf(Fl_Native_File_Chooser& chooser, const FileRequest& request
   if (outcome != 0) return {};
   const char* name = chooser.filename();
   return name != nullptr ? name : "";
+}
+
+std::string nameToSave(Fl_Native_File_Chooser& chooser, const FileRequest& request) {
+  if (!request.presetName.empty()) {
+    // A full path: FLTK's own chooser would put a bare name into the current folder.
+    chooser.preset_file(pathIn(request.folder, request.presetName).c_str());
+  }
+  if (request.confirmOverwrite) chooser.options(Fl_Native_File_Chooser::SAVEAS_CONFIRM);
+  return answerOf(chooser, request);
 }
 
 int choose(const std::string& question, const char* no, const char* yes) {
@@ -73,12 +82,33 @@ std::string chooseFileToOpen(const FileRequest& request) {
 
 std::string chooseFileToSave(const FileRequest& request) {
   Fl_Native_File_Chooser chooser(Fl_Native_File_Chooser::BROWSE_SAVE_FILE);
-  if (!request.presetName.empty()) {
-    // A full path: FLTK's own chooser would put a bare name into the current folder.
-    chooser.preset_file(pathIn(request.folder, request.presetName).c_str());
+  return nameToSave(chooser, request);
+}
+
+SaveChoice chooseKindToSave(const FileRequest& request, std::span<const FileKind> kinds,
+                            std::size_t preferred) {
+  FileRequest withKinds = request;
+  for (const FileKind& kind : kinds) {
+    withKinds.filter.append(kind.name).append(" \t*").append(kind.extension) += '\n';
   }
-  if (request.confirmOverwrite) chooser.options(Fl_Native_File_Chooser::SAVEAS_CONFIRM);
-  return answerOf(chooser, request);
+  Fl_Native_File_Chooser chooser(Fl_Native_File_Chooser::BROWSE_SAVE_FILE);
+  chooser.filter_value(static_cast<int>(preferred));
+  SaveChoice choice = {nameToSave(chooser, withKinds), preferred};
+  if (choice.path.empty()) return choice;
+  // The chooser may add a filter for all files.
+  const auto filter = static_cast<std::size_t>(chooser.filter_value());
+  if (filter < kinds.size()) choice.kind = filter;
+  const auto endsLike = [&](const FileKind& kind) {
+    return hasExtension(choice.path, kind.extension);
+  };
+  if (endsLike(kinds[choice.kind])) return choice;
+  const auto typed = std::ranges::find_if(kinds, endsLike);
+  if (typed == kinds.end()) {
+    choice.path += kinds[choice.kind].extension;
+  } else {
+    choice.kind = static_cast<std::size_t>(typed - kinds.begin());
+  }
+  return choice;
 }
 
 void showAlert(const std::string& text) { fl_alert("%s", prepareBox(text).c_str()); }

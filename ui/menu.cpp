@@ -15,6 +15,7 @@
 #include "ui/app_state.h"
 #include "ui/config_manager.h"
 #include "ui/console.h"
+#include "ui/export_actions.h"
 #include "ui/file_actions.h"
 #include "ui/filter_actions.h"
 #include "ui/full_screen.h"
@@ -150,6 +151,14 @@ const MenuEntry kFixed[] = {
      [] { return appState().glView->tools().gridMode(); }},
     {"&Tools/Save region...", saveShownRegion, kFull},
     {"&Tools/Screenshot", takeScreenshot, kFull, FL_MENU_DIVIDER},
+    {"&Tools/Save picture as/Size of the view...", [] { savePicture(1); }, kFull},
+    {"&Tools/Save picture as/Double size...", [] { savePicture(2); }, kFull},
+    {"&Tools/Save picture as/Fourfold size...", [] { savePicture(4); }, kFull},
+    {"&Tools/Save section as...", saveSection, kFull},
+    {"&Tools/Copy section", copySection, kFull},
+    {"&Tools/Save results as...", saveResults, kFull},
+    {"&Tools/Copy results", copyResults, kFull},
+    {"&Tools/Save heights as...", saveHeights, kFull, FL_MENU_DIVIDER},
     {"&Tools/Results Column", toggleResultsColumn, kFull, FL_MENU_TOGGLE,
      [] { return appState().resultsPanel->visible() != 0; }},
     {"&Tools/Console", toggleConsole, kFull, FL_MENU_TOGGLE,
