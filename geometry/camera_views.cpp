@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <utility>
 
 #include "surface/mesh.h"
 
@@ -93,6 +94,17 @@ void fit(Camera& camera, const DrawnHeights& heights, int width, int height) {
   // The step of a zoom from the start to there; see `zoom`.
   camera.zoomStep = 0.01F + 0.03F * distance;
   camera.pan = {x.pan(distance), y.pan(distance)};
+}
+
+void CameraUndo::keep(const Camera& before, const Camera& now) {
+  const bool same =
+      before.rotation == now.rotation && before.pan == now.pan && before.distance == now.distance;
+  if (!same) before_ = before;
+}
+
+void CameraUndo::exchange(Camera& camera) {
+  std::swap(camera, before_);
+  releaseTurn(camera);
 }
 
 }  // namespace morvane

@@ -19,4 +19,16 @@ glm::quat rotationOf(ViewDirection direction);
 /// nearer to the eye than what is drawn.
 void fit(Camera& camera, const DrawnHeights& heights, int width, int height);
 
+/// What takes back the last change of a camera.
+class CameraUndo {
+ public:
+  /// Remembers `before` if `now` shows something else.
+  void keep(const Camera& before, const Camera& now);
+  /// Exchanges `camera` with what it was before the last change, so that a second call repeats it.
+  void exchange(Camera& camera);
+
+ private:
+  Camera before_;
+};
+
 }  // namespace morvane

@@ -11,6 +11,7 @@
 #include "ui/app_state.h"
 #include "ui/control_rules.h"
 #include "ui/file_actions.h"
+#include "ui/gl_window.h"
 #include "ui/images.h"
 #include "ui/report_actions.h"
 #include "ui/view_controls.h"
@@ -55,7 +56,9 @@ class ScaleSlider : public Fl_Hor_Nice_Slider {
   using Fl_Hor_Nice_Slider::Fl_Hor_Nice_Slider;
   int handle(int event) override {
     if (event == FL_RELEASE) Fl_Hor_Nice_Slider::handle(FL_DRAG);
-    return Fl_Hor_Nice_Slider::handle(event);
+    const int handled = Fl_Hor_Nice_Slider::handle(event);
+    if (event == FL_RELEASE) appState().glView->endMotion();
+    return handled;
   }
 };
 

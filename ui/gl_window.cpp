@@ -11,13 +11,13 @@
 #include "base/paths.h"
 #include "geometry/drawn_surface.h"
 #include "ui/gl_mode.h"
+#include "ui/gl_start.h"
 #include "ui/window_geometry.h"
 #include "view/gl_driver.h"
 
 namespace morvane {
 namespace {
 
-constexpr const char* kLogFile = "GLWindow.log";
 // By then the rasteriser has finished the first frame of a surface.
 constexpr double kTidyAfter = 0.3;  // seconds
 
@@ -108,14 +108,8 @@ void GLWindow::setGridMode(bool on) {
   redraw();
 }
 
-void GLWindow::keepForUndo(const Camera& before) {
-  const bool same = before.rotation == camera_.rotation && before.pan == camera_.pan &&
-                    before.distance == camera_.distance;
-  if (!same) cameraBefore_ = before;
-}
-
 void GLWindow::resetCamera() {
-  keepForUndo(std::exchange(camera_, Camera{}));
+  undo_.keep(std::exchange(camera_, Camera{}), camera_);
   redraw();
 }
 
@@ -123,7 +117,7 @@ void GLWindow::fitView() {
   if (!shown_.modelLoaded()) return;
   const Camera before = camera_;
   fit(camera_, drawnHeights(shown_), w(), h());
-  keepForUndo(before);
+  undo_.keep(before, camera_);
   redraw();
 }
 
@@ -132,12 +126,11 @@ void GLWindow::seeFrom(ViewDirection direction) {
   camera_ = Camera{};
   camera_.rotation = rotationOf(direction);
   fitView();
-  keepForUndo(before);
+  undo_.keep(before, camera_);
 }
 
 void GLWindow::undoCamera() {
-  std::swap(camera_, cameraBefore_);
-  releaseTurn(camera_);
+  undo_.exchange(camera_);
   redraw();
 }
 
@@ -200,26 +193,13 @@ std::string GLWindow::drawPicture(int factor, RgbImage& picture) {
   return trouble;
 }
 
-void GLWindow::initialiseGlew() {
+void GLWindow::initialiseGl() {
   if (!shown()) return;
   firstShow_ = false;
   make_current();
-  DebugLog::write(kLogFile, "Initializing GLEW\n");
-  const GLenum error = glewInit();
-  if (error != GLEW_OK) {
-    std::array<char, 64> message;
-    std::snprintf(message.data(), message.size(), "glewInit() failed returning %u", error);
-    Fl::warning("%s", message.data());
-    DebugLog::write(kLogFile, message.data());
-  }
-  // glewInit may fail for the window system (GLX) only. What counts is whether the functions exist.
-  glReady_ =
-      glCreateShader != nullptr && glGenVertexArrays != nullptr && glMapBufferRange != nullptr;
-  if (!glReady_) {
-    const auto* version = reinterpret_cast<const char*>(glGetString(GL_VERSION));
-    reportTrouble(std::string("the driver (OpenGL ") + (version ? version : "unknown") +
-                  ") lacks functions it needs");
-  }
+  const std::string trouble = startGl();
+  glReady_ = trouble.empty();
+  if (!glReady_) reportTrouble(trouble);
 }
 
 Subject GLWindow::subject() {
@@ -245,7 +225,7 @@ void GLWindow::draw() {
     keepNothing();
   }
   if (!scene_.isWhole()) {
-    drawSlicesAfter(uncovered ? 0.0 : scene_.restLeft());
+    drawSlicesAfter(uncovered ? 0.0 : scene_.restSeconds());
     // Where slices were drawn, Mesa resizes the back buffer only after the next swap. FLTK forgets
     // a redraw that is requested in `draw`.
     if (resized) Fl::add_timeout(0.0, redrawLater, this);
@@ -274,6 +254,13 @@ void GLWindow::flush() {
   if (!scene_.isWhole()) glFinish();
   scene_.wasPresented(watch.milliseconds());
   tellShown(scene_.isWhole());
+}
+
+void GLWindow::endMotion() {
+  const bool frameFollows = damage() != 0;
+  scene_.endMotion(frameFollows);
+  const bool drawing = Fl::has_idle(drawSlice, this) != 0;
+  if (!frameFollows && !scene_.isWhole() && !drawing) drawSlicesAfter(0.0);
 }
 
 void GLWindow::drawSlicesAfter(double seconds) {
@@ -323,7 +310,7 @@ int GLWindow::handle(int event) {
   switch (event) {
     case FL_SHOW: {
       const int result = Fl_Gl_Window::handle(event);
-      if (firstShow_) initialiseGlew();
+      if (firstShow_) initialiseGl();
       return result;
     }
     case FL_PUSH:
@@ -332,13 +319,9 @@ int GLWindow::handle(int event) {
       return 1;
     case FL_RELEASE: {
       const bool changed = hand_.release(eventPoint(), heldOr(eventButton()));
-      keepForUndo(cameraAtPress_);
-      scene_.endMotion(changed);
-      if (changed) {
-        redraw();
-      } else if (!scene_.isWhole() && Fl::has_idle(drawSlice, this) == 0) {
-        drawSlicesAfter(0.0);
-      }
+      undo_.keep(cameraAtPress_, camera_);
+      if (changed) redraw();
+      endMotion();
       return 1;
     }
     case FL_DRAG:
@@ -360,7 +343,8 @@ int GLWindow::handle(int event) {
       hand_.move(eventPoint());
       hand_.wheel(Fl::event_dy());
       // A series of steps is one change.
-      if (std::exchange(sinceWheel_, Stopwatch()).milliseconds() > 1000.0) keepForUndo(before);
+      if (std::exchange(sinceWheel_, Stopwatch()).milliseconds() > 1000.0)
+        undo_.keep(before, camera_);
       redraw();
       return 1;
     }

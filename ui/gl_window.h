@@ -69,6 +69,8 @@ class GLWindow : public GlPane {
   [[nodiscard]] std::string pointUnderCursor();
   /// Shows the window and draws it at once, if GL is usable.
   void showNow();
+  /// A mouse button that moved the picture is released: the whole frame follows at once.
+  void endMotion();
   /// Whether the system can draw the view. If not, `onTrouble` is called once.
   bool glUsable();
   /// Sets the folder of the executable, from which the font is loaded.
@@ -96,19 +98,18 @@ class GLWindow : public GlPane {
   static void beginSlices(void* window);
   static void drawSlice(void* window);
   void stopSlices();
-  void keepForUndo(const Camera& before);
   void setPointer(std::optional<glm::vec2> point);
   void tellPointerSoon();
   void endFrame(const FrameReport& report);
   /// Brings the numbers up to date where no frame will.
   void measureSoon();
-  void initialiseGlew();
+  void initialiseGl();
   void reportTrouble(const std::string& reason);
 
   resFile file_;
   ShownSurface shown_;
   Camera camera_;
-  Camera cameraBefore_;  // its last change
+  CameraUndo undo_;
   Camera cameraAtPress_;
   Stopwatch sinceWheel_;
   std::optional<glm::vec2> pointer_;  // while it is in the view

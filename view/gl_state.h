@@ -57,6 +57,18 @@ class GlDepthOrEqual {
   GLint was_ = GL_LESS;
 };
 
+/// Draws into the front buffer of the window instead of the back buffer.
+class GlFrontBuffer {
+ public:
+  GlFrontBuffer() { glDrawBuffer(GL_FRONT); }
+  ~GlFrontBuffer() {
+    glFlush();
+    glDrawBuffer(GL_BACK);
+  }
+  GlFrontBuffer(const GlFrontBuffer&) = delete;
+  GlFrontBuffer& operator=(const GlFrontBuffer&) = delete;
+};
+
 /// Sets the size of points to `size` pixels.
 class GlPointSize {
  public:

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "surface/coarse_mesh.h"
+#include "view/gl_state.h"
 #include "view/stopwatch.h"
 
 namespace morvane {
@@ -14,8 +15,6 @@ constexpr double kRest = 0.15;  // seconds
 // How long a slice of a frame may take.
 constexpr double kSlice = 25.0;  // milliseconds
 
-std::size_t pointsOf(ShownSurface& shown) { return shown.measured().shown()->count(); }
-
 }  // namespace
 
 FrameReport PacedScene::draw(const Subject& subject) {
@@ -23,22 +22,34 @@ FrameReport PacedScene::draw(const Subject& subject) {
   return step > 1 ? drawCoarse(subject, step) : drawWhole(subject);
 }
 
-std::size_t PacedScene::coarseStepFor(ShownSurface& shown) const {
+std::size_t PacedScene::fullPoints(ShownSurface& shown) const {
   const HeightGrid& grid = *shown.measured().shown();
-  if (pacer_.fullIsFast(grid.count())) return 1;
-  return std::max<std::size_t>(coarseStep(grid, pacer_.coarsePoints()), 2);
+  const std::size_t step = scene_.fullStep(shown);
+  return step > 1 ? coarseVertices(grid, step) : grid.count();
+}
+
+std::size_t PacedScene::coarseStepFor(ShownSurface& shown) const {
+  if (pacer_.fullIsFast(fullPoints(shown))) return 1;
+  const std::size_t step = coarseStep(*shown.measured().shown(), pacer_.coarsePoints());
+  return std::max({step, scene_.fullStep(shown), std::size_t{2}});
 }
 
 FrameReport PacedScene::drawWhole(const Subject& subject) {
-  const std::size_t points = pointsOf(subject.shown);
-  const bool timed = points > FramePacer::kSmallSurface && !scene_.fullMeshNeeded(subject.shown);
+  const std::size_t points = fullPoints(subject.shown);
+  // Where frames are fast only some are timed: waiting for the end of each would slow them down.
+  constexpr int kUntimed = 15;
+  const bool wanted = !pacer_.fullIsFast(points) || ++untimed_ > kUntimed;
+  const bool timed =
+      points > FramePacer::kSmallSurface && wanted && !scene_.fullMeshNeeded(subject.shown);
   const Stopwatch watch;
   FrameReport report = scene_.draw(subject);
-  if (timed && scene_.fullMeshHasAll()) {
+  if (timed) {
     glFinish();
     pacer_.fullTook(points, watch.milliseconds());
+    untimed_ = 0;
   }
   whole_ = true;
+  motionEnded_ = false;
   coarseTimed_ = 0;
   return report;
 }
@@ -46,7 +57,8 @@ FrameReport PacedScene::drawWhole(const Subject& subject) {
 FrameReport PacedScene::drawCoarse(const Subject& subject, std::size_t step) {
   const bool timed = !scene_.coarseMeshNeeded(subject.shown, step);
   bindTarget(subject.viewport);
-  FrameReport report = scene_.drawCoarse(subject, step, pacer_.fullIsSlow(pointsOf(subject.shown)));
+  FrameReport report =
+      scene_.drawCoarse(subject, step, pacer_.fullIsSlow(fullPoints(subject.shown)));
   if (target_) {
     target_->copyBack();
     target_->unbind();
@@ -56,7 +68,7 @@ FrameReport PacedScene::drawCoarse(const Subject& subject, std::size_t step) {
   const std::uint64_t measurement = subject.shown.measurementRevision();
   const bool opened = std::exchange(drawn_, measurement) != measurement;
   const bool ended = std::exchange(motionEnded_, false);
-  restLeft_ = opened || ended ? 0.0 : kRest;
+  restSeconds_ = opened || ended ? 0.0 : kRest;
   return report;
 }
 
@@ -72,12 +84,10 @@ void PacedScene::bindTarget(const Viewport& viewport) {
 bool PacedScene::showCoarse() {
   if (!target_) return false;
   // The back buffer has what is drawn of the whole frame.
-  glDrawBuffer(GL_FRONT);
+  const GlFrontBuffer front;
   target_->bind();
   target_->copyBack();
   target_->unbind();
-  glFlush();
-  glDrawBuffer(GL_BACK);
   return true;
 }
 
@@ -97,7 +107,8 @@ bool PacedScene::advance(const Subject& subject) {
   if (complete) glFinish();
   if (!building) slicesTook_ += watch.milliseconds();
   if (!complete) return false;
-  if (scene_.fullMeshHasAll()) pacer_.fullTook(pointsOf(subject.shown), slicesTook_);
+  const std::size_t points = fullPoints(subject.shown);
+  if (points > FramePacer::kSmallSurface) pacer_.fullTook(points, slicesTook_);
   whole_ = true;
   return true;
 }

@@ -28,10 +28,11 @@ class PacedScene {
   FrameReport draw(const Subject& subject);
   /// Draws a whole frame in one go.
   FrameReport drawWhole(const Subject& subject);
-  /// Whether the last frame is whole. If not, `begin` must follow after `restLeft` seconds.
+  /// Whether the last frame is whole. If not, `begin` must follow after `restSeconds`.
   [[nodiscard]] bool isWhole() const { return whole_; }
-  [[nodiscard]] double restLeft() const { return restLeft_; }
-  /// Says that the motion has ended, `changed` by one more frame: there is no rest to wait for.
+  [[nodiscard]] double restSeconds() const { return restSeconds_; }
+  /// The motion has ended. If `changed`, the next frame is its last, and the whole frame follows
+  /// without the wait.
   void endMotion(bool changed) { motionEnded_ = changed; }
 
   /// Begins a whole frame, which `advance` draws.
@@ -48,6 +49,8 @@ class PacedScene {
   void wasPresented(double milliseconds);
 
  private:
+  /// The points of a whole frame.
+  [[nodiscard]] std::size_t fullPoints(ShownSurface& shown) const;
   [[nodiscard]] std::size_t coarseStepFor(ShownSurface& shown) const;
   FrameReport drawCoarse(const Subject& subject, std::size_t step);
   void bindTarget(const Viewport& viewport);
@@ -58,7 +61,8 @@ class PacedScene {
   std::optional<PictureTarget> target_;
   bool whole_ = true;
   bool motionEnded_ = false;
-  double restLeft_ = 0.0;
+  double restSeconds_ = 0.0;
+  int untimed_ = 0;              // whole frames since the last timed one
   double slicesTook_ = 0.0;      // milliseconds, for the frame that is drawn in slices
   std::size_t coarseTimed_ = 0;  // points of the coarse frame whose time is wanted
   std::uint64_t drawn_ = 0;      // the last measurement drawn

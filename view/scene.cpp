@@ -50,14 +50,14 @@ bool Scene::fullMeshNeeded(const ShownSurface& shown) const {
   return fullRevision_ != shown.meshRevision();
 }
 
-FrameReport Scene::drawCoarse(const Subject& subject, std::size_t step, bool told) {
+FrameReport Scene::drawCoarse(const Subject& subject, std::size_t step, bool announced) {
   start(subject);
   if (coarseMeshNeeded(subject.shown, step)) {
     surface_.buildCoarse(subject.shown.measured(), subject.shown.drape(), step);
     coarseRevision_ = subject.shown.meshRevision();
   }
   clear(subject.viewport);
-  frame_.told = told;
+  frame_.announced = announced;
   frame_.look.filled = true;  // between so few points there would be gaps
   surface_.beginDrawing(Detail::kCoarse);
   surface_.advanceDrawing(frame_.matrices, frame_.eye, frame_.look,
@@ -185,9 +185,8 @@ void Scene::drawKey(ShownSurface& shown, const KeyColumn& column) {
 /// Which points are shown; empty for all.
 std::string Scene::detailWords(const ShownSurface& shown) const {
   const auto every = [](std::size_t step) { return "shown at every " + ordinal(step) + " point"; };
-  const std::size_t step = surface_.fullStep();
-  if (step > 1 && !fullMeshNeeded(shown)) return every(step);
-  if (frame_.told) return every(surface_.coarseStep()) + " until all are drawn";
+  if (const std::size_t step = fullStep(shown); step > 1) return every(step);
+  if (frame_.announced) return every(surface_.coarseStep()) + " until all are drawn";
   return "";
 }
 

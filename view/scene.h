@@ -63,21 +63,24 @@ class Scene {
   FrameReport draw(const Subject& subject);
 
   /// Draws a frame of every `step`-th point of the surface. All else is drawn as in a whole frame.
-  /// With `told`, the line below the file's name says so.
-  FrameReport drawCoarse(const Subject& subject, std::size_t step, bool told);
+  /// If `announced`, the line below the file's name says "shown at every 3rd point until all are
+  /// drawn".
+  FrameReport drawCoarse(const Subject& subject, std::size_t step, bool announced);
   /// Whether `drawCoarse` must first build the mesh.
   [[nodiscard]] bool coarseMeshNeeded(const ShownSurface& shown, std::size_t step) const;
 
   /// Begins a whole frame that `advance` draws in slices. Between slices only other windows may be
   /// drawn.
   void begin(const Subject& subject);
-  /// Builds the next rows (about 40 ms), or draws on for about `milliseconds`. Returns whether the
+  /// Builds the next rows (about 25 ms), or draws on for about `milliseconds`. Returns whether the
   /// frame is complete. `subject` must be that of `begin`, and what it shows must not have changed.
   bool advance(const Subject& subject, double milliseconds);
   /// Whether a whole frame must first build the mesh, or the one begun still builds it.
   [[nodiscard]] bool fullMeshNeeded(const ShownSurface& shown) const;
-  /// Whether the full mesh has all points of the surface; if not, memory was short.
-  [[nodiscard]] bool fullMeshHasAll() const { return surface_.fullStep() == 1; }
+  /// The full mesh has every n-th point of the surface: 1, unless it is built and memory was short.
+  [[nodiscard]] std::size_t fullStep(const ShownSurface& shown) const {
+    return fullMeshNeeded(shown) ? 1 : surface_.fullStep();
+  }
   /// The outcome of the frame that `advance` completed.
   [[nodiscard]] const FrameReport& report() const { return frame_.report; }
 
@@ -92,9 +95,9 @@ class Scene {
     glm::vec3 eye;
     SurfaceLook look;
     FrameReport report;
-    bool told = false;      // that it is coarse
-    bool building = false;  // the full mesh
-    bool cleared = false;   // the drawing has begun
+    bool announced = false;  // that it is coarse
+    bool building = false;   // the full mesh
+    bool cleared = false;    // the drawing has begun
   };
 
   void start(const Subject& subject);

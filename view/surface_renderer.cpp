@@ -25,11 +25,9 @@ void useBuffer(Attribute attribute, GLuint buffer, std::size_t first = 0, std::s
                         reinterpret_cast<const void*>(first * kVertexBytes));
 }
 
-/// The vertices of a piece of a picture: a few milliseconds of drawing.
-std::size_t pieceSize(GLenum kind) {
-  const std::size_t primitives = std::size_t{1} << (isSoftwareGl() ? 15 : 20);
-  return kind == GL_TRIANGLES ? 3 * primitives : primitives;
-}
+// Of the time of a piece.
+constexpr double kShortPiece = 1.0;  // milliseconds
+constexpr double kLongPiece = 12.0;
 
 void setUniforms(const ShaderProgram& program, const ViewMatrices& matrices, const glm::vec3& eye,
                  bool lit) {
@@ -192,10 +190,13 @@ void SurfaceRenderer::detach() {
 
 void SurfaceRenderer::drawPiece(const Run& run) {
   constexpr GLuint64 kOneSecond = 1'000'000'000;
-  if (const Sync earlier = std::move(drawn_[next_])) {
+  const Stopwatch watch;
+  const Sync earlier = std::move(drawn_[next_]);
+  if (earlier) {
     glClientWaitSync(earlier.get(), GL_SYNC_FLUSH_COMMANDS_BIT, kOneSecond);
   }
-  const std::size_t count = std::min(pieceSize(run.kind), run.count - progress_.first);
+  const std::size_t wanted = run.kind == GL_TRIANGLES ? 3 * inPiece_ : inPiece_;
+  const std::size_t count = std::min(wanted, run.count - progress_.first);
   const auto first = static_cast<GLint>(progress_.first);
   const auto number = static_cast<GLsizei>(count);
   if (run.source == Run::Source::kArrays) {
@@ -215,6 +216,11 @@ void SurfaceRenderer::drawPiece(const Run& run) {
   if (glFenceSync == nullptr) return;
   drawn_[next_] = Sync(glFenceSync(GL_SYNC_GPU_COMMANDS_COMPLETE, 0));
   next_ = (next_ + 1) % drawn_.size();
+  // With two pieces under way, a piece takes as long as the wait for the one before the last.
+  const double took = watch.milliseconds();
+  if (!earlier || count < wanted) return;
+  if (took < kShortPiece) inPiece_ = std::min(2 * inPiece_, kMostInPiece);
+  if (took > kLongPiece) inPiece_ = std::max(inPiece_ / 2, kFewestInPiece);
 }
 
 }  // namespace morvane

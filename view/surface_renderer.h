@@ -37,7 +37,7 @@ class SurfaceRenderer {
   /// Frees the full mesh and begins to build that of `model`. Without the heat map `drape` colours
   /// it. If memory cannot hold it, the finest mesh that fits is built instead.
   void beginFull(const SurfaceModel& model, const BitmapDrape* drape);
-  /// Builds the next rows, for about 40 ms. Returns whether the mesh is complete. The arguments
+  /// Builds the next rows, for about 25 ms. Returns whether the mesh is complete. The arguments
   /// must be those of `beginFull`, unchanged.
   bool advanceFull(const SurfaceModel& model, const BitmapDrape* drape);
   /// The full mesh has every n-th point of the surface: 1 unless memory was short.
@@ -60,6 +60,11 @@ class SurfaceRenderer {
                       double milliseconds);
 
  private:
+  // Triangles or points of a piece of a picture. A piece should take a few milliseconds: short
+  // enough to stop after it, and long enough that the number of pieces costs nothing.
+  static constexpr std::size_t kFewestInPiece = std::size_t{1} << 15;
+  static constexpr std::size_t kMostInPiece = std::size_t{1} << 20;
+
   struct SyncDeleter {
     void operator()(GLsync sync) const { glDeleteSync(sync); }
   };
@@ -107,6 +112,7 @@ class SurfaceRenderer {
   // would be nearly as large as its buffers. So at most this many pieces are in the queue.
   std::array<Sync, 2> drawn_;
   std::size_t next_ = 0;
+  std::size_t inPiece_ = kFewestInPiece;
 };
 
 }  // namespace morvane

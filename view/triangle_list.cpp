@@ -6,12 +6,15 @@
 
 #include "base/memory_advice.h"
 #include "view/gl_driver.h"
+#include "view/stopwatch.h"
 
 namespace morvane {
 namespace {
 
-// Building a million cells takes about 80 ms on two cores, half of it for clearing the pages.
-constexpr std::size_t kCellsAtOnce = std::size_t{1} << 19;
+// How long building the rows of one call may take, in milliseconds. The first call builds so many
+// cells.
+constexpr double kSlice = 25.0;
+constexpr double kFirstCells = 1 << 17;
 
 }  // namespace
 
@@ -22,6 +25,7 @@ void TriangleList::generate() {
 void TriangleList::empty() {
   for (VertexBuffer* buffer : {&positions_, &colours_, &normals_}) buffer->empty();
   columns_ = rows_ = nextRow_ = rowsToBuild_ = 0;
+  cellsAtOnce_ = kFirstCells;
 }
 
 std::string TriangleList::begin(const SurfaceModel& model) {
@@ -45,7 +49,9 @@ std::string TriangleList::begin(const SurfaceModel& model) {
 std::string TriangleList::advance(const SurfaceModel& model, const BitmapDrape* drape) {
   if (!unfinished()) return {};
   const std::size_t columns = model.shown()->width() - 1;
-  const std::size_t end = nextRow_ + std::max<std::size_t>(kCellsAtOnce / columns, 1);
+  const auto rows = static_cast<std::size_t>(cellsAtOnce_ / static_cast<double>(columns));
+  const std::size_t end = nextRow_ + std::max<std::size_t>(rows, 1);
+  const Stopwatch watch;
   try {
     model.build({positions_.floats(), normals_.floats(), colours_.floats(), {}}, drape,
                 {nextRow_, end});
@@ -53,6 +59,7 @@ std::string TriangleList::advance(const SurfaceModel& model, const BitmapDrape* 
     return "the memory cannot hold what its rows need";
   }
   nextRow_ = std::min(end, rowsToBuild_);
+  cellsAtOnce_ *= std::clamp(kSlice / std::max(watch.milliseconds(), 1.0), 0.5, 2.0);
   return unfinished() ? std::string() : close(model);
 }
 

@@ -36,11 +36,8 @@ TEST(FramePacer, FindsTheNumberOfPointsWhoseFrameIsNeitherSlowNorNeedlesslyCoars
     FramePacer pacer;
     const double frame = pacedFrame(pacer, each);
     EXPECT_GE(frame, 18.0) << each;
-    EXPECT_LE(frame, 29.0) << each;
+    EXPECT_LE(frame, 28.01) << each;
   }
-  FramePacer fast;
-  pacedFrame(fast, 0.0);
-  EXPECT_LE(fast.coarsePoints() * 60, 16 * kMillion) << "bytes of the coarse mesh";
 }
 
 }  // namespace

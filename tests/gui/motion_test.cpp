@@ -46,8 +46,19 @@ TEST_F(Motion, WhileALargeSurfaceIsDrawnEventsAreAnswered) {
     const auto told = program_->lines(Stream::kErrors);
     return std::count(told.begin(), told.end(), "frame: coarse");
   };
-  program_->press(control::kReset);
-  EXPECT_TRUE(eventually([this] { return !program_->wholeFrameShown(); }));
+  const auto restart = [&](const Area& control) {
+    const auto before = coarseFrames();
+    program_->press(control);
+    EXPECT_TRUE(eventually([&] { return coarseFrames() > before; }));
+    EXPECT_FALSE(program_->wholeFrameShown());
+  };
+  restart(control::kReset);
+  restart(control::kPlus);
+  const auto framesBeforeDrag = coarseFrames();
+  window().drag(kCentre, {kCentre.x - 50, kCentre.y});
+  EXPECT_TRUE(eventually([&] { return coarseFrames() > framesBeforeDrag; }));
+  restart(control::kReset);
+
   window().hold(kCentre, kCentre, {});
   program_->awaitLine("Entered");
   const auto framesBefore = coarseFrames();
@@ -58,12 +69,17 @@ TEST_F(Motion, WhileALargeSurfaceIsDrawnEventsAreAnswered) {
   });
   EXPECT_FALSE(program_->wholeFrameShown());
   window().key({"Escape"});
+  const Area hidden{155, 28, 100, 40};
   window().awaitPicture("what the menu hid", [&](const Image& p) {
-    return program_->wholeFrameShown() ||
-           p.part({155, 28, 100, 40}) == coarse.part({155, 28, 100, 40});
+    return program_->wholeFrameShown() || p.part(hidden) == coarse.part(hidden);
   });
   await("the whole picture", [this](const Image& p) { return sameAsAtStart(p, kView); });
   EXPECT_EQ(coarseFrames(), framesBefore) << "the menu made it begin again";
+
+  restart(control::kReset);
+  program_->press(control::kReport);
+  program_->answerChooser("", "Save report");
+  EXPECT_TRUE(program_->wholeFrameShown()) << "the report's picture is that of all points";
 }
 
 }  // namespace
