@@ -197,10 +197,10 @@ uniform float Shininess;
 uniform float lowest;
 uniform float perUnit;
 
-out vec3 pointColour;
-out float part;
-out float frontLight;
-out float backLight;
+centroid out vec3 pointColour;
+centroid out float part;
+centroid out float frontLight;
+centroid out float backLight;
 
 void main() {
   vec3 place = (M * vec4(vertexPosition, 1.0)).xyz;
@@ -223,9 +223,9 @@ void main() {
 const ShaderSource kCoarseShader = {"CoarseVS", "CoarseFS", kCoarseVertex, R"(#version 300 es
 precision highp float;
 
-in vec3 pointColour;
-in float frontLight;
-in float backLight;
+centroid in vec3 pointColour;
+centroid in float frontLight;
+centroid in float backLight;
 
 out vec4 outColor;
 
@@ -236,9 +236,9 @@ const ShaderSource kCoarseHeightShader = {"CoarseVS", "CoarseHeightFS", kCoarseV
                                           R"(#version 300 es
 precision highp float;
 
-in float part;
-in float frontLight;
-in float backLight;
+centroid in float part;
+centroid in float frontLight;
+centroid in float backLight;
 
 uniform sampler2D colours;
 
