@@ -17,15 +17,21 @@
 #include "export/picture_file.h"
 #include "export/section_table.h"
 #include "filter/filter_hint.h"
+#include "geometry/drawn_surface.h"
 #include "resfile/res_file.h"
 
 namespace morvane {
 namespace {
 
-Camera cameraOf(const BatchOptions& options) {
+// Pixels. File managers show such pictures. They are drawn fast, and have little room for texts.
+constexpr int kSmallPicture = 512 * 512;
+
+/// The camera for a picture with a view of `height` pixels.
+Camera cameraOf(const BatchOptions& options, ShownSurface& shown, int height) {
   Camera camera;
   const glm::quat turn = glm::quat(glm::radians(options.turn));
   camera.rotation = turn * rotationOf(options.view);
+  if (options.fit) fit(camera, drawnHeights(shown), options.size.width, height, options.key);
   camera.distance /= options.zoom;
   camera.eye.z = camera.distance;
   panByPixels(camera, options.pan);
@@ -211,8 +217,11 @@ std::string FileJobs::drawPicture(Shown& shown, RgbImage& picture) {
   }
   PictureSettings settings;
   settings.size = options_.size;
-  if (shown.tools.profileMode()) settings.plotHeight = plotHeightIn(settings.size.height);
-  settings.camera = cameraOf(options_);
+  const auto [width, height] = settings.size;
+  if (shown.tools.profileMode()) settings.plotHeight = plotHeightIn(height);
+  settings.camera = cameraOf(options_, shown.surface, height - settings.plotHeight);
+  settings.mayLackDetail = width * height <= kSmallPicture;
+  settings.options.onlyTextsThatFit = settings.mayLackDetail;
   settings.options.keyVisible = options_.key;
   settings.options.axesVisible = options_.axes;
   return painter_.draw(shown.surface, shown.tools, settings, picture);

@@ -112,8 +112,11 @@ std::string takeScale(BatchOptions& options, const Typed& typed) {
   return *options.scale > 0.0F ? "" : kNotAboveZero;
 }
 
-std::string takeZoom(BatchOptions& options, const Typed& typed) {
-  options.zoom = static_cast<float>(typed.numbers[0]);
+std::string takeZoom(BatchOptions& options, const std::string& text) {
+  options.fit = text == "fit";
+  const auto numbers = options.fit ? std::vector{1.0} : numbersOf(text, 1);
+  if (!numbers) return "a finite number is needed, or fit";
+  options.zoom = static_cast<float>(numbers->front());
   return options.zoom > 0.0F ? "" : kNotAboveZero;
 }
 
@@ -203,7 +206,7 @@ const ValueOption kValueOptions[] = {
     {kPictureGroup, "--view", "top|front|side|iso", "from where it is seen", takeView},
     {kPictureGroup, "--turn", "X,Y,Z", "turn about the picture's axes, degrees",
      takeNumbers<3, takeTurn>},
-    {kPictureGroup, "--zoom", "X", "magnification", takeNumbers<1, takeZoom>},
+    {kPictureGroup, "--zoom", "X", "magnification, or fit for the whole picture", takeZoom},
     {kPictureGroup, "--pan", "X,Y", "shift, pixels", takeNumbers<2, takePan>},
     {kPictureGroup, "--size", "WxH", "in pixels (1125x775)", takeSize},
 };

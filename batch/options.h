@@ -36,6 +36,7 @@ struct BatchOptions {
   std::optional<float> scale;
   ViewDirection view = ViewDirection::kTop;
   glm::vec3 turn{0.0F};  ///< degrees about the picture's x, y and z axes, after `view`
+  bool fit = false;      ///< the surface just fits into the picture
   float zoom = 1.0F;
   glm::vec2 pan{0.0F};  ///< pixels, y down
   const ColourMap* colours = &standardColours();

@@ -6,6 +6,7 @@
 #include <functional>
 
 #include "base/memory_advice.h"
+#include "geometry/drawn_surface.h"
 #include "geometry/profile_tool.h"
 #include "view/gl_state.h"
 #include "view/picture_target.h"
@@ -53,10 +54,14 @@ std::string ScenePainter::draw(ShownSurface& shown, Tools& tools, const PictureS
                        .height = settings.size.height - settings.plotHeight};
   viewport.pixelWidth = width;
   viewport.pixelHeight = viewport.height * settings.factor;
+  const std::size_t step = settings.mayLackDetail
+                               ? stepForPixels(shown, settings.camera, width, viewport.pixelHeight)
+                               : 1;
   const std::string trouble = drawStrips(picture, 0, viewport.pixelHeight, [&](int firstRow) {
     viewport.firstRow = firstRow;
+    const Subject subject = {shown, tools, settings.camera, settings.options, viewport};
     const FrameReport report =
-        scene_.draw({shown, tools, settings.camera, settings.options, viewport});
+        step > 1 ? scene_.drawCoarse(subject, step, false) : scene_.draw(subject);
     return report.trouble.empty() ? report.notShown : report.trouble;
   });
   if (!trouble.empty() || settings.plotHeight == 0) return trouble;
@@ -77,7 +82,7 @@ std::string ScenePainter::drawPlot(ShownSurface& shown, Tools& tools,
     glViewport(0, -firstRow, picture.width, height);
     glEnable(GL_MULTISAMPLE);
     plot_.draw(tools.profile(), settings.size.width, settings.plotHeight,
-               static_cast<float>(settings.factor));
+               static_cast<float>(settings.factor), settings.options.onlyTextsThatFit);
     return std::string();
   });
 }

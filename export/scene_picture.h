@@ -15,6 +15,7 @@ struct PictureSettings {
   int plotHeight = 0;  ///< of the plot of the section at the lower edge; 0 without one
   int factor = 1;      ///< pixels for each pixel of such a window
   Camera camera;
+  bool mayLackDetail = false;  ///< fewer points are drawn where there is one for each pixel
   SceneOptions options;
 };
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <glm/common.hpp>
 #include <glm/geometric.hpp>
 #include <glm/vec2.hpp>
 #include <optional>
@@ -88,6 +89,22 @@ class FreePlaces {
     }
   }
 
+  /// Empties the labels that overlap an earlier one or reach out of the window.
+  void dropUnfit(Labels& labels) {
+    const auto inside = [this](const glm::vec2& corner) {
+      return corner.x >= 0.0F && corner.x <= static_cast<float>(width_) && corner.y >= 0.0F &&
+             corner.y <= static_cast<float>(height_);
+    };
+    for (AxisLabel& label : labels) {
+      const auto quad = quadOf(label);
+      if (quad && std::ranges::all_of(*quad, inside) && isFree(core(*quad))) {
+        addObstacle(quad);
+      } else {
+        label.text.clear();
+      }
+    }
+  }
+
  private:
   /// The screen position of a point, in pixels; none when it is beside or behind the eye.
   [[nodiscard]] std::optional<glm::vec2> onScreen(const glm::vec3& point) const {
@@ -111,11 +128,21 @@ class FreePlaces {
     if (quad) obstacles_.push_back(*quad);
   }
 
+  [[nodiscard]] bool isFree(const ScreenQuad& quad) const {
+    return std::ranges::none_of(
+        obstacles_, [&](const ScreenQuad& obstacle) { return overlap(quad, obstacle); });
+  }
+
   [[nodiscard]] bool free(const AxisLabel& label) const {
     const auto quad = quadOf(label);
-    return !quad || std::ranges::none_of(obstacles_, [&](const ScreenQuad& obstacle) {
-      return overlap(*quad, obstacle);
-    });
+    return !quad || isFree(*quad);
+  }
+
+  /// A label's box without most of its rim: the boxes of two heights touch.
+  static ScreenQuad core(ScreenQuad quad) {
+    const glm::vec2 middle = (quad[0] + quad[1] + quad[2] + quad[3]) / 4.0F;
+    for (glm::vec2& corner : quad) corner = glm::mix(middle, corner, 0.9F);
+    return quad;
   }
 
   /// Whether the ends of the Z axis are too close on the screen to show which height is the top
@@ -202,7 +229,7 @@ std::array<glm::vec3, 4> cornersOf(const AxisLabel& label, const TextWidth& text
 
 std::array<AxisLabel, 7> axisLabels(const AxesRange& range, const glm::mat4& toClip, int width,
                                     int height, const TextWidth& textWidth,
-                                    std::vector<ScreenQuad> taken) {
+                                    std::vector<ScreenQuad> taken, bool onlyFitting) {
   const ResHeader& header = *range.header;
   const float x = static_cast<float>(header.width) / kPointsPerUnit;
   const float y = static_cast<float>(header.height) / kPointsPerUnit;
@@ -226,7 +253,10 @@ std::array<AxisLabel, 7> axisLabels(const AxesRange& range, const glm::mat4& toC
       heightLabel(range.bottom, lines.bottom.z),
       heightLabel(range.top, lines.top.z),
   }};
-  FreePlaces(toClip, width, height, textWidth, std::move(taken)).place(labels, lines);
+  FreePlaces(toClip, width, height, textWidth, taken).place(labels, lines);
+  if (onlyFitting) {
+    FreePlaces(toClip, width, height, textWidth, std::move(taken)).dropUnfit(labels);
+  }
   return labels;
 }
 

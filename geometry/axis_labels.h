@@ -49,10 +49,11 @@ struct AxisLabel {
 /// screen is moved by a few lines. The heights are placed at the ends of the Z axis. A height that
 /// would overlap another label or a line on the screen is moved in its plane. Seen from above, both
 /// ends are nearly the same point; then the top height is placed directly above the bottom height
-/// on the screen.
+/// on the screen. With `onlyFitting`, labels that still overlap something or reach out of the
+/// window are empty.
 std::array<AxisLabel, 7> axisLabels(const AxesRange& range, const glm::mat4& toClip, int width,
                                     int height, const TextWidth& textWidth,
-                                    std::vector<ScreenQuad> taken = {});
+                                    std::vector<ScreenQuad> taken = {}, bool onlyFitting = false);
 
 /// The corners of a label's box including its rim, in pin space, counter-clockwise from the lower
 /// left.

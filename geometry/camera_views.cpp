@@ -10,12 +10,13 @@
 namespace morvane {
 namespace {
 
-// The edges of the room for a surface in device coordinates. The colour key and its numbers are to
-// the right of it, the file's name above.
-constexpr float kLeft = -0.94F;
-constexpr float kRight = 0.68F;
-constexpr float kBottom = -0.92F;
-constexpr float kTop = 0.86F;
+/// The edges of the room for a surface in device coordinates.
+struct Room {
+  float left, right, bottom, top;
+};
+constexpr Room kWholeRoom = {-0.94F, 0.94F, -0.94F, 0.94F};
+// The colour key and its numbers are to the right of it, the file's name above.
+constexpr Room kRoomBesideKey = {-0.94F, 0.68F, -0.92F, 0.86F};
 
 /// One axis of the picture: the largest of x + `high` · z and of `low` · z − x, where `low` and
 /// `high` are the room per unit of distance on the two sides.
@@ -75,12 +76,13 @@ glm::quat rotationOf(ViewDirection direction) {
   return turned(0.0F, 0.0F);
 }
 
-void fit(Camera& camera, const DrawnHeights& heights, int width, int height) {
+void fit(Camera& camera, const DrawnHeights& heights, int width, int height, bool roomForKey) {
+  const Room& room = roomForKey ? kRoomBesideKey : kWholeRoom;
   const float up = std::tan(glm::radians(kFieldOfView) / 2.0F);
   const float across =
       up * static_cast<float>(std::max(width, 1)) / static_cast<float>(std::max(height, 1));
-  Reach x{-kLeft * across, kRight * across};
-  Reach y{-kBottom * up, kTop * up};
+  Reach x{-room.left * across, room.right * across};
+  Reach y{-room.bottom * up, room.top * up};
   float nearest = 0.0F;
   forEachPoint(heights, [&, turn = glm::mat3_cast(camera.rotation)](const glm::vec3& point) {
     const glm::vec3 turned = turn * point;

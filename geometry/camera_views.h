@@ -15,9 +15,10 @@ enum class ViewDirection { kTop, kFront, kSide, kIsometric };
 glm::quat rotationOf(ViewDirection direction);
 
 /// Zooms and pans so that the surface, rotated as `camera` is, is as large as possible in a picture
-/// of `width` × `height`. The right of the picture is left free for the colour key. No point comes
-/// nearer to the eye than what is drawn.
-void fit(Camera& camera, const DrawnHeights& heights, int width, int height);
+/// of `width` × `height`. With `roomForKey`, room is left for the colour key and the file's name.
+/// No point comes nearer to the eye than what is drawn.
+void fit(Camera& camera, const DrawnHeights& heights, int width, int height,
+         bool roomForKey = true);
 
 /// What takes back the last change of a camera.
 class CameraUndo {

@@ -20,4 +20,8 @@ AxesRange axesRange(ShownSurface& shown);
 /// The matrices for `camera` and a picture of `width` × `height`.
 ViewMatrices currentMatrices(ShownSurface& shown, const Camera& camera, int width, int height);
 
+/// The largest step of a coarse mesh that has a point for each pixel of a picture of `width` ×
+/// `height` pixels. So the picture can hardly be told from that of all points.
+std::size_t stepForPixels(ShownSurface& shown, const Camera& camera, int width, int height);
+
 }  // namespace morvane

@@ -31,9 +31,17 @@ struct KeyColumn {
 /// units of the text space, in which glyphs are wider in narrow windows.
 KeyColumn keyColumn(const HeatMapScale& scale, const TextWidth& textWidth);
 
+/// The area of a text of glyphs that are `em` high. Its baseline starts at `start`; that, `length`
+/// and `em` are in units of the text space, the area is in pixels of a view of `width` × `height`.
+ScreenQuad textQuad(const glm::vec2& start, float length, float em, int width, int height);
+
 /// The area of the key and its numbers in a view of `width` × `height` pixels. Glyphs at a scale of
 /// 1 are `textHeight` units of the text space high.
 std::vector<ScreenQuad> keyArea(const KeyColumn& column, const TextWidth& textWidth,
                                 float textHeight, int width, int height);
+
+/// Whether the numbers of a key with this area, that of `keyArea`, are apart and within the right
+/// third of a picture of `width` × `height` pixels.
+bool keyFits(const std::vector<ScreenQuad>& area, int width, int height);
 
 }  // namespace morvane

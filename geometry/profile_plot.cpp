@@ -9,11 +9,13 @@
 #include <utility>
 
 #include "base/number_text.h"
+#include "geometry/screen_quad.h"
 #include "geometry/surface_line.h"
 
 namespace morvane {
 namespace {
 
+constexpr float kGlyphPixels = 48.0F;  // the height of glyphs at a scale of 1
 constexpr float kNumberScale = 0.25F;
 constexpr float kNumberGap = 8.0F;   // pixels between neighbouring numbers
 constexpr float kNumberDrop = 4.0F;  // pixels from a level down to the baseline of its number
@@ -99,6 +101,7 @@ class Layout {
     }
     if (!data_.section.samples.empty()) addDistances();
     addLines();
+    if (data_.onlyTextsThatFit) dropUnfit();
     return std::move(plot_);
   }
 
@@ -226,6 +229,27 @@ class Layout {
     plot_.texts.push_back({extremes, {kLineMargin, kLineBase}, scale});
     plot_.texts.push_back(
         {distance, {width_ - kLineMargin - distanceWidth * fits, kLineBase}, scale});
+  }
+
+  /// The lines below the plot, which are the last texts, are kept rather than numbers.
+  void dropUnfit() {
+    constexpr float kLeast = 0.2F;  // the scale of texts that can be read
+    std::vector<ScreenQuad> taken;
+    std::erase_if(plot_.texts, [](const PlotText& text) { return text.scale < kLeast; });
+    for (std::size_t i = plot_.texts.size(); i-- > 0;) {
+      const auto& [text, place, scale] = plot_.texts[i];
+      const float em = kGlyphPixels * scale;
+      const glm::vec2 low = place - glm::vec2(0.0F, 0.2F * em);
+      const glm::vec2 high = place + glm::vec2(textWidth_(text, scale), 0.7F * em);
+      const ScreenQuad box = {low, {high.x, low.y}, high, {low.x, high.y}};
+      const bool inside = low.x >= 0.0F && low.y >= 0.0F && high.x <= width_ && high.y <= height_;
+      const auto overlaps = [&](const ScreenQuad& other) { return overlap(box, other); };
+      if (inside && std::ranges::none_of(taken, overlaps)) {
+        taken.push_back(box);
+      } else {
+        plot_.texts.erase(plot_.texts.begin() + static_cast<std::ptrdiff_t>(i));
+      }
+    }
   }
 
   const PlotData& data_;

@@ -18,6 +18,8 @@ struct PlotData {
   float limitHigh = 0.0F;  ///< heat-map limits; they scale the plot of a flat line
   float limitLow = 0.0F;
   float pixelRatio = 1.0F;  ///< pixels of the picture for each of the window
+  /// Leaves texts out that would lie on others, reach out of the picture or be too small to read.
+  bool onlyTextsThatFit = false;
 };
 
 /// A text of the plot, at a size of 48 pixels times `scale`.

@@ -60,13 +60,13 @@ void Axes::draw(const ViewMatrices& matrices, const AxesRange& range) const {
 }
 
 void Axes::drawLabels(const ViewMatrices& matrices, const AxesRange& range, int width, int height,
-                      std::vector<ScreenQuad> taken, TextRenderer& text) {
+                      std::vector<ScreenQuad> taken, bool onlyFitting, TextRenderer& text) {
   const glm::mat4 toClip = matrices.projection * matrices.view * matrices.overlay;
   const TextWidth textWidth = [&text](std::string_view label, float scale) {
     return text.width(label, scale);
   };
   for (const AxisLabel& label :
-       axisLabels(range, toClip, width, height, textWidth, std::move(taken))) {
+       axisLabels(range, toClip, width, height, textWidth, std::move(taken), onlyFitting)) {
     const glm::mat4 plane =
         glm::scale(glm::translate(toClip, label.place), glm::vec3(kTextToModel));
     text.drawInSpace(label.text, plane, label.scale, kLabelColour);

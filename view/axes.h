@@ -18,9 +18,10 @@ class Axes {
   /// Draws the lines beside the surface.
   void draw(const ViewMatrices& matrices, const AxesRange& range) const;
   /// Draws names, lengths and heights in a window of `width` × `height` pixels. They avoid the
-  /// `taken` area.
+  /// `taken` area. With `onlyFitting`, those that cannot are left out.
   static void drawLabels(const ViewMatrices& matrices, const AxesRange& range, int width,
-                         int height, std::vector<ScreenQuad> taken, TextRenderer& text);
+                         int height, std::vector<ScreenQuad> taken, bool onlyFitting,
+                         TextRenderer& text);
 
  private:
   ShaderProgram program_;

@@ -64,13 +64,15 @@ void PlotRenderer::enterContext() {
   glVertexAttribPointer(0, 2, GL_FLOAT, GL_FALSE, 0, nullptr);
 }
 
-void PlotRenderer::draw(ProfileTool& tool, int width, int height, float pixelRatio) {
+void PlotRenderer::draw(ProfileTool& tool, int width, int height, float pixelRatio,
+                        bool onlyTextsThatFit) {
   text_.setSpace(static_cast<float>(width), static_cast<float>(height), pixelRatio);
   const ProfileSurface& surface = tool.surface();
   const double pixelSize =
       pixelSizeAlong(placesOf(tool.pins()), surface.pixelSizeX, surface.pixelSizeY);
   const PlotData data{tool.section(),    surface.crop,     static_cast<float>(pixelSize),
-                      surface.limitHigh, surface.limitLow, pixelRatio};
+                      surface.limitHigh, surface.limitLow, pixelRatio,
+                      onlyTextsThatFit};
   const ProfilePlot plotted = layOutProfile(
       data, width, height,
       [this](std::string_view text, float scale) { return text_.width(text, scale); });

@@ -22,8 +22,9 @@ class PlotRenderer {
   void enterContext();
 
   /// Draws the section of `tool` on a white background of `width` × `height` units, each of which
-  /// is `pixelRatio` pixels wide.
-  void draw(ProfileTool& tool, int width, int height, float pixelRatio = 1.0F);
+  /// is `pixelRatio` pixels wide. With `onlyTextsThatFit` the other texts are left out.
+  void draw(ProfileTool& tool, int width, int height, float pixelRatio = 1.0F,
+            bool onlyTextsThatFit = false);
   /// Draws the empty background.
   static void drawNothing();
 

@@ -6,6 +6,7 @@
 
 #include "base/debug_log.h"
 #include "base/paths.h"
+#include "geometry/corner_texts.h"
 #include "geometry/drawn_surface.h"
 #include "view/gl_driver.h"
 #include "view/gl_state.h"
@@ -14,6 +15,7 @@ namespace morvane {
 namespace {
 
 constexpr glm::vec3 kTextColour{0.0F, 0.0F, 0.0F};
+constexpr glm::vec3 kQuietColour{0.06F, 0.06F, 0.06F};
 constexpr glm::vec3 kSky{0.65F, 0.86F, 1.0F};
 
 constexpr const char* kLogFile = "GLWindow.log";
@@ -149,28 +151,47 @@ void Scene::drawRest(const Subject& subject) {
   }
   frame_.watch.print("Drawing Time for HM Key: ");
   tools.draw(shown, matrices);
-  // Drawn after the tools, so that pins do not hide numbers or the key.
-  const auto [width, height] = std::pair{viewport.width, viewport.height};
-  text_.setPixels(width, height, viewport.pixelRatio());
-  const TextWidth textWidth = [this](std::string_view text, float scale) {
-    return text_.widthInSpace(text, scale);
-  };
-  const HeatMapScale scale = shown.measured().colourScale();
-  const KeyColumn column = keyColumn(scale, textWidth);
-  if (options.axesVisible) {
-    std::vector<ScreenQuad> taken;
-    if (keyShown) taken = keyArea(column, textWidth, text_.heightInSpace(), width, height);
-    Axes::drawLabels(matrices, axesRange(shown), width, height, std::move(taken), text_);
-  }
-  if (keyShown) drawKey(shown, column);
-  drawAlterations(shown);
+  drawTexts(subject);
   // The frame that built the mesh may have been abandoned.
   frame_.report.meshBuilt = std::exchange(meshBuilt_, false);
   if (frame_.report.meshBuilt) frame_.report.notShown = surface_.trouble();
   checkGl("surface");
 }
 
-void Scene::drawKey(ShownSurface& shown, const KeyColumn& column) {
+/// Draws the key and all texts. They are drawn after the tools, so that pins do not hide them.
+void Scene::drawTexts(const Subject& subject) {
+  auto& [shown, tools, camera, options, viewport] = subject;
+  const auto [width, height] = std::pair{viewport.width, viewport.height};
+  text_.setPixels(width, height, viewport.pixelRatio());
+  const TextWidth textWidth = [this](std::string_view text, float scale) {
+    return text_.widthInSpace(text, scale);
+  };
+  const float textHeight = text_.heightInSpace();
+  const HeatMapScale scale = shown.measured().colourScale();
+  const bool keyWanted = options.keyVisible && shown.measured().heatMap;
+  const KeyColumn column = keyColumn(scale, textWidth);
+  std::vector<ScreenQuad> taken;
+  if (keyWanted) taken = keyArea(column, textWidth, textHeight, width, height);
+  const bool keyShown = keyWanted && (!options.onlyTextsThatFit || keyFits(taken, width, height));
+  if (!keyShown) taken.clear();
+  const std::vector<CornerText> corner =
+      cornerTexts(keyWanted ? fileNameOf(shown.measurement().path) : "", alterationWords(shown),
+                  textWidth, textHeight, options.onlyTextsThatFit);
+  if (options.onlyTextsThatFit) {
+    const auto area = cornerArea(corner, textWidth, textHeight, width, height);
+    taken.insert(taken.end(), area.begin(), area.end());
+  }
+  if (options.axesVisible) {
+    Axes::drawLabels(frame_.matrices, axesRange(shown), width, height, std::move(taken),
+                     options.onlyTextsThatFit, text_);
+  }
+  if (keyShown) drawKey(column);
+  for (const auto& [text, y, size, quiet] : corner) {
+    text_.draw(text, kCornerLeft, y, size, quiet ? kQuietColour : kTextColour);
+  }
+}
+
+void Scene::drawKey(const KeyColumn& column) {
   {
     // The key is in front of the surface at any zoom.
     const GlSwitch noDepth(GL_DEPTH_TEST, false);
@@ -179,7 +200,6 @@ void Scene::drawKey(ShownSurface& shown, const KeyColumn& column) {
   for (const KeyNumber& number : column.numbers) {
     text_.draw(number.text, number.x, number.y, column.scale, kTextColour);
   }
-  text_.draw(fileNameOf(shown.measurement().path), 20.0F, 750.0F, 0.3F, kTextColour);
 }
 
 /// Which points are shown; empty for all.
@@ -190,18 +210,12 @@ std::string Scene::detailWords(const ShownSurface& shown) const {
   return "";
 }
 
-void Scene::drawAlterations(ShownSurface& shown) {
+/// How the picture differs from the measurement; empty when it does not.
+std::string Scene::alterationWords(ShownSurface& shown) const {
   std::string words = shown.alterations();
   const std::string detail = detailWords(shown);
   if (!words.empty() && !detail.empty()) words += " · ";
-  words += detail;
-  if (words.empty()) return;
-  constexpr float kLeft = 20.0F;
-  constexpr float kScale = 0.3F;
-  constexpr glm::vec3 kQuiet{0.06F, 0.06F, 0.06F};
-  const float room = kTextSpaceWidth - 2 * kLeft;
-  const float scale = kScale * std::min(1.0F, room / text_.widthInSpace(words, kScale));
-  text_.draw(words, kLeft, 730.0F, scale, kQuiet);
+  return words + detail;
 }
 
 }  // namespace morvane

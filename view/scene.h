@@ -21,6 +21,9 @@ struct SceneOptions {
   bool keyVisible = true;      ///< the colour key, shown under the heat map only
   bool filledPolygons = true;  ///< the surface as triangles; else as points
   bool lightingOn = true;      ///< shaded colours; else raw ones
+  /// Leaves texts out that lie on others or reach out of the picture, and the key if it takes too
+  /// much of it.
+  bool onlyTextsThatFit = false;
 };
 
 /// The size of the picture, or of the one that a strip of rows belongs to.
@@ -105,9 +108,10 @@ class Scene {
   void endBuilding(const Subject& subject);
   void clear(const Viewport& viewport);
   void drawRest(const Subject& subject);
-  void drawKey(ShownSurface& shown, const KeyColumn& column);
+  void drawTexts(const Subject& subject);
+  void drawKey(const KeyColumn& column);
   [[nodiscard]] std::string detailWords(const ShownSurface& shown) const;
-  void drawAlterations(ShownSurface& shown);
+  [[nodiscard]] std::string alterationWords(ShownSurface& shown) const;
 
   std::string fontPath_;
   SurfaceRenderer surface_;

@@ -8,6 +8,7 @@
 
 #include "geometry/axis_labels.h"
 #include "geometry/camera.h"
+#include "geometry/corner_texts.h"
 #include "geometry/key_column.h"
 
 namespace morvane {
@@ -56,16 +57,15 @@ class AxisLabels : public testing::Test {
     const float zScale = relief / 10.0F / kHeightToModel;
     Camera camera;
     camera.rotation = glm::angleAxis(glm::radians(degrees), glm::vec3(1.0F, 0.0F, 0.0F));
-    constexpr int kHeight = 775;
     const ViewMatrices matrices =
-        viewMatrices(camera, width, kHeight, header.width, header.height, zScale);
+        viewMatrices(camera, width, viewHeight, header.width, header.height, zScale);
     const glm::mat4 all = matrices.projection * matrices.view * matrices.overlay;
     const AxesRange range{&header, -5.0F, 5.0F, heightToModel(zScale)};
-    labels = axisLabels(range, all, width, kHeight, monospaced, taken);
+    labels = axisLabels(range, all, width, viewHeight, monospaced, taken, onlyFitting);
     const auto shapeOf = [&](const auto& corners) {
       Shape shape;
       for (const glm::vec3& corner : corners) {
-        shape.emplace_back(project(all, width, kHeight, corner));
+        shape.emplace_back(project(all, width, viewHeight, corner));
       }
       return shape;
     };
@@ -85,6 +85,8 @@ class AxisLabels : public testing::Test {
     }
   }
 
+  int viewHeight = 775;
+  bool onlyFitting = false;
   std::vector<ScreenQuad> taken;
   std::array<AxisLabel, 7> labels;
   std::vector<Shape> shapes;  // of the labels, then of the lines along x and y
@@ -134,6 +136,41 @@ TEST_F(AxisLabels, LengthsKeepClearOfTheKey) {
   }
 }
 
+TEST_F(AxisLabels, OfSmallPicturesDoNotOverlapOrReachOut) {
+  onlyFitting = true;
+  std::ptrdiff_t missing = 0;
+  for (const int side : {48, 100, 200, 400}) {
+    viewHeight = side;
+    for (const float degrees : {0.0F, -60.0F}) {
+      show(1000, 1000, 0.3F, degrees, side);
+      for (std::size_t i = 0; i < labels.size(); ++i) {
+        if (labels[i].text.empty()) continue;
+        for (const glm::vec2& corner : shapes[i]) {
+          EXPECT_EQ(glm::clamp(corner, 0.0F, static_cast<float>(side)), corner) << labels[i].text;
+        }
+        // The boxes of the heights touch.
+        for (std::size_t j = 0; j < i && i != kTop; ++j) {
+          EXPECT_TRUE(labels[j].text.empty() || !meet(shapes[i], shapes[j])) << labels[i].text;
+        }
+      }
+    }
+    missing = std::ranges::count(labels, "", &AxisLabel::text);
+    EXPECT_EQ(missing > 0, side < 400) << side;
+  }
+}
+
+TEST(CornerTexts, StayApartInLowPicturesAndAreLeftOutIfTooLong) {
+  for (const float textHeight : {48.0F, 300.0F}) {  // of a usual view and of one 75 pixels high
+    const auto texts = cornerTexts("name", "words", monospaced, textHeight, false);
+    const auto area = cornerArea(texts, monospaced, textHeight, 1130, 775);
+    EXPECT_FALSE(overlap(area[0], area[1]));
+    EXPECT_GE(area[0][2].y, 0.0F) << "the top of the view";
+  }
+  const std::string longText(200, 'x');
+  EXPECT_EQ(cornerTexts(longText, longText, monospaced, 48.0F, false).size(), 2);
+  EXPECT_TRUE(cornerTexts(longText, longText, monospaced, 48.0F, true).empty());
+}
+
 TEST(KeyColumn, FitsBesideTheKeyHoweverLongAndInEveryWindow) {
   constexpr float kKeyLeft = 565.0F * 1.725F;
   constexpr float kKeyRight = 565.0F * 1.775F;
@@ -166,6 +203,8 @@ TEST(KeyColumn, NumbersStandAtTheBandsAndTheAreaCoversBarAndNumbers) {
   const KeyColumn column = keyColumn({standardColours(), -5.0F, 5.0F}, monospaced);
   const std::vector<ScreenQuad> area = keyArea(column, monospaced, 48.0F, 800, 600);
   ASSERT_EQ(area.size(), 7);
+  EXPECT_TRUE(keyFits(area, 800, 600));
+  EXPECT_FALSE(keyFits(keyArea(column, monospaced, 400.0F, 80, 60), 80, 60));
   const auto expectBox = [](const ScreenQuad& box, float left, float bottom, float right,
                             float top) {
     const ScreenQuad wanted = {{{left, bottom}, {right, bottom}, {right, top}, {left, top}}};

@@ -7,6 +7,7 @@
 #include <fstream>
 #include <sstream>
 
+#include "base/number_text.h"
 #include "tests/gui/on_show.h"
 #include "tests/support/golden.h"
 #include "tests/support/output.h"
@@ -63,6 +64,20 @@ TEST_F(Batch, PictureIsThatOfTheWindow) {
     }
   }
   EXPECT_LT(different, view.w * view.h / 50);
+}
+
+TEST_F(Batch, SmallPictureIsFullAndLooksLikeALargeOne) {
+  const std::string use =
+      "'" MORVANE_SAMPLES "/panel.res' --zoom fit --no-key --no-axes --picture ";
+  EXPECT_EQ(run(use + "small.png --size 256x256").status, 0);
+  EXPECT_EQ(run(use + "large.png --size 1024x1024").status, 0);
+  const std::string cut = outputOf("convert '" + folder_.file("small.png") +
+                                   "' -fuzz 5% -trim -format '%[fx:w>225&&h>225]' info:");
+  EXPECT_EQ(cut, "1") << "fills the picture";
+  const std::string apart =
+      outputOf("convert '" + folder_.file("small.png") + "' '(' '" + folder_.file("large.png") +
+               "' -resize 25% ')' -compose difference -composite -format '%[fx:mean]' info:");
+  EXPECT_LT(leadingNumber(apart), 0.03);
 }
 
 TEST_F(Batch, DoesEveryFileItCanAndNamesTheOthers) {
