@@ -1,5 +1,5 @@
-# The Debian package: the program in /usr/lib, a launcher in /usr/bin, and the desktop entry and
-# file type.
+# The Debian package: the program in /usr/lib, a launcher in /usr/bin, and for desktops and shells
+# the desktop entry, the file type, the thumbnailer and the completion.
 include(GNUInstallDirs)
 set(program_folder lib/${package_name})
 set(document_folder ${CMAKE_INSTALL_DATADIR}/doc/${package_name})
@@ -35,6 +35,8 @@ pack_document(${made}/${package_name}.1 ${made}/${package_name}.1.gz)
 install(PROGRAMS debian/launcher DESTINATION bin RENAME ${package_name})
 install(FILES debian/${package_name}.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
 install(FILES debian/${package_name}.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/mime/packages)
+install(FILES debian/${package_name}.thumbnailer
+        DESTINATION ${CMAKE_INSTALL_DATADIR}/thumbnailers)
 install(FILES debian/${package_name}.bash
         DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions RENAME ${package_name})
 install(FILES ${made}/copyright ${made}/changelog.gz DESTINATION ${document_folder})
