@@ -222,6 +222,7 @@ std::string FileJobs::drawPicture(Shown& shown, RgbImage& picture) {
   settings.camera = cameraOf(options_, shown.surface, height - settings.plotHeight);
   settings.mayLackDetail = width * height <= kSmallPicture;
   settings.options.onlyTextsThatFit = settings.mayLackDetail;
+  settings.options.lamp = options_.light;
   settings.options.keyVisible = options_.key;
   settings.options.axesVisible = options_.axes;
   return painter_.draw(shown.surface, shown.tools, settings, picture);

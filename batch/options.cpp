@@ -160,6 +160,14 @@ std::string takeColours(BatchOptions& options, const std::string& text) {
   return options.colours != nullptr ? "" : "it is none of " + mapNames(", ");
 }
 
+std::string takeLight(BatchOptions& options, const Typed& typed) {
+  const auto azimuth = static_cast<float>(typed.numbers[0]);
+  const auto elevation = static_cast<float>(typed.numbers[1]);
+  if (elevation < 0.0F || elevation > 90.0F) return "the elevation must be between 0 and 90";
+  options.light = Lamp{azimuth, elevation};
+  return {};
+}
+
 std::string takeSize(BatchOptions& options, const std::string& text) {
   const auto size = sizeOf(text);
   if (!size) {
@@ -203,6 +211,8 @@ const ValueOption kValueOptions[] = {
      takeNumbers<2, takeEnd<&BatchOptions::to>>},
     {kShownGroup, "--colours", mapNames("|"), "colours of the heights", takeColours},
     {kShownGroup, "--bitmap", "FILE", "colours from a bitmap", takePath<&BatchOptions::bitmap>},
+    {kPictureGroup, "--light", "AZIMUTH,ELEVATION", "raking light, degrees",
+     takeNumbers<2, takeLight>},
     {kPictureGroup, "--view", "top|front|side|iso", "from where it is seen", takeView},
     {kPictureGroup, "--turn", "X,Y,Z", "turn about the picture's axes, degrees",
      takeNumbers<3, takeTurn>},

@@ -10,6 +10,7 @@
 #include "batch/option_values.h"
 #include "filter/band_filter.h"
 #include "geometry/camera_views.h"
+#include "geometry/light.h"
 #include "surface/colour_maps.h"
 
 namespace morvane {
@@ -40,6 +41,7 @@ struct BatchOptions {
   float zoom = 1.0F;
   glm::vec2 pan{0.0F};  ///< pixels, y down
   const ColourMap* colours = &standardColours();
+  std::optional<Lamp> light;
   std::string bitmap;
   PictureSize size;
   bool key = true;

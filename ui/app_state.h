@@ -36,6 +36,7 @@ struct AppState {
   Fl_Text_Buffer* consoleText = nullptr;
   Fl_Window* aboutWindow = nullptr;
   Fl_Window* heatMapDialog = nullptr;
+  Fl_Window* lightWindow = nullptr;
   FilterWindow* filterWindow = nullptr;
   ConfigManagerWindow* configManager = nullptr;
   ResultsPanel* resultsPanel = nullptr;

@@ -93,6 +93,10 @@ void GLWindow::setOption(bool SceneOptions::*option, bool on) {
   redraw();
 }
 
+void GLWindow::setLamp(const std::optional<Lamp>& lamp) {
+  if (std::exchange(options_.lamp, lamp) != lamp) redraw();
+}
+
 void GLWindow::setProfileMode(bool on) {
   tools_.setProfileMode(on);
   redraw();

@@ -42,6 +42,9 @@ class GLWindow : public GlPane {
   [[nodiscard]] const SceneOptions& options() const { return options_; }
   void setOption(bool SceneOptions::*option, bool on);
 
+  /// Lights the surface by a lamp, or without one along the view.
+  void setLamp(const std::optional<Lamp>& lamp);
+
   void setProfileMode(bool on);
   void swapPins();
   void setGridMode(bool on);

@@ -26,6 +26,7 @@
 #include "ui/gl_window.h"
 #include "ui/heat_map_dialog.h"
 #include "ui/images.h"
+#include "ui/light_window.h"
 #include "ui/menu.h"
 #include "ui/quit_dialog.h"
 #include "ui/readout.h"
@@ -201,6 +202,7 @@ void buildMainWindow() {
   app.aboutWindow = buildAboutWindow();
   app.filterWindow = makeFilterWindow();
   app.heatMapDialog = buildHeatMapDialog();
+  app.lightWindow = buildLightWindow();
   app.configManager = new ConfigManagerWindow;
   for (const std::string& folder : {savedFilesFolder(), screenshotsFolder()}) {
     removeAbandoned(folder);

@@ -130,6 +130,7 @@ const MenuEntry kFixed[] = {
      [] { return !isOn<&SceneOptions::filledPolygons>(); }},
     {"&Tools/Lighting", toggle<&SceneOptions::lightingOn>, kFull, FL_MENU_TOGGLE,
      isOn<&SceneOptions::lightingOn>},
+    {"&Tools/Light Direction...", [] { showOwned(*appState().lightWindow); }, kFull},
     {"&Tools/&Heat Map Key", toggle<&SceneOptions::keyVisible>, kFull, FL_MENU_TOGGLE,
      isOn<&SceneOptions::keyVisible>},
     {kColourMenu, nullptr, kFull, FL_SUBMENU | FL_MENU_DIVIDER},

@@ -102,7 +102,8 @@ void Scene::start(const Subject& subject) {
                                     subject.viewport.height);
   frame_.matrices.pixelRatio = subject.viewport.pixelRatio();
   frame_.eye = subject.camera.eye;
-  frame_.look = {subject.options.lightingOn, subject.options.filledPolygons};
+  frame_.look = {subject.options.lightingOn, subject.options.filledPolygons,
+                 lightDirection(subject.options.lamp, subject.camera.rotation)};
 }
 
 void Scene::generateBuffers(FrameReport& report) {

@@ -1,10 +1,12 @@
 // Draws the picture of a surface into the current context.
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "geometry/camera.h"
 #include "geometry/key_column.h"
+#include "geometry/light.h"
 #include "surface/shown_surface.h"
 #include "view/axes.h"
 #include "view/key_renderer.h"
@@ -21,6 +23,7 @@ struct SceneOptions {
   bool keyVisible = true;      ///< the colour key, shown under the heat map only
   bool filledPolygons = true;  ///< the surface as triangles; else as points
   bool lightingOn = true;      ///< shaded colours; else raw ones
+  std::optional<Lamp> lamp;    ///< in place of the light along the view
   /// Leaves texts out that lie on others or reach out of the picture, and the key if it takes too
   /// much of it.
   bool onlyTextsThatFit = false;

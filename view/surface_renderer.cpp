@@ -30,7 +30,7 @@ constexpr double kShortPiece = 1.0;  // milliseconds
 constexpr double kLongPiece = 12.0;
 
 void setUniforms(const ShaderProgram& program, const ViewMatrices& matrices, const glm::vec3& eye,
-                 bool lit) {
+                 const SurfaceLook& look) {
   glUseProgram(program.name());
   const auto vec3 = [&](const char* name, float x, float y, float z) {
     glUniform3f(program.uniform(name), x, y, z);
@@ -42,12 +42,12 @@ void setUniforms(const ShaderProgram& program, const ViewMatrices& matrices, con
   mat4("V", matrices.view);
   mat4("P", matrices.projection);
   glUniformMatrix3fv(program.uniform("normalMatrix"), 1, GL_FALSE, glm::value_ptr(matrices.normal));
-  const float strength = lit ? 0.5F : 1.0F;
+  const float strength = look.lit ? 0.5F : 1.0F;
   vec3("ambient_lighting", strength, strength, strength);
   vec3("diffuse_lighting", strength, strength, strength);
   // Kept: the surface shader has no point light, so this has no effect.
-  if (lit) vec3("LightPos", 0.0F, 0.0F, 4.0F);
-  vec3("LightDirection", 0.0F, 0.0F, -1.0F);
+  if (look.lit) vec3("LightPos", 0.0F, 0.0F, 4.0F);
+  vec3("LightDirection", look.light.x, look.light.y, look.light.z);
   vec3("specular_lighting", 1.0F, 1.0F, 1.0F);
   vec3("CameraPosition", eye.x, eye.y, eye.z);
   glUniform1f(program.uniform("LightPower"), 0.5F);
@@ -106,7 +106,7 @@ void SurfaceRenderer::beginDrawing(Detail detail) {
 bool SurfaceRenderer::advanceDrawing(const ViewMatrices& matrices, const glm::vec3& eye,
                                      const SurfaceLook& look, double milliseconds) {
   const Stopwatch watch;
-  setUniforms(program(look.filled), matrices, eye, look.lit);
+  setUniforms(program(look.filled), matrices, eye, look);
   if (progress_.detail == Detail::kCoarse && coarseByHeight_) useCoarseColours();
   glBindVertexArray(vertexArray_.name());
   const std::vector<Run> all = runs(look.filled);

@@ -19,8 +19,9 @@ namespace morvane {
 
 /// How a surface is drawn.
 struct SurfaceLook {
-  bool lit = true;     ///< shaded; else in raw (brightened) colours
-  bool filled = true;  ///< as triangles; else as points
+  bool lit = true;                     ///< shaded; else in raw (brightened) colours
+  bool filled = true;                  ///< as triangles; else as points
+  glm::vec3 light{0.0F, 0.0F, -1.0F};  ///< the direction in which light falls
 };
 
 /// With how many points a surface is drawn.

@@ -5,6 +5,7 @@
 #include <glm/geometric.hpp>
 
 #include "geometry/camera_views.h"
+#include "geometry/light.h"
 #include "surface/mesh.h"
 #include "tests/geometry/golden_rows.h"
 #include "tests/support/test_grid.h"
@@ -131,6 +132,19 @@ TEST(Camera, FitsTheSurfaceIntoTheRoomBesideTheKey) {
           << low.x << " to " << high.x << ", " << low.y << " to " << high.y;
     }
   }
+}
+
+TEST(Lamp, IsSetByDirectionsAndTurnsWithTheSurface) {
+  for (const Lamp& lamp : {Lamp{10.0F, 80.0F}, Lamp{200.0F, 0.0F}, Lamp{359.0F, 45.0F}}) {
+    const Lamp back = lampTowards(3.0F * directionTo(lamp));
+    EXPECT_NEAR(back.azimuth, lamp.azimuth, 1e-3F);
+    EXPECT_NEAR(back.elevation, lamp.elevation, 1e-3F);
+  }
+  EXPECT_EQ(lampTowards({0.0F, 2.0F, -1.0F}), (Lamp{90.0F, 0.0F}));
+  const glm::quat quarter = glm::angleAxis(glm::radians(90.0F), glm::vec3(0.0F, 0.0F, 1.0F));
+  const glm::vec3 turned = lightDirection(Lamp{0.0F, 0.0F}, quarter);
+  EXPECT_LT(glm::distance(turned, glm::vec3(0.0F, -1.0F, 0.0F)), 1e-6F);
+  EXPECT_EQ(lightDirection({}, quarter), glm::vec3(0.0F, 0.0F, -1.0F));
 }
 
 }  // namespace
