@@ -50,6 +50,30 @@ std::vector<std::string> startWords(const std::vector<std::string>& arguments, c
   return words;
 }
 
+/// The letter that opens the menu `title` with Alt.
+std::string letterOf(const std::string& title) {
+  for (const std::string& path : menuPaths()) {
+    std::string plain = path;
+    std::erase(plain, '&');
+    if (plain.starts_with(title + '/')) return path.substr(path.find('&') + 1, 1);
+  }
+  throw GuiError("there is no menu \"" + title + '"');
+}
+
+/// Where an entry is in its menu, from 1; its path is without "&".
+std::size_t placeOf(const std::string& entry) {
+  const std::string menu = entry.substr(0, entry.rfind('/') + 1);
+  std::vector<std::string> entries;
+  for (std::string path : menuPaths()) {
+    std::erase(path, '&');
+    if (!path.starts_with(menu)) continue;
+    path.resize(std::min(path.size(), path.find('/', menu.size())));
+    if (entries.empty() || entries.back() != path) entries.push_back(path);
+    if (path == entry) return entries.size();
+  }
+  throw GuiError("the menu has no entry \"" + entry + '"');
+}
+
 }  // namespace
 
 std::string brokenFile(const TemporaryFolder& folder) {
@@ -148,31 +172,23 @@ Image Program::awaitSurface() const {
 }
 
 void Program::choose(const std::string& entry) const {
-  const std::vector<std::string> paths = menuPaths();
+  const auto awaitMenus = [this](std::size_t count) {
+    if (!eventually([&] { return screen_.menusOf(id()) == count; })) {
+      throw GuiError("the menu did not " + std::string(count > 0 ? "open" : "close"));
+    }
+  };
+  mainWindow().key({"alt+" + letterOf(entry.substr(0, entry.find('/')))});
+  std::size_t menus = 2;  // the title has a window, too
   std::vector<std::string> keys;
-  // At each level the entry, or the submenu that holds it, is the n-th of different names.
-  for (std::size_t start = entry.find('/'); start != std::string::npos;) {
-    const std::string above = entry.substr(0, start + 1);
-    start = entry.find('/', start + 1);
-    const std::string wanted = entry.substr(0, start);
-    std::vector<std::string> names;
-    for (std::string path : paths) {
-      const std::string letter = path.substr(path.find('&') + 1, 1);
-      std::erase(path, '&');
-      if (!path.starts_with(above)) continue;
-      if (keys.empty()) keys.push_back("alt+" + letter);
-      path.resize(std::min(path.size(), path.find('/', above.size())));
-      if (std::ranges::find(names, path) == names.end()) names.push_back(path);
-      if (path == wanted) break;
-    }
-    if (names.empty() || names.back() != wanted) {
-      throw GuiError("the menu has no entry \"" + entry + '"');
-    }
-    if (keys.size() > 1) keys.emplace_back("Right");
-    keys.insert(keys.end(), names.size() - (keys.back() == "Right" ? 1 : 0), "Down");
+  for (std::size_t slash = entry.find('/'); slash != std::string::npos; ++menus) {
+    awaitMenus(menus);
+    slash = entry.find('/', slash + 1);
+    keys.insert(keys.end(), placeOf(entry.substr(0, slash)) - keys.size(), "Down");
+    if (slash == std::string::npos) keys.emplace_back("Return");
+    mainWindow().key(keys);
+    keys = {"Right"};  // into the submenu, to its first entry
   }
-  keys.emplace_back("Return");
-  mainWindow().key(keys);
+  awaitMenus(0);
 }
 
 long Program::residentKilobytes() const {

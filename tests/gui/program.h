@@ -97,7 +97,7 @@ class Program {
   /// Presses a control of the column; `place` is one of `control::`.
   void press(const Area& place) const { mainWindow().click(middleOf(inWindow(place))); }
   /// Chooses an entry of the full menu by its labels, e.g. "Tools/Filter Settings". Its title is
-  /// opened by Alt and the underlined letter.
+  /// opened by Alt and the underlined letter. Returns when the menu is closed.
   void choose(const std::string& entry) const;
 
   /// Memory the program holds now.

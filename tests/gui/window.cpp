@@ -132,6 +132,17 @@ std::vector<Window> Screen::windowsOf(pid_t process) const {
   return found;
 }
 
+std::size_t Screen::menusOf(pid_t process) const {
+  Display* display = xlib(display_);
+  const Atom menu = XInternAtom(display, "_NET_WM_WINDOW_TYPE_MENU", False);
+  const std::string type(reinterpret_cast<const char*>(&menu), sizeof menu);
+  const auto windows = childrenOf(display, DefaultRootWindow(display));
+  return static_cast<std::size_t>(std::ranges::count_if(windows, [&](::Window window) {
+    return propertyOf(display, window, "_NET_WM_WINDOW_TYPE") == type &&
+           belongsTo(display, window, process) && onScreen(display, window);
+  }));
+}
+
 std::shared_ptr<void> Screen::cover(const Area& area) const {
   Display* display = xlib(display_);
   XSetWindowAttributes alone{};

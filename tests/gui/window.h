@@ -3,6 +3,7 @@
 
 #include <sys/types.h>
 
+#include <cstddef>
 #include <functional>
 #include <memory>
 #include <string>
@@ -25,6 +26,8 @@ class Screen {
   [[nodiscard]] Image capture() const;
   /// The top-level windows of a process that are on the screen now.
   [[nodiscard]] std::vector<Window> windowsOf(pid_t process) const;
+  /// How many windows of open menus a process has.
+  [[nodiscard]] std::size_t menusOf(pid_t process) const;
   /// Puts a black window that belongs to no program in front of all others. It is closed when the
   /// result is destroyed.
   [[nodiscard]] std::shared_ptr<void> cover(const Area& area) const;
