@@ -1,11 +1,26 @@
 #include "surface/shown_surface.h"
 
+#include <cmath>
 #include <ostream>
 #include <utility>
 
 #include "base/number_text.h"
 
 namespace morvane {
+namespace {
+
+/// `range` in numbers with few digits, less than a thousandth of it away.
+HeightRange rounded(const HeightRange& range) {
+  const double decade = std::floor(std::log10(std::abs(double{range.max} - range.min)));
+  if (!std::isfinite(decade)) return range;
+  const double step = std::pow(10.0, decade - 3.0);
+  const auto toStep = [step](double height) {
+    return static_cast<float>(std::round(height / step) * step);
+  };
+  return {toStep(range.min), toStep(range.max)};
+}
+
+}  // namespace
 
 ShownSurface::ShownSurface(std::ostream& log) : log_(&log), model_(log), bitmap_(log) {}
 
@@ -54,6 +69,21 @@ void ShownSurface::resetScaleAndLimits() {
 
 void ShownSurface::setGlobalLimits(const std::optional<HeightRange>& limits) {
   model_.globalLimits = limits;
+  rebuild();
+}
+
+void ShownSurface::setRangeKept(bool kept) {
+  if (!modelLoaded()) return;
+  const HeatMapScale scale = measured().colourScale();
+  setGlobalLimits(kept ? std::optional(rounded({scale.lower(), scale.upper()})) : std::nullopt);
+}
+
+void ShownSurface::setPercentages(const std::optional<Percentages>& percentages) {
+  model_.percentages = percentages;
+  if (percentages) {
+    model_.globalLimits.reset();
+    crop_.on = false;
+  }
   rebuild();
 }
 
@@ -126,6 +156,13 @@ std::string ShownSurface::alterations() {
   if (model.crop.on) add("Limits " + range(model.crop.min, model.crop.max));
   if (const auto& limits = model.globalLimits) {
     add("Colours " + range(limits->min, limits->max));
+  } else if (percentilesInForce()) {
+    const auto [min, max] = rounded(model.automaticLimits());
+    std::string percentages;
+    appendExact(percentages, model.percentages->low);
+    percentages += " % to ";
+    appendExact(percentages, model.percentages->high);
+    add("Colours " + range(min, max) + " (" + percentages + " %)");
   }
   return words;
 }

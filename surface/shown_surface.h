@@ -49,7 +49,20 @@ class ShownSurface {
   void resetScaleAndLimits();
 
   /// Colours the surface and labels the key by `limits`, or by the surface's own if there are none.
+  /// They stay in force for the next measurement.
   void setGlobalLimits(const std::optional<HeightRange>& limits);
+  /// Makes the present range of the colours, in numbers with few digits, the global limits, or
+  /// drops these.
+  void setRangeKept(bool kept);
+  [[nodiscard]] bool rangeKept() const { return model_.globalLimits.has_value(); }
+
+  /// Bounds the colours by percentiles of each surface, in place of its lowest and highest height.
+  /// Typed and global limits are dropped then, as they would overrule the percentiles.
+  void setPercentages(const std::optional<Percentages>& percentages);
+  /// Whether the colours are bounded by percentiles.
+  [[nodiscard]] bool percentilesInForce() const {
+    return model_.percentages && !rangeKept() && !crop_.on;
+  }
 
   /// Sets the colours of the heat map. `map` is a row of the table.
   void setColourMap(const ColourMap& map);

@@ -31,6 +31,7 @@ void SurfaceModel::measure() {
   if (!skipScale) *log_ << "Setting AS...\n";
   *log_ << "Non-Detailed Rendering\n";
   limits_ = findLimits(*shown(), crop);
+  if (usePercentiles()) percentiles_ = findPercentiles(*shown(), *percentages);
   shownMean_ = shown() == raw_ ? mean_.mean : meanOf(shown()->values()).mean;
   logLimits();
 }
@@ -49,10 +50,16 @@ void SurfaceModel::measureStatistics() {
   autoScale_ = automaticScale(sd_, raw_->width());
 }
 
+HeightRange SurfaceModel::automaticLimits() const {
+  if (usePercentiles()) return percentiles_;
+  return {limits_.trueMin, limits_.trueMax};
+}
+
 HeatMapScale SurfaceModel::colourScale() const {
   const ColourMap& map = *colourMap;
   if (globalLimits) return {map, globalLimits->min, globalLimits->max, Beyond::kNearerEnd};
   if (crop.on) return {map, crop.min, crop.max};
+  if (usePercentiles()) return {map, percentiles_.min, percentiles_.max, Beyond::kNearerEnd};
   return {map, limits_.zMin, limits_.zMax};
 }
 

@@ -8,6 +8,7 @@
 #include "surface/coarse_mesh.h"
 #include "surface/heat_map_scale.h"
 #include "surface/mesh.h"
+#include "surface/percentiles.h"
 #include "surface/statistics.h"
 #include "surface/surface_limits.h"
 
@@ -51,8 +52,12 @@ class SurfaceModel {
   /// The automatic vertical exaggeration of the raw grid; infinite for a flat one.
   [[nodiscard]] float autoScale() const { return autoScale_; }
   [[nodiscard]] const SurfaceLimits& limits() const { return limits_; }
+  /// The limits of colours while the operator sets none: the percentiles if they are wanted, else
+  /// the lowest and highest height.
+  [[nodiscard]] HeightRange automaticLimits() const;
   /// The scale of the surface's colours and its key: over the global limits if there are any; else
-  /// over those of the crop while it is on; else over the displayed limits of the last `measure`.
+  /// over those of the crop while it is on; else over the percentiles if they are wanted; else over
+  /// the displayed limits of the last `measure`.
   [[nodiscard]] HeatMapScale colourScale() const;
 
   bool skipScale = false;    ///< keep the current z-scale
@@ -60,11 +65,14 @@ class SurfaceModel {
   bool heatMap = true;       ///< colour by height; else by the drape
   Crop crop;                 ///< the limits the operator set
   const ColourMap* colourMap = &standardColours();
+  std::optional<Percentages> percentages;   ///< of the heights that bound the colours
   std::optional<HeightRange> globalLimits;  ///< of the colours, without clamping heights
 
  private:
   void measureStatistics();
   void logLimits() const;
+  /// Whether percentiles are the limits of the colours.
+  [[nodiscard]] bool usePercentiles() const { return percentages && !globalLimits && !crop.on; }
 
   std::ostream* log_;
   std::shared_ptr<const HeightGrid> raw_;
@@ -76,6 +84,7 @@ class SurfaceModel {
   float sd_ = 0.0F;
   float autoScale_ = 0.0F;
   SurfaceLimits limits_;
+  HeightRange percentiles_;  // while they are used
 };
 
 }  // namespace morvane
