@@ -3,6 +3,7 @@
 #include <FL/Fl_Double_Window.H>
 #include <FL/Fl_Menu_Bar.H>
 
+#include <algorithm>
 #include <cstdlib>
 #include <functional>
 #include <iostream>
@@ -62,6 +63,11 @@ void toggleGridBox() {
 void toggleWholeLine() {
   bool& wholeLine = appState().glView->tools().profileLineMode;
   wholeLine = !wholeLine;
+}
+
+void toggleKeptRange() {
+  ShownSurface& surface = appState().glView->surface();
+  surface.setRangeKept(!surface.rangeKept());
 }
 
 template <ViewDirection direction>
@@ -134,6 +140,10 @@ const MenuEntry kFixed[] = {
     {"&Tools/&Heat Map Key", toggle<&SceneOptions::keyVisible>, kFull, FL_MENU_TOGGLE,
      isOn<&SceneOptions::keyVisible>},
     {kColourMenu, nullptr, kFull, FL_SUBMENU | FL_MENU_DIVIDER},
+    {"&Tools/Colours/1 % to 99 % of the Heights", togglePercentiles, kFull, FL_MENU_TOGGLE,
+     [] { return appState().glView->surface().percentilesInForce(); }},
+    {"&Tools/Colours/Same Range for All Files", toggleKeptRange, kFull, FL_MENU_TOGGLE,
+     [] { return appState().glView->surface().rangeKept(); }},
     {"&Tools/Views/Fit", [] { appState().glView->fitView(); }, kFull, 0, nullptr, FL_CTRL + '0'},
     {"&Tools/Views/Top", seeFrom<ViewDirection::kTop>, kFull, 0, nullptr, FL_CTRL + '1'},
     {"&Tools/Views/Front", seeFrom<ViewDirection::kFront>, kFull, 0, nullptr, FL_CTRL + '2'},
@@ -168,18 +178,23 @@ const MenuEntry kFixed[] = {
     {"&Tools/&Connections", [] { showOwned(*appState().configManager); }, kFull},
 };
 
+/// The fixed entries, and one for each colour map at the top of its submenu.
 std::vector<MenuEntry> makeEntries() {
-  std::vector<MenuEntry> entries(std::begin(kFixed), std::end(kFixed));
+  std::vector<MenuEntry> maps;
   for (const ColourMap& map : colourMaps()) {
-    entries.push_back({std::string(kColourMenu) + '/' + map.name,
-                       [&map] { appState().glView->surface().setColourMap(map); }, kFull,
-                       FL_MENU_RADIO,
-                       [&map] { return &appState().glView->surface().colourMap() == &map; }});
+    maps.push_back({std::string(kColourMenu) + '/' + map.name,
+                    [&map] { appState().glView->surface().setColourMap(map); }, kFull,
+                    FL_MENU_RADIO,
+                    [&map] { return &appState().glView->surface().colourMap() == &map; }});
   }
+  maps.back().flags |= FL_MENU_DIVIDER;
+  std::vector<MenuEntry> entries(std::begin(kFixed), std::end(kFixed));
+  const auto title = std::ranges::find(entries, kColourMenu, &MenuEntry::path);
+  entries.insert(title + 1, maps.begin(), maps.end());
   return entries;
 }
 
-/// All entries. Those of a submenu come after their title.
+/// All entries.
 const std::vector<MenuEntry>& menuEntries() {
   static const std::vector<MenuEntry> entries = makeEntries();
   return entries;

@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <optional>
 #include <string>
 
 #include "base/debug_log.h"
@@ -42,9 +43,9 @@ ShownSurface& shown() { return appState().glView->surface(); }
 
 void showAutomaticLimits() {
   const AppState& app = appState();
-  const SurfaceLimits& limits = shown().measured().limits();
-  setLimitText(app.maximumInput, shownText(limits.trueMax, 1));
-  setLimitText(app.minimumInput, shownText(limits.trueMin, 1));
+  const HeightRange limits = shown().measured().automaticLimits();
+  setLimitText(app.maximumInput, shownText(limits.max, 1));
+  setLimitText(app.minimumInput, shownText(limits.min, 1));
 }
 
 void showScale() {
@@ -102,6 +103,12 @@ void useAutomaticLimits() {
   Crop crop = shown().crop();
   crop.on = false;
   shown().setCrop(crop);
+}
+
+void togglePercentiles() {
+  const bool on = !shown().percentilesInForce();
+  if (shown().crop().on) useAutomaticLimits();
+  shown().setPercentages(on ? std::optional(Percentages{}) : std::nullopt);
 }
 
 void showMeasured() {

@@ -21,6 +21,9 @@ void applyLimits(Fl_Widget* widget, long action);
 /// Switches to automatic limits.
 void useAutomaticLimits();
 
+/// Bounds the colours by the heights from 1 % to 99 %, or no more.
+void togglePercentiles();
+
 /// Resets camera, scale and limits to those of the measurement.
 void resetView(Fl_Widget* widget, long action);
 

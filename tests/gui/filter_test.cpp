@@ -11,7 +11,7 @@ namespace morvane::gui {
 namespace {
 
 constexpr Area kSurface{650, 370, 130, 90};
-constexpr Area kBelowName{165, 57, 200, 18};
+constexpr Area kBelowName{165, 57, 25, 18};  // beside the open menu
 constexpr Area kKeyLabels{1150, 100, 130, 640};
 constexpr Point kKeyTop{1138, 143};
 constexpr Area kUpperLimit = inWindow(control::kMaximum);
@@ -130,6 +130,15 @@ TEST_F(FullMenu, SwitchesWhatTheViewShows) {
   await("no key", [&](const Image& p) { return !sameAsAtStart(p, kKeyLabels); });
   program_->choose("Tools/Heat Map Key");
   await("the key again", [&](const Image& p) { return sameAsAtStart(p, kKeyLabels); });
+  for (const char* entry :
+       {"Tools/Colours/1 % to 99 % of the Heights", "Tools/Colours/Same Range for All Files"}) {
+    program_->choose(entry);
+    await("words on the range", [&](const Image& p) { return !isEmpty(p.part(kBelowName)); });
+    program_->choose(entry);
+    await("the heights' own range", [&](const Image& p) {
+      return isEmpty(p.part(kBelowName)) && sameAsAtStart(p, kUpperLimit);
+    });
+  }
   for (const auto& [entry, top] : {std::pair{"Tools/Colours/Viridis", Rgb{252, 231, 36}},
                                    {"Tools/Colours/Grey", Rgb{254, 254, 254}}}) {
     program_->choose(entry);
