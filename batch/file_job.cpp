@@ -196,6 +196,7 @@ std::string FileJobs::open(const std::string& file, Shown& shown) const {
     surface.setFilterEnabled(true);
   }
   surface.setColourMap(*options_.colours);
+  surface.setPercentages(options_.range);
   if (options_.limits) surface.setCrop({true, options_.limits->x, options_.limits->y});
   if (!options_.bitmap.empty()) {
     const std::string option = "--bitmap " + options_.bitmap + ": ";
@@ -239,14 +240,14 @@ std::string FileJobs::makeReport(Shown& shown, Bytes& bytes) {
   Bytes jpeg;
   const std::string reason = makePicture(shown, "page.jpg", jpeg);
   if (!reason.empty()) return reason;
-  const SurfaceLimits& limits = shown.surface.measured().limits();
+  const HeightRange limits = shown.surface.measured().automaticLimits();
   const bool typed = options_.limits.has_value();
   const ReportPage page =
       describePage({.moment = localNow(),
                     .measurementPath = shown.surface.measurement().path,
                     .zScale = shown.surface.zScale(),
-                    .minimum = typed ? options_.limitTexts[0] : shownText(limits.trueMin, 1),
-                    .maximum = typed ? options_.limitTexts[1] : shownText(limits.trueMax, 1)});
+                    .minimum = typed ? options_.limitTexts[0] : shownText(limits.min, 1),
+                    .maximum = typed ? options_.limitTexts[1] : shownText(limits.max, 1)});
   PdfReport report;
   report.writeTexts(page, "");
   report.drawPicture(jpeg, page.picture);

@@ -99,6 +99,14 @@ std::string takeLimits(BatchOptions& options, const Typed& typed) {
   return options.limits->x < options.limits->y ? "" : "the minimum must be below the maximum";
 }
 
+std::string takeRange(BatchOptions& options, const Typed& typed) {
+  options.range = {typed.numbers[0], typed.numbers[1]};
+  if (options.limits) return "there are --limits already";
+  const auto& [low, high] = *options.range;
+  return low >= 0.0 && low < high && high <= 100.0 ? ""
+                                                   : "two percentages are needed, the lower first";
+}
+
 template <std::optional<glm::dvec2> BatchOptions::*End>
 std::string takeEnd(BatchOptions& options, const Typed& typed) {
   options.*End = glm::dvec2(typed.numbers[0], typed.numbers[1]);
@@ -204,6 +212,8 @@ const ValueOption kValueOptions[] = {
      takeNumbers<2, takeFilter<&FilterSettings::bandPass>>},
     {kShownGroup, "--limits", "MIN,MAX", "limits of heights and colours, µm",
      takeNumbers<2, takeLimits>},
+    {kShownGroup, "--range", "LOW,HIGH", "colours from LOW % to HIGH % of the heights",
+     takeNumbers<2, takeRange>},
     {kShownGroup, "--scale", "X", "vertical exaggeration", takeNumbers<1, takeScale>},
     {kShownGroup, "--from", "X,Y", "begin of the section, mm",
      takeNumbers<2, takeEnd<&BatchOptions::from>>},

@@ -12,6 +12,7 @@
 #include "geometry/camera_views.h"
 #include "geometry/light.h"
 #include "surface/colour_maps.h"
+#include "surface/percentiles.h"
 
 namespace morvane {
 
@@ -32,8 +33,9 @@ struct BatchOptions {
   bool semicolon = false;  ///< tables for spreadsheets with a decimal comma
 
   FilterSettings filter;
-  std::optional<glm::vec2> limits;  ///< minimum and maximum, µm
-  std::string limitTexts[2];        ///< the same as typed
+  std::optional<glm::vec2> limits;   ///< minimum and maximum, µm
+  std::string limitTexts[2];         ///< the same as typed
+  std::optional<Percentages> range;  ///< of the heights that bound the colours
   std::optional<float> scale;
   ViewDirection view = ViewDirection::kTop;
   glm::vec3 turn{0.0F};  ///< degrees about the picture's x, y and z axes, after `view`

@@ -103,7 +103,9 @@ TEST_F(Batch, DoesEveryFileItCanAndNamesTheOthers) {
   outcome = run("good.res --picture good.png");
   EXPECT_EQ(outcome.status, 1);
   EXPECT_THAT(outcome.errors, HasSubstr("good.png: exists"));
-  EXPECT_EQ(run("good.res --picture good.png --size 100x80 --force --colours grey").status, 0);
+  EXPECT_EQ(
+      run("good.res --picture good.png --size 100x80 --force --colours grey --range 1,99.5").status,
+      0);
   const Image grey = pictureIn("good.png");
   EXPECT_EQ(grey.width(), 100);
   EXPECT_EQ(grey.count([](const Rgb& c) { return chroma(c) > 60; }), 0);
@@ -197,6 +199,8 @@ TEST_F(Batch, RefusesWrongUsageWithOptionAndValue) {
         {"a.res b/a.res --report {name}.pdf", "b/a.res"},
         {"a.res --picture a.png --view up", "up"},
         {"a.res --picture a.png --colours red", "viridis"},
+        {"a.res --picture a.png --range 99,1", "--range"},
+        {"a.res --picture a.png --range 1,99 --limits 1,2", "--limits"},
         {"a.res --picture a.png --size 5x5", "5x5"},
         {"a.res --picture a.png --limits 3,1", "--limits"},
         {"a.res --picture a.png --limits 3,x", "3,x"},
