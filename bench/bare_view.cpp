@@ -17,6 +17,7 @@
 #include "surface/surface_model.h"
 #include "tools/usage.h"
 #include "ui/gl_mode.h"
+#include "ui/window_geometry.h"
 #include "view/shader_program.h"
 #include "view/shader_sources.h"
 
@@ -33,7 +34,10 @@ constexpr const char* kUse =
 class BareView : public Fl_Gl_Window {
  public:
   BareView(const char* path, int frames)
-      : Fl_Gl_Window(1130, 775), file_(silent_), model_(silent_), frames_(frames) {
+      : Fl_Gl_Window(kFirstLayout.view.w, kFirstLayout.view.h),
+        file_(silent_),
+        model_(silent_),
+        frames_(frames) {
     mode(kGlMode);
     end();
     file_.update(path);
@@ -106,7 +110,7 @@ class BareView : public Fl_Gl_Window {
 
 /// Shows an empty window and prints a line when it is on the screen.
 int showEmpty() {
-  Fl_Window window(1280, 800);
+  Fl_Window window(kWindowWidth, kWindowHeight);
   window.end();
   window.show();
   window.wait_for_expose();

@@ -1,7 +1,6 @@
 // How soon the picture follows the mouse: drives the program through the X server, at a fixed rate
 // and without waiting for it, and reads from its output and from the changes of its window which
 // frame shows which event. Where that is not certain, the longer time is taken.
-#include <X11/keysym.h>
 #include <sched.h>
 
 #include <algorithm>
@@ -19,7 +18,9 @@
 #include <vector>
 
 #include "bench/watched_program.h"
+#include "tools/menu_keys.h"
 #include "tools/usage.h"
+#include "ui/menu.h"
 #include "ui/window_geometry.h"
 
 namespace {
@@ -165,7 +166,7 @@ void measureWheel(WatchedProgram& program, Measured& measured) {
 /// Keys are pressed during a drag and while the full picture after it is drawn.
 void measureKeys(WatchedProgram& program, Measured& measured) {
   std::vector<Sent> keys;
-  const auto press = [&] { keys.push_back(program.key(XK_F9)); };
+  const auto press = [&] { keys.push_back(program.key("F9")); };
   program.record() = {};
   press();
   program.awaitQuiet();
@@ -200,13 +201,13 @@ void measureRelease(WatchedProgram& program, Measured& measured) {
 
 /// A screenshot draws the full picture at once and reads it. The line that tells of it follows.
 void measureFullFrame(WatchedProgram& program, Measured& measured) {
-  // "Tools" in the menu, and in it the ninth item
-  (void)program.move(215 - kView.x, 12 - kView.y);
-  (void)program.click(Button1);
-  program.awaitQuiet();
-  for (int i = 0; i < 9; ++i) (void)program.key(XK_Down);
-  program.record() = {};
-  (void)program.key(XK_Return);
+  const auto groups = menuKeys(menuPaths(), "Tools/Screenshot");
+  if (groups.empty()) throw std::runtime_error("the menu has no entry for a screenshot");
+  for (const std::vector<std::string>& keys : groups) {
+    program.awaitQuiet();
+    program.record() = {};
+    for (const std::string& key : keys) (void)program.key(key);
+  }
   const double read = program.awaitLine("SCREENSHOT ROUTINE").read;
   const std::vector<Frame> frames = framesOf(program.record());
   if (frames.empty()) throw std::runtime_error("the screenshot is not drawn");

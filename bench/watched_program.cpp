@@ -1,7 +1,9 @@
 #include "bench/watched_program.h"
 
+#include <X11/XKBlib.h>
 #include <X11/extensions/XTest.h>
 #include <X11/extensions/Xdamage.h>
+#include <X11/keysym.h>
 #include <fcntl.h>
 #include <poll.h>
 #include <sys/prctl.h>
@@ -114,11 +116,25 @@ Sent WatchedProgram::click(unsigned number) {
   return {button(number, true).from, button(number, false).arrived};
 }
 
-Sent WatchedProgram::key(KeySym symbol) {
+Sent WatchedProgram::key(const std::string& name) {
+  const std::size_t plus = name.find('+');
+  const KeySym symbol = XStringToKeysym(name.substr(plus + 1).c_str());
   const KeyCode code = XKeysymToKeycode(display_.get(), symbol);
+  std::vector<KeyCode> codes;
+  const auto add = [&](KeySym modifier) {
+    codes.push_back(XKeysymToKeycode(display_.get(), modifier));
+  };
+  if (plus != std::string::npos) add(XK_Alt_L);
+  if (XkbKeycodeToKeysym(display_.get(), code, 0, 0) != symbol) add(XK_Shift_L);
+  codes.push_back(code);
+  const auto sendAll = [&](bool down) {
+    for (const KeyCode each : codes) {
+      XTestFakeKeyEvent(display_.get(), each, down ? True : False, CurrentTime);
+    }
+  };
   return send([&] {
-    XTestFakeKeyEvent(display_.get(), code, True, CurrentTime);
-    XTestFakeKeyEvent(display_.get(), code, False, CurrentTime);
+    sendAll(true);
+    sendAll(false);
   });
 }
 

@@ -54,7 +54,8 @@ class WatchedProgram {
   Sent button(unsigned number, bool down);
   /// Presses and releases a button or key.
   Sent click(unsigned number);
-  Sent key(KeySym symbol);
+  /// A key is named as Xlib names it, e.g. "Down"; "alt+T" is one with Alt.
+  Sent key(const std::string& name);
 
   /// Records what the program does up to a time.
   void watch(double until);

@@ -10,6 +10,7 @@
 #include <iostream>
 
 #include "tests/support/golden.h"
+#include "tools/menu_keys.h"
 #include "ui/menu.h"
 
 namespace morvane::gui {
@@ -48,30 +49,6 @@ std::vector<std::string> startWords(const std::vector<std::string>& arguments, c
   words.push_back(start.program);
   words.insert(words.end(), arguments.begin(), arguments.end());
   return words;
-}
-
-/// The letter that opens the menu `title` with Alt.
-std::string letterOf(const std::string& title) {
-  for (const std::string& path : menuPaths()) {
-    std::string plain = path;
-    std::erase(plain, '&');
-    if (plain.starts_with(title + '/')) return path.substr(path.find('&') + 1, 1);
-  }
-  throw GuiError("there is no menu \"" + title + '"');
-}
-
-/// Where an entry is in its menu, from 1; its path is without "&".
-std::size_t placeOf(const std::string& entry) {
-  const std::string menu = entry.substr(0, entry.rfind('/') + 1);
-  std::vector<std::string> entries;
-  for (std::string path : menuPaths()) {
-    std::erase(path, '&');
-    if (!path.starts_with(menu)) continue;
-    path.resize(std::min(path.size(), path.find('/', menu.size())));
-    if (entries.empty() || entries.back() != path) entries.push_back(path);
-    if (path == entry) return entries.size();
-  }
-  throw GuiError("the menu has no entry \"" + entry + '"');
 }
 
 }  // namespace
@@ -172,23 +149,16 @@ Image Program::awaitSurface() const {
 }
 
 void Program::choose(const std::string& entry) const {
-  const auto awaitMenus = [this](std::size_t count) {
-    if (!eventually([&] { return screen_.menusOf(id()) == count; })) {
-      throw GuiError("the menu did not " + std::string(count > 0 ? "open" : "close"));
-    }
-  };
-  mainWindow().key({"alt+" + letterOf(entry.substr(0, entry.find('/')))});
+  const auto groups = menuKeys(menuPaths(), entry);
+  if (groups.empty()) throw GuiError("the menu has no entry \"" + entry + '"');
   std::size_t menus = 2;  // the title has a window, too
-  std::vector<std::string> keys;
-  for (std::size_t slash = entry.find('/'); slash != std::string::npos; ++menus) {
-    awaitMenus(menus);
-    slash = entry.find('/', slash + 1);
-    keys.insert(keys.end(), placeOf(entry.substr(0, slash)) - keys.size(), "Down");
-    if (slash == std::string::npos) keys.emplace_back("Return");
+  for (const std::vector<std::string>& keys : groups) {
     mainWindow().key(keys);
-    keys = {"Right"};  // into the submenu, to its first entry
+    const std::size_t open = &keys == &groups.back() ? 0 : menus++;
+    if (!eventually([&] { return screen_.menusOf(id()) == open; })) {
+      throw GuiError("the menu did not " + std::string(open > 0 ? "open" : "close"));
+    }
   }
-  awaitMenus(0);
 }
 
 long Program::residentKilobytes() const {
