@@ -1,7 +1,7 @@
 # shellcheck shell=bash
-# Shared functions of the measuring scripts: starting the program, reading its output, turning its
-# surface. Nothing polls, as that would disturb the measurement. To be sourced, not run. Sets
-# `folder` (temporary files, removed at the end) and `pid`.
+# Shared functions of the measuring scripts: starting the program, reading its output. Nothing polls,
+# as that would disturb the measurement. To be sourced, not run. Sets `folder` (temporary files,
+# removed at the end) and `pid`.
 
 folder=$(mktemp -d)
 trap 'rm -rf "$folder"' EXIT
@@ -11,10 +11,10 @@ median() { sort -n | awk '{ t[NR] = $1 } END { print t[int((NR + 1) / 2)] }'; }
 # sinceStart: milliseconds from `since` until now, with one decimal.
 sinceStart() { awk -v ns=$(($(now) - since)) 'BEGIN { printf "%.1f\n", ns / 1e6 }'; }
 
-# start PROGRAM...: runs it in the background; `since` is when it began.
+# start PROGRAM...: runs it in the background and lets it report its frames; `since` is when it began.
 start() {
   since=$(now)
-  exec 3< <(exec "$@" 2> /dev/null)
+  exec 3< <(exec env MORVANE_CHECK_GL=1 "$@" 2>&1)
   pid=$!
 }
 stop() {
@@ -29,30 +29,10 @@ awaitLine() {
   echo "the program ended without \"$1\"" >&2
   exit 1
 }
-# drain: discards the output up to now.
-drain() { while read -r -t 0.3 line <&3; do :; done; }
+# drain: discards the output until none comes for 2 seconds, so that no frame is left to be drawn.
+drain() { while read -r -t 2 line <&3; do :; done; }
 
-frame='Drawing Time for HM Key: '
-
-# turn: turns the surface continuously by mouse and prints the milliseconds between frames.
-turn() {
-  local window from mover count=0 moves=()
-  for ((i = 0; i < 5000; ++i)); do
-    moves+=(mousemove --window %1 "$((600 + 10 * (i % 16)))" 330 sleep 0.02)
-  done
-  window='^Morvane Reader Software$'
-  xdotool search --onlyvisible --name "$window" mousemove --window %1 600 300 mousedown 1
-  xdotool search --onlyvisible --name "$window" "${moves[@]}" &
-  mover=$!
-  awaitLine "$frame"
-  awaitLine "$frame"
-  from=$(now)
-  while ((count < 5 || $(now) - from < 3000000000)); do
-    awaitLine "$frame"
-    count=$((count + 1))
-  done
-  awk -v ns=$(($(now) - from)) -v n="$count" 'BEGIN { printf "%.0f\n", ns / 1e6 / n }'
-  kill "$mover"
-  wait "$mover" 2> /dev/null || true
-  xdotool mouseup 1
-}
+# What the program prints when a frame with all points of the surface is on the screen. Large surfaces
+# are drawn with fewer points first.
+# shellcheck disable=SC2034  # for the scripts that source this
+whole='frame: whole'

@@ -13,8 +13,8 @@ program=$1 bare=$2 make_grid=$3 runs=${4:-5}
 # row FIGURE VALUE [FLOOR]
 row() {
   awk -v figure="$1" -v value="$2" -v floor="${3:-0}" 'BEGIN {
-    if (floor > 0) printf("%-28s %9.1f %9.1f %6.2f\n", figure, value, floor, value / floor)
-    else printf("%-28s %9.1f\n", figure, value)
+    if (floor > 0) printf("%-30s %9.1f %9.1f %6.2f\n", figure, value, floor, value / floor)
+    else printf("%-30s %9.1f\n", figure, value)
   }'
 }
 # untilLine SIGN PROGRAM...: milliseconds from the start until a line that starts with SIGN.
@@ -29,21 +29,6 @@ untilLine() {
 # repeated FUNCTION...: the median of `runs` results.
 repeated() { for ((i = 0; i < runs; ++i)); do "$@"; done | median; }
 
-# The time of a frame: of the bare program, and of the program while its surface is turned.
-bareFrame() {
-  start "$bare" "$1" 8
-  awaitLine "frame "
-  read -r _ line _ <<< "$line"
-  echo "$line"
-  stop
-}
-programFrame() {
-  start "$program" "$1"
-  awaitLine "$frame"
-  sleep 1
-  turn
-  stop
-}
 mainWindow() { xdotool search --onlyvisible --name '^Morvane Reader Software$' | tail -1; }
 windows() { xprop -root _NET_CLIENT_LIST | grep -o 0x | wc -l; }
 
@@ -51,7 +36,7 @@ windows() { xprop -root _NET_CLIENT_LIST | grep -o 0x | wc -l; }
 report() {
   local window count
   start "$program" "$1"
-  awaitLine "$frame"
+  awaitLine "$whole"
   sleep 1
   window=$(mainWindow) count=$(windows)
   xdotool mousemove --window "$window" 77 484
@@ -62,11 +47,11 @@ report() {
   sinceStart
   stop
 }
-# From the press on "Apply" until the filtered surface is drawn.
+# From the press on "Apply" until the whole filtered surface is shown.
 apply() {
   local window filter
   start env MORVANE_MENU=full "$program" "$1"
-  awaitLine "$frame"
+  awaitLine "$whole"
   sleep 1
   window=$(mainWindow)
   # Tools, Filter
@@ -77,26 +62,21 @@ apply() {
   xdotool mousemove --window "$filter" 42 165 click 1 mousemove --window "$filter" 100 245 click 1
   xdotool key ctrl+a type 0.8
   xdotool mousemove --window "$filter" 110 365
-  sleep 1
   drain
   since=$(now)
   xdotool click 1
-  awaitLine "$frame"
+  awaitLine "$whole"
   sinceStart
   stop
 }
 
-for side in 1000 2000 4000; do "$make_grid" "$side" "$folder/$side.res"; done
-printf '%-28s %9s %9s %6s\n' "milliseconds" "program" "bare" "ratio"
+for side in 1000 4000; do "$make_grid" "$side" "$folder/$side.res"; done
+printf '%-30s %9s %9s %6s\n' "milliseconds" "program" "bare" "ratio"
 row "start without a file" "$(repeated untilLine 'Display MRV3' "$program")" \
   "$(repeated untilLine shown "$bare")"
 for side in 1000 4000; do
-  row "start to picture, $side²" "$(repeated untilLine "$frame" "$program" "$folder/$side.res")" \
+  row "start to whole picture, $side²" "$(repeated untilLine "$whole" "$program" "$folder/$side.res")" \
     "$(repeated untilLine drawn "$bare" "$folder/$side.res")"
 done
-for side in 1000 2000; do
-  row "frame while turning, $side²" "$(repeated programFrame "$folder/$side.res")" \
-    "$(repeated bareFrame "$folder/$side.res")"
-done
 row "report to chooser, 1000²" "$(repeated report "$folder/1000.res")"
-row "Apply to picture, 1000²" "$(repeated apply "$folder/1000.res")"
+row "Apply to whole picture, 1000²" "$(repeated apply "$folder/1000.res")"
