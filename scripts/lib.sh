@@ -56,6 +56,11 @@ await() {
   done
 }
 
+# productRooms: the folders of the product, which CMakeLists.txt adds in one block.
+productRooms() {
+  sed -n '/^# The rooms/,/^$/s/^add_subdirectory(\(.*\))$/\1/p' "$root/CMakeLists.txt"
+}
+
 # packagesOf GROUP...: the names that packages.txt lists under these groups.
 packagesOf() {
   awk -v wanted=" $* " '

@@ -15,10 +15,11 @@ import tempfile
 
 from rules import Source
 
-ROOMS = ("base", "resfile", "surface", "filter", "results", "geometry", "view", "export",
-         "widgets", "ui", "app")
-BUILT = (*ROOMS, "tests", "tools", "fuzz", "resources", "cmake", "CMakeLists.txt")
 ROOT = pathlib.Path(__file__).resolve().parents[2]
+# The folders of the product, which CMakeLists.txt adds in one block.
+ROOMS = tuple(re.findall(r"\nadd_subdirectory\((\w+)\)", (ROOT / "CMakeLists.txt").read_text()
+                         .partition("# The rooms")[2].partition("\n\n")[0]))
+BUILT = (*ROOMS, "tests", "tools", "fuzz", "resources", "cmake", "CMakeLists.txt")
 WORK = ROOT / "build-mutate"
 TREE, PLAIN, COUNTING = WORK / "tree", WORK / "plain", WORK / "counting"
 DISPLAY_TESTS = 10  # that run for one mutant at most
