@@ -1,4 +1,4 @@
-// Any bytes as the bitmap beside a measurement: read, and draped over small grids.
+// Any bytes as the bitmap beside a measurement: read and draped over small grids.
 #include <algorithm>
 #include <sstream>
 #include <vector>
@@ -15,7 +15,7 @@ constexpr std::size_t kMaxPoints = 40;  // along a side of a grid
 void drape(const BitmapImage& image, std::size_t width, std::size_t height, std::ostream& log) {
   const auto grid =
       HeightGrid::zeroed(static_cast<std::int64_t>(width), static_cast<std::int64_t>(height));
-  demand(grid != nullptr, "a small grid finds memory");
+  require(grid != nullptr, "a small grid finds memory");
   SurfaceModel model(log);
   model.heatMap = false;
   model.setRaw(grid);
@@ -24,8 +24,11 @@ void drape(const BitmapImage& image, std::size_t width, std::size_t height, std:
   std::vector<float> colours(positions.size(), -1.0F);
   const BitmapDrape picture(image, width, height);
   model.build({positions, normals, colours, {}}, &picture);
-  demand(std::ranges::all_of(colours, [](float c) { return c >= 0.0F && c <= 1.0F; }),
-         "every vertex under a bitmap has a colour");
+  const CoarseMesh coarse = model.buildCoarse(3, &picture);
+  for (const std::vector<float>& channels : {colours, coarse.colours}) {
+    require(std::ranges::all_of(channels, [](float c) { return c >= 0.0F && c <= 1.0F; }),
+            "every vertex under a bitmap has a colour");
+  }
 }
 
 }  // namespace
@@ -37,15 +40,15 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   std::ostringstream log;
   BitmapImage image(log);
   const std::int16_t bits = image.readBitmap(inputFile(data, size));
-  demand(image.readBitmap(fileBesideInput("missing.bmp")) == bits,
-         "a bitmap that cannot be opened leaves the one before");
+  require(image.readBitmap(fileBesideInput("missing.bmp")) == bits,
+          "a bitmap that cannot be opened leaves the last one in place");
   if (image.pixels().empty()) return 0;
 
   const auto width = static_cast<std::size_t>(image.header().width);
   const auto height = static_cast<std::size_t>(image.header().height);
-  demand(image.pixels().size() == width * height * image.bytesPerPixel(),
-         "a bitmap has as many pixels as its header says");
-  // Of the same size, larger and smaller in one direction or both, and without cells.
+  require(image.pixels().size() == width * height * image.bytesPerPixel(),
+          "a bitmap has as many pixels as its header says");
+  // Grids of the same size, larger and smaller in one or both directions, and one without cells.
   const auto near = [](std::size_t pixels, std::size_t more) {
     return std::min(pixels + more, kMaxPoints);
   };

@@ -10,14 +10,14 @@
 
 namespace morvane {
 
-void demand(bool holds, const char* promise) {
+void require(bool holds, const char* invariant) {
   if (holds) return;
-  std::fprintf(stderr, "A promise does not hold: %s\n", promise);
+  std::fprintf(stderr, "Invariant violated: %s\n", invariant);
   std::abort();
 }
 
-void demandFinite(std::span<const float> values, const char* promise) {
-  demand(std::ranges::all_of(values, [](float value) { return std::isfinite(value); }), promise);
+void requireFinite(std::span<const float> values, const char* invariant) {
+  require(std::ranges::all_of(values, [](float value) { return std::isfinite(value); }), invariant);
 }
 
 std::string fileBesideInput(const std::string& name) {
@@ -30,7 +30,7 @@ std::string inputFile(const std::uint8_t* data, std::size_t size) {
   std::ofstream file(path, std::ios::binary);
   file.write(reinterpret_cast<const char*>(data), static_cast<std::streamsize>(size));
   file.close();
-  demand(file.good(), "the folder of temporary files takes a file");
+  require(file.good(), "the input file is written");
   return path;
 }
 

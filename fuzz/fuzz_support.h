@@ -1,4 +1,4 @@
-// What the fuzz targets share: a file for readers that take paths, and their demands.
+// Shared by the fuzz targets: input files for readers that take paths, and checks of invariants.
 #pragma once
 
 #include <cstddef>
@@ -8,14 +8,13 @@
 
 namespace morvane {
 
-/// Stops the run when a promise of the product does not hold, so that the input is kept as a
-/// finding; `promise` is what the report says.
-void demand(bool holds, const char* promise);
+/// Aborts when an invariant is violated, so that libFuzzer keeps the input; `invariant` is printed.
+void require(bool holds, const char* invariant);
 
-/// Demands that none of `values` is infinite or NaN.
-void demandFinite(std::span<const float> values, const char* promise);
+/// Requires that none of `values` is infinite or NaN.
+void requireFinite(std::span<const float> values, const char* invariant);
 
-/// Puts the input into a file of this process and returns its path; the next input replaces it.
+/// Writes the input to a file of this process and returns its path. The next input replaces it.
 std::string inputFile(const std::uint8_t* data, std::size_t size);
 
 /// A path beside the input file. Both are removed when the process ends.

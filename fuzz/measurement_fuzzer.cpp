@@ -18,11 +18,11 @@
 namespace morvane {
 namespace {
 
-// Larger grids are read and listed only: they take long and hold nothing new.
+// Larger grids are read and listed only: they take long and find nothing new.
 constexpr std::size_t kMaxPoints = std::size_t{64} * 64;
 
-/// What an operator would type or drag is taken from the file too: numbers from its texts, pins
-/// from the end of its results.
+/// What an operator types and drags is taken from the file too: numbers from its texts, the places
+/// of the pins from the end of its results.
 struct Operator {
   explicit Operator(const Measurement& m)
       : crop{true, leadingFloat(fieldText(m.header.headerText1)),
@@ -44,7 +44,7 @@ void list(const resFile& file) {
   [[maybe_unused]] const ResultLayout layout = resultLayout(header, file.results());
 }
 
-/// The section under lines through the grid that is shown, as the profile's window plots it.
+/// Samples sections of the shown grid and lays out their plots, as the profile window does.
 void cutThrough(const SurfaceModel& model, const ResHeader& header, const PinPair& dragged) {
   const HeightGrid& grid = *model.shown();
   const GridSize size = {grid.width(), grid.height()};
@@ -61,10 +61,10 @@ void cutThrough(const SurfaceModel& model, const ResHeader& header, const PinPai
     for (const int width : {1130, 120}) {
       const ProfilePlot plotted = layOutProfile(data, width, 250, textWidth);
       for (const glm::vec2& end : plotted.levels) {
-        demandFinite(std::array{end.x, end.y}, "a level has a place in the plot");
+        requireFinite(std::array{end.x, end.y}, "a level has a place in the plot");
       }
       for (const PlotText& text : plotted.texts) {
-        demandFinite(std::array{text.place.x, text.place.y}, "a text has a place in the plot");
+        requireFinite(std::array{text.place.x, text.place.y}, "a text has a place in the plot");
       }
     }
   }
@@ -79,15 +79,21 @@ void buildSurface(SurfaceModel& model, const ResHeader& header, const PinPair& d
   std::vector<float> faces(cells * kFaceFloatsPerCell);
   model.build({positions, normals, colours, faces});
   for (const KeyLabel& label : keyLabels(model.colourScale())) {
-    demand(!label.text.empty(), "every label of the key has a text");
+    require(!label.text.empty(), "every label of the key has a text");
   }
   if (!model.hasHeights()) return;
-  demandFinite(normals, "normals are numbers");
-  demandFinite(faces, "normals of faces are numbers");
-  demandFinite(colours, "colours are numbers");
+  requireFinite(normals, "normals are finite");
+  requireFinite(faces, "normals of faces are finite");
+  requireFinite(colours, "colours are finite");
   // A limit typed beyond single precision is infinite, and so are the heights clamped to it.
   const bool infinite = std::isinf(model.crop.min) || std::isinf(model.crop.max);
-  if (!model.crop.on || !infinite) demandFinite(positions, "positions are numbers");
+  const CoarseMesh coarse = model.buildCoarse(3);
+  if (!model.crop.on || !infinite) {
+    requireFinite(positions, "positions are finite");
+    requireFinite(coarse.positions, "coarse positions are finite");
+  }
+  requireFinite(coarse.normals, "coarse normals are finite");
+  requireFinite(coarse.colours, "coarse colours are finite");
   cutThrough(model, header, dragged);
 }
 
@@ -100,10 +106,10 @@ void filter(const Measurement& measurement, FilterSettings settings, SurfaceMode
     settings.*type = true;
     [[maybe_unused]] const std::string hint = filterHint(settings, measurement.header);
     const FilterRun run = runFilter(settings, measurement, log);
-    demand(run.status == FilterStatus::kDone, "a small grid is filtered");
+    require(run.status == FilterStatus::kDone, "a small grid is filtered");
     const auto filtered = run.filtered->values();
     for (std::size_t i = 0; i < raw.size(); ++i) {
-      demand(std::isnan(filtered[i]) == isMissing(raw[i]), "a filter makes and fills no holes");
+      require(std::isnan(filtered[i]) == isMissing(raw[i]), "a filter makes and fills no holes");
     }
     model.setFiltered(run.filtered);
   }
@@ -114,20 +120,20 @@ void saveAndReopen(resFile& file, const Measurement& source, const PinPair& corn
   const HeightGrid& grid = *source.grid;
   if (cellCount(grid) == 0) return;
   const GridRegion region = regionBetween(corners, {grid.width(), grid.height()});
-  demand(saveRegion(file, source, grid, region, path).empty(), "a region is saved");
+  require(saveRegion(file, source, grid, region, path).empty(), "a region is saved");
   file.update(path);
-  demand(file.isValid() && file.grid(), "a saved region opens");
+  require(file.isValid() && file.grid(), "a saved region opens");
   const std::vector<double> heights = cutHeights(grid, region);
   const auto read = file.grid()->values();
-  demand(read.size() == heights.size() &&
-             std::memcmp(read.data(), heights.data(), read.size_bytes()) == 0,
-         "a saved region has the heights it was cut from");
-  // NOLINTNEXTLINE(bugprone-suspicious-memory-comparison): numbers that are none count as equal.
-  demand(std::memcmp(&file.results(), &source.results, sizeof source.results) == 0,
-         "a saved region has the results of its measurement");
-  demand(file.header().headerText1 == source.header.headerText1 &&
-             fieldText(file.header().headerText3) == fieldText(source.header.headerText3),
-         "a saved region has the texts of its measurement");
+  require(read.size() == heights.size() &&
+              std::memcmp(read.data(), heights.data(), read.size_bytes()) == 0,
+          "a saved region has the heights it was cut from");
+  // NOLINTNEXTLINE(bugprone-suspicious-memory-comparison): as bytes, so that NaN equals NaN
+  require(std::memcmp(&file.results(), &source.results, sizeof source.results) == 0,
+          "a saved region has the results of its measurement");
+  require(file.header().headerText1 == source.header.headerText1 &&
+              fieldText(file.header().headerText3) == fieldText(source.header.headerText3),
+          "a saved region has the texts of its measurement");
 }
 
 }  // namespace

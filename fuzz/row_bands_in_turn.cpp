@@ -1,6 +1,6 @@
-// Stands in the place of surface/row_bands.cpp in a fuzz target: the same bands, one after the
-// other. Under the address sanitizer seven threads cost more than all that follows a read, and the
-// sanitizer keeps a record of each for ever. The replay runs the real ones.
+// Replaces row_bands.cpp in fuzz targets: runs the bands one after the other, since under the
+// address sanitizer starting threads is slow and each leaves memory behind. The replay uses the
+// real threads.
 #include "surface/row_bands.h"
 
 namespace morvane {
