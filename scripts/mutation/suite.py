@@ -182,7 +182,8 @@ def measured_tests(state):
     if missing:
         print(f"Finding the lines that {len(missing)} tests reach", flush=True)
         saver = WORK / "saver.o"
-        need(["g++", "-c", pathlib.Path(__file__).with_name("save_counts.cpp"), "-o", saver])
+        source = pathlib.Path(__file__).with_name("save_counts.cpp")
+        need(["g++", "-fno-exceptions", "-c", source, "-o", saver])
         configure(COUNTING, "-O0 --coverage", f"-DCMAKE_EXE_LINKER_FLAGS=--coverage {saver}")
         need(["ninja", "-C", COUNTING])
     for test in missing:
