@@ -21,12 +21,27 @@ void CsvWriter::text(std::string_view cell) {
 }
 
 void CsvWriter::number(float value) {
+  std::string text;
+  if (std::isfinite(value)) appendExact(text, value);
+  digits(std::move(text));
+}
+
+void CsvWriter::number(double value) {
+  std::string text;
+  if (std::isfinite(value)) appendExact(text, value);
+  digits(std::move(text));
+}
+
+void CsvWriter::product(double value) {
+  std::string text;
+  if (std::isfinite(value)) appendRounded(text, value);
+  digits(std::move(text));
+}
+
+void CsvWriter::digits(std::string text) {
   beginCell();
-  if (!std::isfinite(value)) return;
-  std::string digits;
-  appendExact(digits, value);
-  std::ranges::replace(digits, '.', style_.decimalSign);
-  out_.text(digits);
+  std::ranges::replace(text, '.', style_.decimalSign);
+  out_.text(text);
 }
 
 void CsvWriter::endLine() {

@@ -26,13 +26,17 @@ class CsvWriter {
   void text(std::string_view cell);
   /// A cell with the shortest text that reads back to the same number. NaN and infinity leave it
   /// empty.
+  void number(double value);
   void number(float value);
+  /// The same with 15 digits, without those of rounding: for products such as 3 × 0.1.
+  void product(double value);
   void endLine();
 
   [[nodiscard]] bool failed() const { return out_.failed(); }
 
  private:
   void beginCell();
+  void digits(std::string text);
 
   TextWriter out_;
   CsvStyle style_;

@@ -92,13 +92,23 @@ TEST(SectionTable, HasTrueHeightsAndTellsWhereLimitsCut) {
   ASSERT_TRUE(source.section);
   EXPECT_EQ(written(writeSection, source),
             "x_mm,y_mm,distance_mm,height_um,cut\n"
-            "0.3,0.02,0,3.25,0\n0.2,0.02,0.1,,0\n0.1,0.02,0.2,1.5,0\n");
+            "0.3,0.02,0,3.25,0\n0.2,0.02,0.1,,0\n0.1,0.02,0.2,1.5,0\n0,0.02,0.3,0.5,0\n");
   source.limits = {.on = true, .min = 2.0F, .max = 3.0F};
   source.csv = kSemicolons;
   EXPECT_EQ(written(writeSection, source),
             "x_mm;y_mm;distance_mm;height_um;cut\n"
-            "0,3;0,02;0;3,25;1\n0,2;0,02;0,1;;0\n0,1;0,02;0,2;1,5;1\n");
+            "0,3;0,02;0;3,25;1\n0,2;0,02;0,1;;0\n0,1;0,02;0,2;1,5;1\n0;0,02;0,3;0,5;1\n");
   EXPECT_FALSE(sectionBetween(source, {0.0, 0.0}, {0.36, 0.0}));
+  // On a plane a slanted section has the plane's heights; with a point missing, gaps beside it.
+  source.heights = gridOf(4, 3, {0, 10, 20, 30, 100, 110, NAN, 130, 200, 210, 220, 230});
+  source.section = sectionBetween(source, {0.0, 0.0}, {0.3, 0.04});
+  source.limits = {};
+  source.csv = {};
+  EXPECT_EQ(written(writeSection, source),
+            "x_mm,y_mm,distance_mm,height_um,cut\n0,0,0,0,0\n"
+            "0.075,0.01,0.0756637297521078,57.5,0\n0.15,0.02,0.151327459504216,,0\n"
+            "0.225,0.03,0.226991189256323,,0\n"
+            "0.3,0.04,0.302654919008431,230,0\n");
   // A quotient that single precision rounds to just below the point.
   EXPECT_EQ(sampleLine({400, 400}, pinsOn({251, 253}, {0, 0})).start.column, 251);
 }
