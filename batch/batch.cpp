@@ -1,7 +1,9 @@
 #include "batch/batch.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <cstdio>
+#include <cstring>
 
 #include "base/debug_log.h"
 #include "base/paths.h"
@@ -10,6 +12,17 @@
 #include "batch/progress.h"
 
 namespace morvane {
+
+namespace {
+
+/// `text` with "?" in place of control characters: a file's name may hold a line feed.
+std::string plainLine(std::string text) {
+  const auto isControl = [](char c) { return (c >= 0 && c < ' ') || c == 0x7F; };
+  std::ranges::replace_if(text, isControl, '?');
+  return text;
+}
+
+}  // namespace
 
 bool hasOptions(const std::vector<std::string>& words) {
   const auto isOption = [](const std::string& word) { return word.starts_with('-'); };
@@ -21,9 +34,11 @@ std::optional<int> runBatch(const std::vector<std::string>& words, const std::st
   const Reading reading = readOptions(words);
   if (reading.status) {
     std::fputs(reading.error.c_str(), stderr);
-    return std::fputs(reading.output.c_str(), stdout) < 0 || std::fflush(stdout) != 0
-               ? 1
-               : reading.status;
+    if (std::fputs(reading.output.c_str(), stdout) >= 0 && std::fflush(stdout) == 0) {
+      return reading.status;
+    }
+    std::fprintf(stderr, "standard output: %s\n", std::strerror(errno));
+    return 1;
   }
   const BatchOptions& options = reading.options;
   setLogTarget(options.verbose ? LogTarget::kErrors : LogTarget::kNowhere);
@@ -35,7 +50,7 @@ std::optional<int> runBatch(const std::vector<std::string>& words, const std::st
     const std::string reason = jobs.run(file);
     if (reason.empty()) continue;
     progress.erase();
-    std::fprintf(stderr, "%s: %s\n", file.c_str(), reason.c_str());
+    std::fprintf(stderr, "%s\n", plainLine(file + ": " + reason).c_str());
     ++failed;
   }
   progress.erase();

@@ -41,16 +41,6 @@ Camera cameraOf(const BatchOptions& options, ShownSurface& shown, int height) {
 /// An output in messages.
 std::string nameOf(const std::string& path) { return path == "-" ? "standard output" : path; }
 
-/// The output path of `file` for the pattern `out`.
-std::string outputPath(std::string out, const std::string& file) {
-  constexpr std::string_view kName = "{name}";
-  const std::string name = suggestedName(file);
-  for (std::size_t at = 0; (at = out.find(kName, at)) != std::string::npos; at += name.size()) {
-    out.replace(at, kName.size(), name);
-  }
-  return out;
-}
-
 /// Why a filter cannot be used on a measurement; empty when it can.
 std::string filterTrouble(const FilterSettings& filter, const ResHeader& header) {
   std::string hint = filterHint(filter, header);
@@ -115,8 +105,10 @@ std::string FileJobs::writeOutputs(const std::string& file, Shown& shown) {
   };
   const auto bytesFrom = [&](const auto& make) {
     return [&, make](const std::string& path) {
+      // Told before the picture is drawn.
+      std::string trouble = outputTrouble(path, file, options_.force);
       Bytes bytes;
-      const std::string trouble = make(path, bytes);
+      if (trouble.empty()) trouble = make(path, bytes);
       if (!trouble.empty()) return trouble;
       return writeOutput(path, file, options_.force,
                          [&](ByteSink& sink) { sink.write(bytes.data(), bytes.size()); });

@@ -2,11 +2,13 @@
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <filesystem>
 #include <map>
 #include <sstream>
 
 #include "base/number_text.h"
 #include "base/paths.h"
+#include "batch/output.h"
 #include "export/formats.h"
 #include "export/picture_file.h"
 #include "export/report_page.h"
@@ -300,8 +302,15 @@ void checkUsage(const BatchOptions& options) {
   if (options.files.empty()) throw CLI::RequiredError("FILE");
   int wanted = options.info ? 1 : 0;
   int toStandardOutput = wanted;
+  std::map<std::string, const char*> outputs;
   for (const Output& output : kOutputs) {
     checkOutput(output, options);
+    const std::string& path = options.*output.path;
+    const auto [other, fresh] = outputs.emplace(path, output.option);
+    if (!fresh && !path.empty() && path != "-") {
+      refuse(std::string(output.option) + ' ' + path,
+             std::string("it is that of ") + other->second);
+    }
     wanted += (options.*output.path).empty() ? 0 : 1;
     toStandardOutput += options.*output.path == "-" ? 1 : 0;
   }
@@ -312,6 +321,25 @@ void checkUsage(const BatchOptions& options) {
   }
   if (options.from.has_value() != options.to.has_value()) {
     refuse(options.from ? "--from" : "--to", "the other end is needed too");
+  }
+}
+
+/// Refuses outputs that would replace a measurement before it is read.
+void checkInputsKept(const BatchOptions& options) {
+  if (!options.force) return;
+  std::error_code error;
+  std::map<std::filesystem::path, const std::string*> inputs;
+  for (const std::string& file : options.files) {
+    inputs.emplace(std::filesystem::canonical(file, error), &file);
+  }
+  for (const Output& output : kOutputs) {
+    const std::string& pattern = options.*output.path;
+    if (pattern.empty() || pattern == "-") continue;
+    for (const std::string& file : options.files) {
+      const auto path = std::filesystem::canonical(outputPath(pattern, file), error);
+      if (error || !inputs.contains(path)) continue;
+      refuse(std::string(output.option) + ' ' + pattern, "it would replace " + *inputs[path]);
+    }
   }
 }
 
@@ -352,10 +380,12 @@ Reading readOptions(const std::vector<std::string>& words) {
     for (std::size_t i = 0; i < texts.size(); ++i) {
       const ValueOption& option = kValueOptions[i];
       if (app.count(option.name) == 0) continue;
+      if (app.count(option.name) > 1) refuse(option.name, "it is given twice");
       const std::string why = option.take(options, texts[i]);
       if (!why.empty()) refuse(std::string(option.name) + ' ' + texts[i], why);
     }
     checkUsage(options);
+    checkInputsKept(options);
   } catch (const CLI::Success& wanted) {
     std::ostringstream text;
     reading.status = app.exit(wanted, text, text);

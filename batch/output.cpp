@@ -7,6 +7,7 @@
 
 #include "base/file_io.h"
 #include "base/safe_file.h"
+#include "export/report_page.h"
 
 namespace morvane {
 namespace {
@@ -29,6 +30,22 @@ class StandardOutput : public ByteSink {
 
 }  // namespace
 
+std::string outputPath(std::string pattern, const std::string& input) {
+  constexpr std::string_view kName = "{name}";
+  const std::string name = suggestedName(input);
+  for (std::size_t at = 0; (at = pattern.find(kName, at)) != std::string::npos; at += name.size()) {
+    pattern.replace(at, kName.size(), name);
+  }
+  return pattern;
+}
+
+std::string outputTrouble(const std::string& path, const std::string& input, bool force) {
+  if (path == "-" || !fileExists(path)) return {};
+  if (isSameFile(input, path)) return "is the measurement itself";
+  if (!openForReading(path) && errno == EISDIR) return std::strerror(EISDIR);
+  return force ? "" : "exists; --force replaces it";
+}
+
 std::string writeOutput(const std::string& path, const std::string& input, bool force,
                         const std::function<void(ByteSink&)>& writer) {
   try {
@@ -37,11 +54,8 @@ std::string writeOutput(const std::string& path, const std::string& input, bool 
       writer(output);
       return output.finish();
     }
-    if (isSameFile(input, path)) return "is the measurement itself";
-    if (fileExists(path)) {
-      if (!openForReading(path) && errno == EISDIR) return std::strerror(EISDIR);
-      if (!force) return "exists; --force replaces it";
-    }
+    std::string trouble = outputTrouble(path, input, force);
+    if (!trouble.empty()) return trouble;
     SafeFile file(path);
     writer(file);
     return file.commit();

@@ -133,11 +133,11 @@ TEST_F(Batch, WritesNumbersAndTheSectionInThePicture) {
   for (const char* options :
        {"a.res --section s2.csv --from 0,0 --to 500,1",
         "a.res --section s2.csv --from 1,1 --to 1,1", "a.res --picture s2.png --bitmap a.res",
-        "a.res --picture s2.png --low-pass 500", "a.res --heights a.res --force",
-        "a.res --info >/dev/full", "a.res --info >&-", "--help >/dev/full",
-        "none.res --info --results s2.csv >info"}) {
+        "a.res --picture s2.png --low-pass 500", "a.res --info >/dev/full", "a.res --info >&-",
+        "--help >/dev/full", "none.res --info --results s2.csv >info"}) {
     EXPECT_EQ(run(options).status, 1) << options;
   }
+  EXPECT_EQ(run("b.res --heights ./b.res --force").status, 2);
   EXPECT_EQ(contentOf(folder_.file("info")) + contentOf(folder_.file("s2.csv")), "");
   EXPECT_EQ(run("--scale 2 none.res a.res --limits -1,1 --info >info").status, 1);
   EXPECT_THAT(contentOf(folder_.file("info")), testing::StartsWith("[{\n")) << "of several files";
@@ -211,6 +211,8 @@ TEST_F(Batch, RefusesWrongUsageWithOptionAndValue) {
         {"a.res --picture a.png --zoom 0", "--zoom"},
         {"a.res --heights a.txt", ".sdf"},
         {"a.res --section s.csv --from 1,1", "--to"},
+        {"a.res --info --results s.csv --section s.csv --from 1,1 --to 2,2", "--section"},
+        {"a.res --report a.pdf --report b.pdf", "twice"},
         {"a.res --report - --picture -", "standard output"}}) {
     const Outcome outcome = run(options);
     EXPECT_EQ(outcome.status, 2) << options;
