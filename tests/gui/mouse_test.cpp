@@ -173,9 +173,10 @@ TEST_F(Mouse, KeepsBothPicturesThroughResizingAndManySwitches) {
     return p.width() == 1000 && p.part(plot).count(isCurve) > 150 &&
            p.part(view).count(isSurface) > 100 && isSky(p.at({400, 200}));
   });
-  window().resize(1280, 800);
+  window().resize(kWindowWidth, kWindowHeight);
   await("both pictures in the first size", [](const Image& p) {
-    return p.width() == 1280 && p.part(kPlot).count(isCurve) > 200 && surfacePixels(p) > 100;
+    return p.width() == kWindowWidth && p.part(kPlot).count(isCurve) > 200 &&
+           surfacePixels(p) > 100;
   });
 }
 

@@ -32,6 +32,7 @@
 #include "ui/main_window.h"
 #include "ui/results_panel.h"
 #include "ui/view_layout.h"
+#include "ui/window_geometry.h"
 
 namespace morvane {
 namespace {
@@ -56,7 +57,7 @@ void closeMessages(void* /*unused*/) {
 }
 
 /// The window, built once for all tests and `width` × `height` large.
-Fl_Double_Window& mainWindow(int width, int height) {
+Fl_Double_Window& mainWindow(int width = kWindowWidth, int height = kWindowHeight) {
   static bool built = false;
   if (!built) {
     appState().exeFolder = folderOf(MORVANE_PROGRAM);
@@ -139,7 +140,8 @@ void expectBaseline(const std::string& name, const Image& picture) {
 // One after the other in one column, so that nothing of the file before may stay. Those of version
 // 3 come first: without an algorithm code of their own they keep the one before.
 TEST(Column, LooksAsItDidForEveryLayout) {
-  Fl_Double_Window& window = mainWindow(1280, 800);
+  Fl_Double_Window& window = mainWindow();
+  constexpr Area kColumn = windowLayout(kWindowWidth, kWindowHeight, true, false).results;
   Image shown;
   open(MORVANE_SAMPLES "/codes/code_00.res");
   for (const std::string name : {"version_3", "version_3_dull", "09", "code_01", "10", "code_02",
@@ -150,30 +152,32 @@ TEST(Column, LooksAsItDidForEveryLayout) {
     EXPECT_EQ(appState().detailsButton->visible() != 0, offered) << name;
     if (appState().resultsPanel->visible() == 0) toggleResultsColumn();
     while (Fl::wait(0.1) > 0) continue;
-    const Image picture = captured(window, {1060, 25, 220, 775});
+    const Image picture = captured(window, kColumn);
     expectBaseline("column_" + name, picture);
     shown = picture;
   }
   // In a lower column the rows keep their places, and its edge cuts them off.
-  appState().resultsPanel->size(220, 300);
+  constexpr Area kUpper{kColumn.x, kColumn.y, kColumn.w, 300};
+  constexpr Area kBelow{kColumn.x, kColumn.y + kUpper.h, kColumn.w, kColumn.h - kUpper.h};
+  appState().resultsPanel->size(kUpper.w, kUpper.h);
   window.redraw();
   while (Fl::wait(0.1) > 0) continue;
-  EXPECT_TRUE(captured(window, {1060, 25, 220, 300}) == shown.part({0, 0, 220, 300}));
+  EXPECT_TRUE(captured(window, kUpper) == shown.part({0, 0, kUpper.w, kUpper.h}));
   const auto isDrawn = [](const Rgb& c) { return c != gui::kBlack; };
-  EXPECT_EQ(captured(window, {1060, 325, 220, 475}).count(isDrawn), 0);
-  EXPECT_GT(shown.part({0, 300, 220, 475}).count(isDrawn), 0);
+  EXPECT_EQ(captured(window, kBelow).count(isDrawn), 0);
+  EXPECT_GT(shown.part({0, kUpper.h, kBelow.w, kBelow.h}).count(isDrawn), 0);
   layoutViews();
 }
 
 TEST(Windows, EachLooksAsItDid) {
   Fl::visible_focus(0);  // which window has it depends on the window manager
-  Fl_Double_Window& window = mainWindow(1280, 800);
+  Fl_Double_Window& window = mainWindow();
   // A small surface: its frames are never coarse.
   open(golden::file("float_sum/measurement.res").string());
   const AppState& app = appState();
   app.profileButton->do_callback();
   while (Fl::wait(0.1) > 0) continue;
-  expectBaseline("main", captured(window, {0, 0, 1280, 800}));
+  expectBaseline("main", captured(window, {0, 0, kWindowWidth, kWindowHeight}));
   const Area agreement{0, 0, 700, 800};  // beside it stands the time of the build
   for (const auto& [name, other, area] :
        std::initializer_list<std::tuple<std::string, Fl_Window*, Area>>{
@@ -190,7 +194,7 @@ TEST(Windows, EachLooksAsItDid) {
 }
 
 TEST(Column, TextThatIsCutHasATooltip) {
-  mainWindow(1280, 800);
+  mainWindow();
   ResultsPanel& panel = *appState().resultsPanel;
   // The tip of the display whose text begins with `text`, for a part of this name.
   const auto tipOf = [&](std::string_view part, std::string_view text) -> std::string {
