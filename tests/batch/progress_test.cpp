@@ -1,4 +1,4 @@
-// The line that tells how far a run over many files is.
+// The progress line of a run over many files.
 #include <gtest/gtest.h>
 
 #include "batch/progress.h"

@@ -1,6 +1,6 @@
 // Pictures of the program's own window. Needs a display.
 #include <gtest/gtest.h>
-// The toolkit's and the server's headers bring macros that the test library's do not survive.
+// Must come after GoogleTest: their macros break its headers
 #include <FL/Fl.H>
 #include <FL/Fl_Double_Window.H>
 #include <FL/Fl_JPEG_Image.H>
@@ -30,7 +30,7 @@ constexpr int kSplit = 104;  // black on its left, white on its right
 class SplitWindow : public Fl_Double_Window {
  public:
   SplitWindow() : Fl_Double_Window(100, 80, 400, 300) {
-    // Out of the window manager's hands it stands exactly where it is put.
+    // Not managed by the window manager, so its position is exact.
     set_override();
     end();
   }
@@ -84,7 +84,7 @@ class CaptureTest : public testing::Test {
     XSetErrorHandler(nullptr);
   }
 
-  /// Lets the toolkit work until the window is drawn and the server has seen everything.
+  /// Runs FLTK's event loop until the window is drawn, and waits for the X server.
   void settle() {
     const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(20);
     while (!window_.drawn && std::chrono::steady_clock::now() < end) Fl::wait(0.02);
@@ -106,9 +106,9 @@ class CaptureTest : public testing::Test {
   SplitWindow window_;
 };
 
-TEST_F(CaptureTest, SavesWhatTheWindowShowsUnderTheMomentsName) {
+TEST_F(CaptureTest, SavesWhatTheWindowShowsUnderANameWithTheTime) {
   const std::string before = pictureName(localNow());
-  // One of its own pictures lies inside, the other reaches out on two sides.
+  // One of the pictures pasted over it is inside, the other reaches beyond two of its sides.
   const std::vector<ScreenPart> own = {greyPart({240, 190}, 50, 60),
                                        greyPart({400, 300}, 500, 500)};
   const Screenshot shot = captureScreenRect({140, 90}, {140 + 381, 90 + 313}, &window_, own);
@@ -136,7 +136,7 @@ TEST_F(CaptureTest, SavesWhatTheWindowShowsUnderTheMomentsName) {
                {100, 294, kBlack}});
 }
 
-// The window stands out of the screen on every side, and the rectangle out of the window.
+// The window is larger than the screen on every side, and the rectangle larger than the window.
 TEST_F(CaptureTest, IsBlackWhereThereIsNoPicture) {
   const int width = Fl::w();
   const int height = Fl::h();
@@ -147,7 +147,7 @@ TEST_F(CaptureTest, IsBlackWhereThereIsNoPicture) {
   expectSpots(captureScreenRect({-60, -50}, {width + 60, height + 50}, &window_, {&own, 1}),
               width + 120, height + 100,
               {{56, 100, kBlack},
-               {66, 100, kBlack},  // the window's own
+               {66, 100, kBlack},  // inside the window
                {200, 46, kBlack},
                {200, 54, kWhite},
                {44, 270, kGrey},
@@ -172,7 +172,7 @@ TEST_F(CaptureTest, SurvivesAWindowThatIsHiddenOrGone) {
   EXPECT_EQ(serverErrors, 0);
   window_.hide();
   XSync(fl_display, False);
-  serverErrors = 0;  // the toolkit has just destroyed the window a second time
+  serverErrors = 0;  // FLTK has just destroyed the window a second time
   expectNothing(captureScreenRect(from, to, &window_));
   expectNothing(captureScreenRect(from, to, nullptr));
 }

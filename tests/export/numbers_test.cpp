@@ -23,7 +23,7 @@
 namespace morvane {
 namespace {
 
-/// 3 × 2 points with one missing, as a filter left them.
+/// 3 × 2 filtered points, one of which is missing.
 ExportSource smallSource() {
   ExportSource source;
   source.measurement.path = "a,b.res";
@@ -109,7 +109,7 @@ TEST(SectionTable, HasTrueHeightsAndTellsWhereLimitsCut) {
             "0.075,0.01,0.0756637297521078,57.5,0\n0.15,0.02,0.151327459504216,,0\n"
             "0.225,0.03,0.226991189256323,,0\n"
             "0.3,0.04,0.302654919008431,230,0\n");
-  // A quotient that single precision rounds to just below the point.
+  // In single precision the quotient is just below the column.
   EXPECT_EQ(sampleLine({400, 400}, pinsOn({251, 253}, {0, 0})).start.column, 251);
 }
 

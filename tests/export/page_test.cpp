@@ -1,4 +1,4 @@
-// What the report says, before it is drawn.
+// The texts of the report's page, before it is drawn.
 #include <gtest/gtest.h>
 
 #include <iomanip>
@@ -64,7 +64,8 @@ TEST(WinAnsi, HasWhatTheFontHasAndAMarkForTheRest) {
       {"\u6E2C\u5B9A \u03A9 \U0001F600", "?? ? ?"},
       {"a\tb\nc\x7F\u0080\u009F"sv, "a?b?c???"},
       {"nul\0end"sv, "nul?end"},
-      // No UTF-8: a lone continuation, Latin-1, a cut character, an overlong one, a surrogate.
+      // Invalid UTF-8: a lone continuation byte, Latin-1, a cut character, an overlong one, a
+      // surrogate.
       {"\x80"
        "a",
        "?a"},

@@ -28,7 +28,7 @@ ReportValues exampleValues() {
   return values;
 }
 
-/// One whole report with the picture `jpeg`; what the saving answers.
+/// Saves a report with the picture `jpeg`. Returns why it could not be saved, or nothing.
 std::string writeReport(const ReportValues& values, const Bytes& jpeg, const std::string& path) {
   PdfReport report;
   const ReportPage page = describePage(values);
@@ -61,11 +61,11 @@ class PdfReportTest : public testing::Test {
 
   TemporaryFolder folder_;
   Bytes jpeg_;
-  std::string pdf_ = folder_.file("\u6E2C\u5B9A \u0394.pdf");  // as it was typed
+  std::string pdf_ = folder_.file("\u6E2C\u5B9A \u0394.pdf");  // letters outside ASCII
   CollectedOutput output_;
 };
 
-TEST_F(PdfReportTest, StandsOnItsPageAsItShould) {
+TEST_F(PdfReportTest, HasItsTextsInTheirPlaces) {
   ASSERT_EQ(writeReport(exampleValues(), jpeg_, pdf_), "");
   EXPECT_EQ(output_.text(),
             "Creating page_1\n"
@@ -81,10 +81,10 @@ TEST_F(PdfReportTest, StandsOnItsPageAsItShould) {
   EXPECT_NE(info.find("841.89 x 595.276 pts (A4)"), std::string::npos) << info;
   EXPECT_NE(contentOf(pdf_).find("/PageMode /UseOutlines"), std::string::npos);
 
-  // Helvetica's ascender and its whole height, as parts of the font size.
+  // The ascender and the line height of Helvetica, in units of the font size.
   constexpr double kAscent = 0.718;
   constexpr double kLine = 0.925;
-  // Behind "Crop ", whose advance widths these are.
+  // The left edge of the word after "Crop ", from the advance widths of its letters.
   constexpr double kValue = 700 + 12 * (0.722 + 0.333 + 0.556 + 0.556 + 0.278);
   struct {
     const char* text;
@@ -154,7 +154,7 @@ TEST_F(PdfReportTest, SaysWhyItCannotBeSavedAndReplacesAnOldOne) {
   EXPECT_EQ(folder_.entries(), 1);
 }
 
-TEST(JpegFile, LeavesNothingOfWhatCannotBe) {
+TEST(JpegFile, IsEmptyForAnImpossiblePicture) {
   Bytes file = {'o', 'l', 'd'};
   EXPECT_EQ(encodeJpeg(RgbImage(), file), "Empty JPEG image (DNL not supported)");
   EXPECT_NE(encodeJpeg(RgbImage(65501, 1), file), "");

@@ -100,13 +100,12 @@ TEST(Filter, ImpossibleSettingsGiveNumbers) {
   }
 }
 
-// A weight above 1 would show as more energy than there was (Parseval's theorem), one below 0 as a
-// wave turned over.
-TEST(Filter, NoCutOffLetsRoundingGrow) {
+// A weight above 1 would add energy (Parseval's theorem), one below 0 would invert a wave.
+TEST(Filter, WeightsStayBetweenZeroAndOne) {
   const auto product = [](std::span<const double> a, std::span<const double> b) {
     return std::inner_product(a.begin(), a.end(), b.begin(), 0.0);
   };
-  // Nearly all of it in the longest wave, on 0.4 mm by 0.3 mm.
+  // Nearly all energy is in the longest wave. The field is 0.4 mm × 0.3 mm.
   const auto grid = roughGrid(40, 30);
   for (std::size_t i = 0; i < grid->count(); ++i) {
     grid->values()[i] += 1000.0 * std::cos(std::numbers::pi / 20.0 * static_cast<double>(i % 40));
@@ -145,7 +144,7 @@ TEST(FilterRun, FollowsTheSettings) {
   measurement.header.pixelSizeX = 0.01;
   measurement.header.pixelSizeY = 0.025;
   std::ostringstream console;
-  // High pass stands first; a cut-off of 0 removes everything.
+  // Of several types the first counts, the high pass. Its cut-off of 0 removes everything.
   const FilterRun run = runFilter({"", "x", true, true, true}, measurement, console);
   ASSERT_EQ(run.status, FilterStatus::kDone);
   EXPECT_EQ(run.words, "High pass 0.00 mm");

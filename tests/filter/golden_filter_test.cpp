@@ -86,7 +86,7 @@ TEST_P(GoldenFilter, HasItsHeights) {
 
 INSTANTIATE_TEST_SUITE_P(Cases, GoldenFilter, testing::ValuesIn(filterFiles()));
 
-// Those of the band pass have no function of their own.
+// The weights of the band pass have no function of their own.
 TEST(GoldenWeights, FillTheGridsOfLowAndHighPass) {
   std::vector<double> weights;
   std::size_t next = 0;  // of the table's numbers

@@ -13,7 +13,7 @@
 namespace morvane {
 namespace {
 
-/// q and −q are one rotation.
+/// q and −q are the same rotation.
 void expectRotation(const GoldenRow& row, glm::quat q) {
   const double* end = row.numbers.data() + row.numbers.size();
   if (q.w * end[-4] + q.x * end[-3] + q.y * end[-2] + q.z * end[-1] < 0.0) q = -q;
@@ -87,7 +87,7 @@ TEST(Camera, DrawsHeightsFarFromZeroAboutIt) {
   EXPECT_EQ(lift(-39.9F, -0.05F, 5.0F * kAutomatic), 0.0F) << "near, whatever the slider says";
   EXPECT_FLOAT_EQ(lift(10.0F, 31.0F, kAutomatic), -0.205F);
   EXPECT_FLOAT_EQ(lift(-51.0F, -49.0F, kAutomatic / 2.0F), 0.25F);
-  // What counts as the scale of a flat surface is 1.
+  // The infinite scale of a flat surface counts as 1.
   EXPECT_EQ(heightLift({.zMin = 50.0F, .zMax = 50.0F}, INFINITY, 300, 400, INFINITY), 0.0F);
 }
 

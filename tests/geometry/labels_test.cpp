@@ -26,8 +26,7 @@ float monospaced(std::string_view text, float scale) {
 /// Corners on the screen in pixels, y down; two for a line.
 using Shape = std::vector<glm::vec2>;
 
-/// Whether two shapes without dents overlap clearly: no line across a side of either has them on
-/// its two sides.
+/// Whether two convex shapes overlap by more than kTouch (separating axis theorem).
 bool meet(const Shape& a, const Shape& b) {
   for (const Shape* shape : {&a, &b}) {
     for (std::size_t i = 0; i < shape->size(); ++i) {

@@ -52,7 +52,7 @@ TEST(Pins, FollowASmallerMeasurement) {
   EXPECT_EQ(clampedToGrid(pins, {0, 0}).a, glm::vec3(0.0F, 0.0F, 0.05F));
 }
 
-TEST(Pins, AreNeverWithoutAPlace) {
+TEST(Pins, AreNeverMovedToNaN) {
   const GridSize grid = {400, 300};
   EXPECT_EQ(movePin({0.1F, 0.2F, 0.05F}, {NAN, 0.05F}, grid), glm::vec3(0.1F, 0.25F, 0.05F));
   EXPECT_EQ(clampedToGrid(glm::vec3(NAN, 0.1F, 0.05F), grid), glm::vec3(0.0F, 0.1F, 0.05F));
@@ -66,7 +66,7 @@ TEST(Pins, MarkARegionOfAtLeastTwoByTwoPointsInsideTheGrid) {
     const GridRegion r = regionBetween({a, b}, grid);
     return std::array{r.column, r.row, r.width, r.height};
   };
-  // A corner at the last point of a row or column holds it, whatever the float in between becomes.
+  // A corner at the last point of a row or column includes it, however single precision rounds.
   for (std::size_t points = 2; points < 3000; ++points) {
     const GridSize square = {points, points};
     const GridRegion whole = regionBetween(clampedToGrid(gridCorners(square), square), square);

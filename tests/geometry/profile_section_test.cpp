@@ -69,7 +69,7 @@ TEST_P(GoldenProfile, IsSampledAlike) {
 
 INSTANTIATE_TEST_SUITE_P(Cases, GoldenProfile, testing::ValuesIn(profileCases()));
 
-/// A pin on grid point (column, row), safe from rounding to another.
+/// A pin on the grid point (column, row), at a place that is not rounded to another point.
 glm::vec3 pinOn(int column, int row) {
   return {(static_cast<float>(column) + 0.3F) / 1000.0F, (static_cast<float>(row) + 0.3F) / 1000.0F,
           0.05F};
@@ -86,14 +86,14 @@ TEST(Profile, ReadsTheLastColumnAndRowAtTheEdges) {
   EXPECT_EQ(edge.samples.size(), 199U);
   EXPECT_EQ(edge.localMin, 299.0F);
   EXPECT_EQ(edge.localMax, 299.0F);
-  // The first of three columns on this way is the step from beyond the last one.
+  // From column 300, which does not exist, to 297: at first it stays on the last column, 299.
   const ProfileSection inward = sampleProfile(*grid, {{0.3F, 0, 0}, {0.297F, 0.1F, 0}}, {});
   EXPECT_EQ(inward.samples[33].y, 299.0F);
   EXPECT_NEAR(inward.samples[34].y, 298.99F, 1e-3F);
   // 0.299 is less than 299 steps, but not in single precision.
   EXPECT_EQ(sampleProfile(*grid, {{0.299F, 0.0F, 0.05F}, {0.299F, 0.1F, 0.05F}}, {}).localMin,
             299.0F);
-  // Pins of a larger measurement, and pins that never were anywhere.
+  // Pins of a larger measurement, and pins without a place.
   EXPECT_EQ(sampleProfile(*grid, {{7.0F, 9.0F, 0.0F}, {0.0F, NAN, 0.0F}}, {}).drawn, 360U);
 }
 

@@ -55,7 +55,7 @@ double nearest(const std::vector<glm::dvec3>& corners, const Ray& ray) {
   return found;
 }
 
-// From the start view over leaning and turned ones to views from below, from afar and from behind.
+// The start view, tilted and turned views, and views from below, from far away and from behind.
 const struct View {
   float degrees;
   glm::vec3 axis;

@@ -26,7 +26,7 @@ class Batch : public OnShow {
  protected:
   /// Runs the program with `options`, words for the shell, in the test's folder.
   Outcome run(const std::string& options) const {
-    // What GL drivers keep until the end is not the program's leak.
+    // Memory that GL drivers keep until the end is not a leak of the program.
     const std::string errors = folder_.file("errors");
     const std::string command =
         "cd '" + folder_.path().string() +
@@ -49,12 +49,13 @@ TEST_F(Batch, PictureIsThatOfTheWindow) {
   const Outcome outcome = run("'" + panel + "' --picture window.png --size 1130x775");
   EXPECT_EQ(outcome.status, 0) << outcome.errors;
   Area view = viewOf(start_);
-  view.x += kCoveredWidth;  // by the controls
+  view.x += kCoveredWidth;  // by the control column
   view.w -= kCoveredWidth;
   const Image picture = pictureIn("window.png");
   const Image shown = start_.part(view);
   ASSERT_EQ(picture.width(), view.w + kCoveredWidth);
-  // The places of the samples in a pixel are mirrored, which shows at edges and on rough surfaces.
+  // One of the pictures has its samples mirrored in each pixel, which shows at edges and on rough
+  // surfaces.
   int different = 0;
   for (int y = 0; y < view.h; ++y) {
     for (int x = 0; x < view.w; ++x) {
@@ -80,7 +81,7 @@ TEST_F(Batch, SmallPictureIsFullAndLooksLikeALargeOne) {
   EXPECT_LT(leadingNumber(apart), 0.03);
 }
 
-TEST_F(Batch, DoesEveryFileItCanAndNamesTheOthers) {
+TEST_F(Batch, WritesForEveryFileItCanAndNamesTheOthers) {
   std::filesystem::copy_file(golden::measurement("float_sum"), folder_.file("good.res"));
   std::filesystem::copy_file(golden::measurement("flat"), folder_.file("flat.res"));
   std::filesystem::rename(brokenFile(folder_), folder_.file("broken.res"));
@@ -165,7 +166,7 @@ TEST_F(Batch, TellsItsVersionAndItsOptions) {
 
 TEST_F(Batch, BashCompletesOptionsChoicesAndFiles) {
   for (const char* name : {"a b.res", "c.RES", "d.bmp"}) std::ofstream(folder_.file(name)).close();
-  // The words of a command line, and what the last one can become.
+  // The words of a command line, and the possible completions of the last one.
   for (const auto& [words, completions] : {std::pair{"--vi", "--view\n"},
                                            {"--view ''", "top\nfront\nside\niso\n"},
                                            {"--view = s", "side\n"},
@@ -184,7 +185,7 @@ TEST_F(Batch, BashCompletesOptionsChoicesAndFiles) {
   }
 }
 
-TEST_F(Batch, RefusesWrongUsageWithOptionAndValue) {
+TEST_F(Batch, RefusesWrongUsageAndNamesWhatIsWrong) {
   struct Case {
     const char* options;
     const char* named;

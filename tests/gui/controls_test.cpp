@@ -1,4 +1,4 @@
-// The control column, pressed and typed into as an operator does.
+// The control column, used with mouse and keyboard as an operator does.
 #include <gtest/gtest.h>
 
 #include <filesystem>
@@ -10,7 +10,7 @@
 namespace morvane::gui {
 namespace {
 
-/// A button without its edge, which also shows whether it has the focus.
+/// A button without its edge, since the edge also shows the focus.
 constexpr Area iconOf(const Area& button) {
   return inWindow({button.x + 8, button.y + 8, button.w - 16, button.h - 16});
 }
@@ -32,8 +32,8 @@ bool showsKey(const Image& picture) {
 
 class Controls : public OnShow {
  protected:
-  /// Opens the reference panel where it has bitmaps beside it, or alone. Then a file that is cut
-  /// off, after which nothing may work otherwise than before.
+  /// Opens the reference panel, with or without the bitmaps beside it. Then a damaged file, after
+  /// which everything must work as before.
   void open(bool withBitmaps) {
     std::string path = golden::measurement("panel");
     if (!withBitmaps) {
@@ -59,13 +59,13 @@ TEST_F(Controls, HeatMapGivesWayToTheBitmapAndComesBack) {
   });
 }
 
-TEST_F(Controls, ScaleStepsComeBackToWhereTheyBegan) {
+TEST_F(Controls, ScaleStepsLeadBackToWhereTheyBegan) {
   open(false);
   program_->press(control::kPlus);
   await("a new readout", [&](const Image& p) { return !sameAsAtStart(p, kReadout); });
   program_->press(control::kMinus);
   await("the old readout", [&](const Image& p) { return sameAsAtStart(p, kReadout); });
-  // A slider that is released beyond its end is at its end.
+  // A slider that is dragged beyond its end stays at its end.
   constexpr Area kSlider = inWindow(control::kSlider);
   const Point knob = middleOf(kSlider);
   window().drag(knob, {kSlider.x + 400, knob.y});

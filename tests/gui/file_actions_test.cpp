@@ -39,7 +39,7 @@ class Copy : public testing::Test {
 TEST_F(Copy, IsByteForByteAndAlwaysGetsItsExtension) {
   program_.mainWindow().key({"ctrl+s"});
   program_.window("Save Copy as").key({"Return"});
-  program_.awaitLine("destination: " + folder() + "/Untitled.res");  // the name that is offered
+  program_.awaitLine("destination: " + folder() + "/Untitled.res");  // the suggested name
   saveAs(folder() + "/x.res");
   program_.awaitLine("destination: " + folder() + "/x.res.res");
   program_.awaitLine("source: " + path_);
@@ -52,7 +52,7 @@ TEST_F(Copy, CancelledOrRefusedWritesNothing) {
   saveAs("");
   program_.awaitLine("Cancelled save");
   EXPECT_TRUE(fs::is_empty(folder()));
-  // The name the copy would get exists though the chooser could not know it.
+  // The chooser cannot know that the name exists, since the program adds the extension.
   std::ofstream(folder() + "/kept.res") << "kept";
   saveAs(folder() + "/kept");
   program_.answerAlert("Escape");
@@ -67,11 +67,11 @@ TEST_F(Copy, OfAMeasurementThatIsGoneWhileItIsShown) {
   saveAs(source_.file("copy"));
   program_.answerAlert();
   EXPECT_EQ(source_.entries(), 0) << "nothing was written";
-  // Built anew from what is held.
+  // The mesh is built again from the measurement in memory.
   program_.mainWindow().resize(1300, 820);
   program_.press(control::kReset);
   program_.awaitLine("Model Binding Time: ");
-  // Another file in its place is another measurement only once it is opened.
+  // A new file under the same path is not shown before it is opened.
   fs::copy_file(golden::measurement("flat"), path_);
   program_.press(control::kLimits);
   (void)program_.awaitSurface();

@@ -24,7 +24,7 @@ class FullMenu : public OnShow {
   }
 };
 
-TEST_F(FullMenu, FiltersAsSetAndComesBack) {
+TEST_F(FullMenu, FiltersAsSetAndShowsTheRawHeightsAgain) {
   open(golden::measurement("panel"));
   program_->choose("Tools/Filter Settings");
   const Window filter = program_->window("Filter Window");
@@ -37,11 +37,11 @@ TEST_F(FullMenu, FiltersAsSetAndComesBack) {
   program_->awaitLine("Error ---- Undefined button number");
   hinted("that a type is missing", false);
 
-  filter.click({100, middleOf(filter_place::kBandPass).y});  // on its words
+  filter.click({100, middleOf(filter_place::kBandPass).y});  // on its label
   type(filter, filter_place::kL1, "2");
   type(filter, filter_place::kL2, "0.15");
   hinted("that the cut-offs are the wrong way round", false);
-  type(filter, filter_place::kL1, "0,15");  // by an operator whose decimal sign is the comma
+  type(filter, filter_place::kL1, "0,15");  // with a decimal comma
   type(filter, filter_place::kL2, "2");
   hinted("no hint", true);
   filter.click(middleOf(filter_place::kApply));
@@ -54,7 +54,7 @@ TEST_F(FullMenu, FiltersAsSetAndComesBack) {
   filter.awaitPicture("that a press on the main window left it in front", [](const Image& p) {
     return p.at({5, 5}) == Rgb{192, 192, 192};
   });
-  // The same again changes nothing; nonsense is taken as it stands and breaks nothing.
+  // Applying the same again changes nothing. Nonsense is accepted as it is and breaks nothing.
   filter.click(middleOf(filter_place::kApply));
   for (const char* typed : {"1e30", "-0.15", "", "0"}) {
     type(filter, filter_place::kL1, typed);
@@ -111,10 +111,10 @@ TEST_F(FullMenu, SavesWhatLiesBetweenTheCornersOfTheGridBox) {
   Reader cutReader(folder_.file("cut.res"));
   ASSERT_TRUE(cutReader.file.isValid());
   const resFile &whole = wholeReader.file, &cut = cutReader.file;
-  // Half the columns and rows, give or take what a pixel of the screen covers.
+  // Half of the columns and rows. A pixel of the screen covers several.
   EXPECT_NEAR(2 * cut.header().width, whole.header().width, 16);
   EXPECT_NEAR(2 * cut.header().height, whole.header().height, 16);
-  // It ends in the last column and row.
+  // The region ends at the last column and row.
   EXPECT_EQ(cut.grid()->values().back(), whole.grid()->values().back());
 }
 
@@ -160,7 +160,7 @@ TEST_F(FullMenu, FitsTheViewAndNamesThePointUnderTheCursor) {
   program_->choose("Tools/Views/Fit on open");
   await("a larger surface",
         [&](const Image& p) { return p.part(leftOfKey).count(isSurface) > 3 * before; });
-  window().wheel(middleOf(kFirstLayout.view), 60);  // it stops before the surface
+  window().wheel(middleOf(kFirstLayout.view), 60);  // zooming stops in front of the surface
   await("the surface from close to it", [&](const Image& p) {
     return p.part(leftOfKey).count(isSurface) > leftOfKey.w * leftOfKey.h * 9 / 10;
   });

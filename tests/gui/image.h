@@ -1,4 +1,4 @@
-// A picture of the screen as tests look at it.
+// A picture of the screen, and the points, areas and colours in it.
 #pragma once
 
 #include <cstdint>
@@ -42,7 +42,7 @@ class Image {
 
   [[nodiscard]] int width() const { return width_; }
   [[nodiscard]] int height() const { return height_; }
-  /// Throws std::out_of_range beside the picture, as `part` does.
+  /// Throws std::out_of_range outside the picture, and so does `part`.
   [[nodiscard]] Rgb at(Point point) const;
   [[nodiscard]] Image part(const Area& area) const;
 

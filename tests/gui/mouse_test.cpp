@@ -1,4 +1,4 @@
-// Hands on the surface: the camera and the profile pins, by real mouse.
+// The mouse in the 3D view: the camera and the profile pins.
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -9,10 +9,10 @@
 namespace morvane::gui {
 namespace {
 
-constexpr Area kView{155, 60, 900, 480};   // what both sizes of the view have, without the key
-constexpr Area kPlot{380, 560, 740, 160};  // without the place of the key before
+constexpr Area kView{155, 60, 900, 480};   // inside the view with and without the profile window
+constexpr Area kPlot{380, 560, 740, 160};  // not where the key was before
 constexpr Point kCentre = middleOf(kFirstLayout.view);
-// Of the view above the profile window.
+// The centre of the view above the profile window.
 constexpr Point kProfileCentre =
     middleOf(windowLayout(kWindowWidth, kWindowHeight, false, true).view);
 constexpr int kWidth = 760;  // columns: wide enough for the large pins
@@ -63,7 +63,7 @@ TEST_F(Mouse, TurnsPansAndZooms) {
     program_->press(control::kReset);
     await("the start view", [this](const Image& p) { return sameView(p); });
   };
-  // Left and right again, then a rotation whose drag ends outside the arcball, and half a turn.
+  // To the left and back again.
   window().drag(kCentre, {kCentre.x - 200, kCentre.y});
   await("a turned surface",
         [&](const Image& p) { return surfacePixels(p) < 0.95 * pixels && !sameView(p); });
@@ -71,7 +71,7 @@ TEST_F(Mouse, TurnsPansAndZooms) {
   await("the surface turned back",
         [&](const Image& p) { return std::abs(surfacePixels(p) - pixels) < 0.02 * pixels; });
   goneBack();
-  // Beside the ball the rim is taken: a turn in the plane of the picture.
+  // Outside the arcball its rim counts: the surface turns in the plane of the picture.
   window().drag({1200, 60}, {230, 60});
   await("a surface turned round its middle",
         [&](const Image& p) { return !sameView(p) && surfacePixels(p) > 0.8 * pixels; });
@@ -81,7 +81,7 @@ TEST_F(Mouse, TurnsPansAndZooms) {
   await("a panned surface", [&](const Image& p) {
     const Point middle = centreOf(p, isSurface);
     const Point before = centreOf(start_, isSurface);
-    // A thousandth of a model unit per pixel, which shows as a third of a pixel.
+    // A pixel of motion pans by a thousandth of a model unit, which is a third of a pixel here.
     return std::abs(middle.x - before.x - 47) <= 3 && std::abs(middle.y - before.y - 12) <= 3;
   });
   goneBack();
@@ -90,12 +90,12 @@ TEST_F(Mouse, TurnsPansAndZooms) {
   await("a larger surface", [&](const Image& p) { return surfacePixels(p) > 1.3 * pixels; });
   EXPECT_NE(program_->awaitLine("SCALE: "), "");
   goneBack();
-  // Toward a pointer that came in one leap from outside, which the view is not told as a motion.
+  // The pointer enters the view without a motion event; the wheel must still zoom to it.
   window().wheel({1000, kCentre.y}, 8);
   await("a larger surface, the pointer's place kept",
         [&](const Image& p) { return centreOf(p, isSurface).x < kCentre.x - 40; });
   goneBack();
-  // A motion is a step, and motions that come while a frame is drawn are one.
+  // Each motion event zooms by one step. Events that arrive while a frame is drawn are merged.
   for (int i = 0; i < 12; ++i) window().drag(kCentre, {kCentre.x, kCentre.y + 100}, {1, 3});
   await("a smaller surface", [&](const Image& p) { return surfacePixels(p) < 0.95 * pixels; });
   goneBack();
@@ -114,7 +114,7 @@ TEST_F(Mouse, DragsAPinUnderThePointerAndStopsItAtEveryEdge) {
   drag(kProfileCentre);
   awaitPinAt(kProfileCentre, 5);
   await("another section", [&](const Image& p) { return !(p.part(kPlot) == firstPlot); });
-  // Perspective and the sides of the box shift what is seen of it by a few pixels.
+  // Perspective and the sides of the pin shift its visible centre by a few pixels.
   constexpr double kPixelsPerUnit = 525 / (2 * 2.9 * 0.4142);
   const int halfWidth = static_cast<int>(0.38 * kPixelsPerUnit);
   const int halfHeight = static_cast<int>(0.2 * kPixelsPerUnit);
@@ -128,7 +128,7 @@ TEST_F(Mouse, DragsAPinUnderThePointerAndStopsItAtEveryEdge) {
   awaitPinAt({kProfileCentre.x, kProfileCentre.y + halfHeight}, 8);
   drag({160, 540});
   awaitPinAt(corner, 2);
-  // The view itself never turned.
+  // The view has not turned.
   EXPECT_TRUE(await("the first picture", [&](const Image& p) {
                 return p.part(kPlot) == firstPlot;
               }).part(kView) == picture.part(kView));
@@ -145,7 +145,7 @@ TEST_F(Mouse, DragsAPinOverHeightsFarFromZeroAndUnderTheKey) {
       await("the pins", [](const Image& p) { return p.part(kView).count(isFirstPin) > 100; });
   window().drag(centreOf(first, isFirstPin), kProfileCentre);
   awaitPinAt(kProfileCentre, 5);
-  // From the first pin in the middle to under the key, the section line with it.
+  // Pans until the surface is under the key, with the first pin and the section line.
   constexpr Area kKey{1128, 120, 22, 330};
   for (int i = 0; i < 5; ++i) window().drag({650, 500}, {1050, 500}, {3});
   const Image panned = await("the surface under the key", [](const Image& p) {
@@ -163,7 +163,7 @@ TEST_F(Mouse, KeepsBothPicturesThroughResizingAndManySwitches) {
 
   program_->press(control::kProfile);
   await("the plot", [](const Image& p) { return p.part(kPlot).count(isCurve) > 200; });
-  // Resized in the middle of a turn, both windows keep their pictures.
+  // If the window is resized during a rotation, view and plot keep their pictures.
   window().hold(kProfileCentre, {kProfileCentre.x + 60, kProfileCentre.y});
   window().resize(1000, 760);
   window().release();

@@ -1,4 +1,4 @@
-// A program with a measurement on show, and what tests of its main window do all the time.
+// A program with an open measurement, and what most tests of its main window do.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -21,7 +21,7 @@ class OnShow : public testing::Test {
     start_ = program_->awaitSurface();
   }
   Window window() { return program_->mainWindow(); }
-  /// Waits for a picture of the whole surface that no pointer and no tip lies over.
+  /// Waits for a picture of the whole surface, without a pointer or tooltip over it.
   Image await(const std::string& what, const Predicate& predicate) {
     window().leave();
     return program_->awaitWhole(what, predicate);

@@ -44,7 +44,7 @@ Rgb keyColour(std::size_t band, double part) {
   return {channel(0), channel(1), channel(2)};
 }
 
-/// Expects a row of the key, at device height `y`, from edge to edge in `colour`.
+/// Expects `colour` at both ends of the key's row at device height `y`, and sky to the left of it.
 void expectKeyRow(const Image& picture, double y, const Rgb& colour) {
   for (const double x : {kKeyLeft + 0.004, kKeyRight - 0.004}) {
     const Rgb shown = picture.at(pixelAt(picture, x, y));
@@ -66,7 +66,7 @@ void expectKey(const Image& picture) {
   }
 }
 
-/// Pixels from the view's middle to where the surface ends, going by `step`.
+/// Pixels from the middle of the view to the edge of the surface, in the direction of `step`.
 int reach(const Image& picture, Point step) {
   const Point middle = pixelAt(picture, 0, 0);
   int pixels = 0;
@@ -75,7 +75,7 @@ int reach(const Image& picture, Point step) {
 }
 
 /// Checks that the panel of `columns` × `rows` points lies around the view's middle. A thousand
-/// points are one unit; the camera looks from a distance of 3 with a field of 45 degrees.
+/// points are one unit; the camera is at a distance of 3 and has a field of view of 45 degrees.
 void expectCentred(const Image& picture, int columns, int rows) {
   const double pixelsPerPoint = viewOf(picture).h / (2 * 3 * std::tan(M_PI / 8)) / 1000;
   const double across = columns / 2.0 * pixelsPerPoint;
@@ -90,7 +90,7 @@ TEST(Picture, IsBlackWithTheLogoUntilAFileIsOpen) {
   Program program;
   const Image start = program.mainWindow().awaitPicture(
       "the logo", [&](const Image& picture) { return picture.part(kLogo).count(isLit) > 1000; });
-  // The control column reaches two pixels into the view's place.
+  // The control column covers two pixels of the view.
   EXPECT_EQ(start.part({152, 25, start.width() - 152, kLogo.y - 25}).count(isLit), 0);
   const int below = kLogo.y + kLogo.h;
   EXPECT_EQ(start.part({152, below, start.width() - 152, start.height() - below}).count(isLit), 0);
@@ -120,7 +120,7 @@ TEST(Picture, ShowsTheSurfaceColouredByHeightAndItsKeyInWindowsOfAnySize) {
   }
 }
 
-TEST(Picture, OfADisplayWithoutGlIsMissedOnceAndQuietly) {
+TEST(Picture, WithoutGlIsReportedOnceAndWithoutADialog) {
   Process server({"Xvfb", "-displayfd", "1", "-screen", "0", "1600x1000x24", "-extension", "GLX",
                   "-nolisten", "tcp", "-noreset"});
   const std::string display = ":" + server.awaitLine("");
@@ -129,10 +129,10 @@ TEST(Picture, OfADisplayWithoutGlIsMissedOnceAndQuietly) {
   program.open(kPanel);
   program.awaitLine("Updating Res File...");
   program.awaitLine("Updating Res File...");
-  // The logo went when the file opened, and nothing took its place.
+  // The logo is gone once a file is open, and nothing replaces it.
   program.mainWindow().awaitPicture(
       "an empty view", [](const Image& picture) { return picture.part(kLogo).count(isLit) == 0; });
-  // A dialog would keep the key from the main window.
+  // A modal dialog would take the key.
   EXPECT_EQ(program.quit(), 0);
   int told = 0;
   for (const std::string& line : program.lines(Stream::kErrors)) {

@@ -59,7 +59,7 @@ std::string Process::awaitLine(std::string_view text, Stream stream) {
   std::size_t& searched = searched_[stream == Stream::kOutput ? 0 : 1];
   std::optional<std::string> found;
   (void)eventually([&] {
-    const bool last = !running();  // asked first, so that nothing printed before is missed
+    const bool last = !running();  // asked first, so that no line printed before is missed
     const std::vector<std::string> all = lines(stream);
     while (!found && searched < all.size()) {
       const std::string& line = all[searched++];
@@ -74,7 +74,7 @@ std::string Process::awaitLine(std::string_view text, Stream stream) {
 std::vector<std::string> Process::lines(Stream stream) const {
   std::vector<std::string> all;
   std::istringstream printed(contentOf(fileOf(stream)));
-  // While it runs, a line without an end may still grow.
+  // While the process runs, the last line may be incomplete.
   for (std::string line; std::getline(printed, line) && (status_ || !printed.eof());) {
     all.push_back(line);
   }

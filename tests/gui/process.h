@@ -1,4 +1,4 @@
-// A child process of a test, with what it prints.
+// A child process of a test, and what it prints.
 #pragma once
 
 #include <sys/types.h>
@@ -16,7 +16,7 @@
 
 namespace morvane::gui {
 
-/// What the harness throws when a sign does not come or something cannot be done at all.
+/// Thrown when an awaited event does not come or something cannot be done.
 class GuiError : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;
@@ -31,10 +31,10 @@ bool eventually(const std::function<bool()>& condition,
 
 enum class Stream { kOutput, kErrors };
 
-/// Started by construction, killed at the latest by destruction, and by the death of the test.
+/// Starts with construction. Killed at destruction, or when the test dies.
 class Process {
  public:
-  /// `words` are the program, sought along $PATH, and its arguments.
+  /// `words` are the program, which is searched for in $PATH, and its arguments.
   explicit Process(std::vector<std::string> words);
   ~Process();
   Process(const Process&) = delete;
@@ -42,11 +42,11 @@ class Process {
 
   [[nodiscard]] pid_t id() const { return id_; }
 
-  /// Waits for a line that contains `text` and returns it. Each stream is searched from behind the
-  /// line found there last, so that successive calls find successive lines.
+  /// Waits for a line that contains `text` and returns it. Each stream is searched from the line
+  /// after the last one found there, so that successive calls find successive lines.
   std::string awaitLine(std::string_view text, Stream stream = Stream::kOutput);
 
-  /// Every line printed so far; after `awaitExit` every line there is.
+  /// The lines printed so far, without an incomplete last one while the process runs.
   [[nodiscard]] std::vector<std::string> lines(Stream stream = Stream::kOutput) const;
 
   /// Waits for the end and returns the exit status, or minus the signal that ended it.
@@ -64,7 +64,7 @@ class Process {
   std::array<std::size_t, 2> searched_{};  // lines of each
 };
 
-/// Runs a program to its end; throws with what it said when it fails.
+/// Runs a program to its end. Throws with its error output if it fails.
 void runToEnd(const std::vector<std::string>& words);
 
 }  // namespace morvane::gui

@@ -21,8 +21,8 @@ std::string variable(const char* name) {
   return value != nullptr ? value : "";
 }
 
-/// FLTK takes the file chooser of whatever desktop library it finds. This setting, read from the
-/// home folder, leaves it its own one, which is the same everywhere.
+/// By default FLTK uses the file chooser of a desktop library that it finds. With this setting in
+/// the home folder it uses its own, which is the same everywhere.
 void choosePlainChooser(const std::string& home) {
   const std::string folder = home + "/.fltk/fltk.org";
   std::filesystem::create_directories(folder);
@@ -34,9 +34,9 @@ void choosePlainChooser(const std::string& home) {
 std::vector<std::string> startWords(const std::vector<std::string>& arguments, const Start& start,
                                     const std::string& home, const Screen& screen) {
   choosePlainChooser(home);
-  // A pointer left over a button by an earlier test would bring up its tip.
+  // If an earlier test has left the pointer over a button, its tooltip would be shown.
   screen.xdotool({"mousemove", "0", "0"});
-  // What GL drivers and toolkits keep until the end is not the program's leak.
+  // Memory that GL drivers and toolkits keep until the end is not a leak of the program.
   std::vector<std::string> words = {"env",
                                     "-C",
                                     start.folder,
@@ -118,10 +118,11 @@ void Program::answerChooser(const std::string& path, const std::string& title) c
   if (path.empty()) {
     chooser.key({"Escape"});
   } else {
-    // All but the first separator goes: typed into an empty field, that one would get lost.
+    // The first separator stays, since the chooser would drop one that is typed into an empty
+    // field.
     chooser.key({"Home", "Right", "shift+End", "Delete"});
     chooser.type(std::filesystem::absolute(path).string().substr(1));
-    // The chooser completes names on its own; what it added is selected now and goes.
+    // The chooser completes names by itself. Delete removes what it has added.
     chooser.key({"Delete", "Return"});
   }
   chooser.awaitGone();

@@ -1,5 +1,4 @@
-// The real program under test: started in a home of its own, read through its output, worked
-// through its windows.
+// Starts the real program with its own home folder; tests read its output and use its windows.
 //
 //   Program program({"plate.res"});
 //   program.awaitLine(kFrameDrawn);
@@ -18,10 +17,10 @@
 
 namespace morvane::gui {
 
-/// The last line of every full frame. The picture follows it: wait for the picture itself.
+/// The last timing line of every frame, whole or coarse; use awaitWhole for the whole picture.
 inline constexpr std::string_view kFrameDrawn = "Drawing Time for HM Key: ";
 
-/// A place of the control column as one of the main window.
+/// The place in the main window of a place in the control column.
 constexpr Area inWindow(const Area& place) {
   return {place.x + kControlsX, place.y + kMenuHeight, place.w, place.h};
 }
@@ -31,25 +30,25 @@ inline Area viewOf(const Image& picture) {
   return windowLayout(picture.width(), picture.height(), false, false).view;
 }
 
-/// The lower edge of that view where its status line is.
+/// The part of that view where the status line is.
 inline Image statusOf(const Image& picture) {
   const Area view = viewOf(picture);
   return picture.part({middleOf(view).x - 215, view.y + view.h - 60, 430, 55});
 }
 
-/// What a start may have otherwise than usual.
+/// Options of a start.
 struct Start {
-  std::string program = MORVANE_PROGRAM;      ///< as it stands in the program's own arguments
+  std::string program = MORVANE_PROGRAM;      ///< what the program finds as its name
   std::vector<std::string> environment = {};  ///< "NAME=value"
   std::string folder = ".";                   ///< working folder
   std::string display = {};                   ///< empty: $DISPLAY
 };
 
-/// A measurement in `folder` that is cut off behind its header.
+/// Writes a measurement that ends soon after its header into `folder` and returns its path.
 std::string brokenFile(const TemporaryFolder& folder);
 
-/// When a test has failed by the time this goes, the screen is left as SUITE.TEST.png in the
-/// test's folder and what the program printed goes to standard error.
+/// If the test has failed when this is destroyed, a screenshot is saved as SUITE.TEST.png in the
+/// test's folder, and the program's output is printed to standard error.
 class Program {
  public:
   explicit Program(const std::vector<std::string>& arguments = {}, const Start& start = {});
@@ -66,7 +65,7 @@ class Program {
 
   [[nodiscard]] pid_t id() const { return process_.id(); }
 
-  /// The folder that the program takes as the user's home and profile.
+  /// The program's home and profile folder.
   [[nodiscard]] std::string home() const { return home_.path(); }
 
   /// The program's windows on the screen now.
@@ -100,7 +99,7 @@ class Program {
   /// opened by Alt and the underlined letter. Returns when the menu is closed.
   void choose(const std::string& entry) const;
 
-  /// Memory the program holds now.
+  /// The memory that the program holds now.
   [[nodiscard]] long residentKilobytes() const;
 
   /// False once it has ended.

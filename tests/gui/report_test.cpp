@@ -23,13 +23,13 @@ Image pictureIn(const std::string& path) {
   return Image::ofPpm(contentOf(path + "-000.ppm"));
 }
 
-/// What a report shows of the main window.
+/// The part of the main window that a report shows.
 Image reportPart(const Image& window) {
   constexpr int kLeft = kControlsWidth + kCoveredWidth;
   return window.part({kLeft, kMenuHeight, window.width() - kLeft, window.height() - kMenuHeight});
 }
 
-/// A JPEG file is not exact: sharp edges of colour run over a few pixels.
+/// Compares with a JPEG picture, in which sharp edges of colours are blurred.
 void expectAlike(const Image& picture, const Image& screen) {
   ASSERT_EQ(picture.width(), screen.width());
   ASSERT_EQ(picture.height(), screen.height());
@@ -49,7 +49,7 @@ void expectAlike(const Image& picture, const Image& screen) {
 
 class Report : public OnShow {
  protected:
-  /// Answers the chooser with `name` in the test's folder, and returns the report's path.
+  /// Saves a report as `name` in the test's folder and returns its path.
   std::string save(const std::string& name = "report") {
     program_->press(control::kReport);
     program_->answerChooser(folder_.file(name), "Save report");
@@ -70,7 +70,7 @@ TEST_F(Report, IsAPageWithThePictureAndItsNumbers) {
   chooser.key({"Return"});
   chooser.awaitGone();
   const std::string path = awaitReport("plate");
-  window().awaitPicture("where it lies", [](const Image& picture) {
+  window().awaitPicture("where the report is", [](const Image& picture) {
     return statusOf(picture).count([](const Rgb& c) { return c == kBlack; }) > 5000;
   });
   const std::string text = outputOf("pdftotext -layout '" + path + "' -");
@@ -114,7 +114,7 @@ TEST_F(Report, PictureFromTheMenuIsWithoutTheMenu) {
   }
 }
 
-TEST_F(Report, OfNothingSaysSo) {
+TEST_F(Report, WithoutAMeasurementSaysSo) {
   program_ = std::make_unique<Program>();
   const std::string text = outputOf("pdftotext '" + save() + "' -");
   EXPECT_THAT(text, HasSubstr("Crop Min: Miniu"));
@@ -122,7 +122,7 @@ TEST_F(Report, OfNothingSaysSo) {
   EXPECT_THAT(text, Not(HasSubstr(".res")));
 }
 
-TEST_F(Report, LeftOrImpossibleIsSaidAndWithoutAPlaceForItsPictureItIsWhole) {
+TEST_F(Report, ThatCannotBeSavedIsReportedAndWithoutAFolderForItsPictureItIsComplete) {
   open(golden::measurement("panel"));
   for (const char* path : {"", "/proc/report"}) {
     program_->press(control::kReport);

@@ -1,4 +1,4 @@
-// Hours at the machine in small: whatever an operator may do, in any order.
+// Random use of the program for a while: whatever an operator may do, in any order.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -18,7 +18,7 @@ namespace {
 namespace fs = std::filesystem;
 using Clock = std::chrono::steady_clock;
 
-/// A number of the environment, or `usual`.
+/// A number from the environment, or `usual`.
 unsigned long setting(const char* name, unsigned long usual) {
   const char* text = std::getenv(name);
   return text != nullptr ? std::strtoul(text, nullptr, 10) : usual;
@@ -27,7 +27,7 @@ unsigned long setting(const char* name, unsigned long usual) {
 class Soak : public testing::Test {
  public:
   Soak() {
-    // All in one folder, with no long way for the chooser and room for what is saved.
+    // One folder for all files, also those that are saved. Its path is short, since it is typed.
     for (const char* name : {"panel", "flat", "int16_v2", "v3_reflective", "small_odd_rows"}) {
       fs::copy_file(golden::measurement(name), path(name));
     }
@@ -95,7 +95,7 @@ class Soak : public testing::Test {
   }
   void resize() { window().resize(700 + upTo(880), 720 + upTo(200)); }
 
-  /// Answers every question and leaves every window but the two that stay.
+  /// Closes all dialogs.
   void tidyUp() {
     for (int i = 0; i < 6; ++i) {
       bool left = false;
@@ -104,17 +104,17 @@ class Soak : public testing::Test {
         if (title == "Morvane Reader Software" || title == "Filter Window") continue;
         left = true;
         try {
-          // A stray Escape asks whether to quit: not yet.
+          // The window that asks whether to quit is only closed.
           const bool quits = title == "Quit application?";
           quits ? other.close() : other.key({oneOf(std::array{"Escape", "Return"})});
-        } catch (const GuiError&) {  // it has just gone by itself
+        } catch (const GuiError&) {  // it has just closed by itself
         }
       }
       if (!left) return;
     }
   }
 
-  /// Memory held with the first measurement on show, whatever was before.
+  /// The memory held with the first measurement open, whatever was open before.
   long level() {
     for (int attempt = 1;; ++attempt) {
       try {
@@ -124,7 +124,7 @@ class Soak : public testing::Test {
         program_.awaitLine("fileSize: ");
         program_.awaitLine(kFrameDrawn);
         return program_.residentKilobytes();
-      } catch (const GuiError&) {  // a menu that was left open takes the key
+      } catch (const GuiError&) {  // an open menu takes the key
         if (attempt == 3 || !program_.running()) throw;
       }
     }
@@ -164,7 +164,7 @@ TEST_F(Soak, EndsAsItBegan) {
       (this->*action.run)();
       tidyUp();
     } catch (const GuiError& error) {
-      // Chance may press "Quit" nowhere, but may find a window gone that was there.
+      // A random action may find that its window has just been closed.
       std::cerr << action.name << ", step " << steps << ": " << error.what() << '\n';
       ++missed;
     }
@@ -177,7 +177,7 @@ TEST_F(Soak, EndsAsItBegan) {
   for (const long held : levels) std::cerr << ' ' << held;
   std::cerr << '\n';
   EXPECT_LT(missed, 3 + steps / 20);
-  // What is switched on by then takes its room; what leaks, takes ever more.
+  // Switched-on features take a fixed amount of memory; a leak grows.
   EXPECT_LT(levels.back(), *std::max_element(levels.begin(), levels.begin() + 3) * 5 / 4);
   EXPECT_EQ(program_.quit(), 0);
 }

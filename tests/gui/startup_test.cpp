@@ -1,4 +1,4 @@
-// The road from the command line, the menu and the Open button to a measurement on show.
+// From the command line, the menu and the Open button to an open measurement.
 #include <fcntl.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -103,7 +103,7 @@ TEST(StartUp, WithClosedStandardStreamsOpensAndWorks) {
   EXPECT_EQ(program.quit(), 0);
 }
 
-TEST(StartUp, WhoReadsTheLogNeitherHoldsNorEndsTheProgram) {
+TEST(StartUp, AReaderOfTheLogNeitherBlocksNorEndsTheProgram) {
   const TemporaryFolder folder;
   const std::string path = folder.file("log");
   ASSERT_EQ(mkfifo(path.c_str(), 0600), 0);
@@ -148,12 +148,12 @@ TEST(Open, TakesWhatIsDroppedOnAnyPartOfTheWindow) {
   EXPECT_TRUE(question.shown());
 }
 
-/// Whether the status line, over the empty view, says anything.
+/// Whether there is a status line over the empty view.
 bool saysSomething(const Image& picture) {
   return statusOf(picture).count([](const Rgb& c) { return c != kBlack; }) > 100;
 }
 
-TEST(Open, IsSaidBeforeItBegins) {
+TEST(Open, IsAnnouncedBeforeItBegins) {
   // A small surface: its first frame is whole.
   Program program({golden::measurement("float_sum")});
   program.awaitLine(">>(resFile) -- File updated");
@@ -162,16 +162,15 @@ TEST(Open, IsSaidBeforeItBegins) {
   ASSERT_EQ(kill(program.id(), SIGCONT), 0);
   (void)program.awaitSurface();
   const auto isFrame = [](const std::string& line) { return line.starts_with(kFrameDrawn); };
-  EXPECT_EQ(std::ranges::count_if(program.lines(), isFrame), 1)
-      << "what comes and goes over the view costs no frame";
+  EXPECT_EQ(std::ranges::count_if(program.lines(), isFrame), 1) << "the status line costs no frame";
 }
 
-TEST(Open, AMissingFileIsNoReasonToStop) {
+TEST(Open, AMissingFileDoesNotStopTheProgram) {
   Program program({"nowhere.res"});
   program.awaitLine("(ChooseFile) - Filename to open: nowhere.res");
   program.mainWindow().awaitPicture("what is wrong", saysSomething);
   program.mainWindow().awaitPicture("the logo alone", std::not_fn(saysSomething));
-  // An alert would keep the key from the main window.
+  // A modal dialog would take the key.
   EXPECT_EQ(program.quit(), 0);
   EXPECT_THAT(program.lines(), Not(Contains("Updating Res File...")));
 }
@@ -200,7 +199,7 @@ TEST(Open, WhatCannotBeOpenedLeavesThePictureAsItWasAndTheNextOneOpens) {
   alert.awaitGone();
   main.awaitPicture("the same after a broken file", asBefore);
 
-  // Frames drawn from now on are still of the measurement on show.
+  // New frames still show the open measurement.
   main.resize(1400, 900);
   (void)program.awaitSurface();
   main.resize(before.width(), before.height());
@@ -208,7 +207,7 @@ TEST(Open, WhatCannotBeOpenedLeavesThePictureAsItWasAndTheNextOneOpens) {
   EXPECT_EQ(program.quit(), 0);
 }
 
-// A sanitizer claims more address space than any limit leaves.
+// Sanitizers reserve terabytes of address space, so the program could not start under this limit.
 #if !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__)
 TEST(Open, WhatMemoryCannotHoldIsShownWithFewerPoints) {
   const TemporaryFolder folder;

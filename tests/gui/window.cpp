@@ -27,7 +27,7 @@ std::vector<::Window> childrenOf(Display* display, ::Window window) {
   return result;
 }
 
-/// The bytes of a property as Xlib hands them out, 32-bit items as longs; empty without one.
+/// The bytes of a property as Xlib returns them, 32-bit items as longs. Empty if there is none.
 std::string propertyOf(Display* display, ::Window window, const char* name) {
   Atom type = 0;
   int format = 0;
@@ -60,7 +60,7 @@ bool onScreen(Display* display, ::Window window) {
          attributes.map_state == IsViewable;
 }
 
-/// Sends a client message of the standard format; `data` as its protocol says.
+/// Sends a client message of 32-bit items. Its protocol defines `data`.
 void tell(Display* display, ::Window window, const char* message,
           const std::array<unsigned long, 5>& data) {
   XEvent event{};
@@ -86,7 +86,7 @@ Screen::Screen(const std::string& name) : name_(name) {
         "which scripts/test starts. DISPLAY is \"" +
         name + "\".");
   }
-  // Windows go while they are asked about; the answer says so, and the error adds nothing.
+  // Windows may close while we query them. The result shows it, so X errors are ignored.
   XSetErrorHandler([](Display*, XErrorEvent*) { return 0; });
 }
 
@@ -94,7 +94,7 @@ Image Screen::capture() const {
   Display* display = xlib(display_);
   const int width = XDisplayWidth(display, 0);
   const int height = XDisplayHeight(display, 0);
-  // Taken from the root window: what lies on top is seen, GL pictures included.
+  // The root window shows what is on top, including GL pictures.
   const std::unique_ptr<XImage, int (*)(XImage*)> image(
       XGetImage(display, DefaultRootWindow(display), 0, 0, static_cast<unsigned>(width),
                 static_cast<unsigned>(height), AllPlanes, ZPixmap),
@@ -112,8 +112,8 @@ Image Screen::capture() const {
 std::vector<Window> Screen::windowsOf(pid_t process) const {
   Display* display = xlib(display_);
   std::vector<Window> found;
-  // A window manager puts windows into a frame or two; below a window of the program lie only parts
-  // of it.
+  // A window manager puts a window into one or two frames. The children of a window of the program
+  // are parts of it.
   std::vector<::Window> level = {DefaultRootWindow(display)};
   for (int depth = 0; depth < 3; ++depth) {
     std::vector<::Window> next;
@@ -236,7 +236,7 @@ bool Window::drop(const std::string& link, Point at) const {
   const auto where = static_cast<unsigned long>((place.x + at.x) << 16 | (place.y + at.y));
   tell(display, id_, "XdndEnter", {source, 5UL << 24, list});
   tell(display, id_, "XdndPosition", {source, 0, where, CurrentTime, list});
-  screen_.xdotool(moveTo(at));  // a drag keeps the pointer's events; letting go brings them
+  screen_.xdotool(moveTo(at));  // a real drag holds its pointer events back until the drop
   tell(display, id_, "XdndDrop", {source, 0, CurrentTime});
   bool taken = false;
   const auto finished = [&] {
@@ -271,7 +271,7 @@ bool Window::drop(const std::string& link, Point at) const {
 void Window::leave() const { screen_.xdotool({"mousemove", "0", "0"}); }
 
 void Window::sendKeys(std::vector<std::string> words) const {
-  // A window manager gives a new window the focus by itself, but not at once; without one nobody
+  // A window manager gives a new window the focus, but not at once. Without a window manager nobody
   // does.
   words.insert(words.begin(), {"windowfocus", "--sync", std::to_string(id_)});
   screen_.xdotool(words);

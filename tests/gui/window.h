@@ -1,4 +1,4 @@
-// Windows on an X server: finding them, sending them real mouse and keys, and seeing their pixels.
+// Windows on an X server: finds them, sends them real mouse and key events, captures their pixels.
 #pragma once
 
 #include <sys/types.h>
@@ -37,11 +37,11 @@ class Screen {
  private:
   friend class Window;
   std::string name_;
-  std::shared_ptr<void> display_;  // Xlib's own type stays out of here, with all its macros
+  std::shared_ptr<void> display_;  // a Display; Xlib's header has too many macros
 };
 
-/// A top-level window. Points and areas are relative to its inside, without the frame; what the
-/// program draws over it, menus and tips among them, is part of its picture.
+/// A top-level window. Points and areas are relative to its content, without the frame. Its picture
+/// includes what lies over it, such as menus and tooltips.
 class Window {
  public:
   Window(Screen screen, unsigned long id) : screen_(std::move(screen)), id_(id) {}
@@ -55,25 +55,25 @@ class Window {
   void click(Point at, int button = 1) const;
   /// Presses the buttons at `from`, moves to `to` in small steps, and releases there.
   void drag(Point from, Point to, const std::vector<int>& buttons = {1}) const;
-  /// The same without letting go; `release` does that later.
+  /// The same, but without releasing the buttons; `release` does that later.
   void hold(Point from, Point to, const std::vector<int>& buttons = {1}) const;
   void release(const std::vector<int>& buttons = {1}) const;
-  /// Turns the wheel at a point: positive steps away from the user.
+  /// Turns the wheel at a point; positive steps are away from the user.
   void wheel(Point at, int steps) const;
-  /// Drops a file at a point as a file manager does: the link is asked for only once it is let go.
-  /// Returns whether it was taken.
+  /// Drops a file at a point as a file manager does: the program can get the link only after the
+  /// drop. Returns whether it got it.
   [[nodiscard]] bool drop(const std::string& link, Point at) const;
   /// Moves the pointer to where no window of the program is.
   void leave() const;
-  /// Presses keys one after the other, each named as xdotool does: "ctrl+o", "Return".
+  /// Presses keys one after the other, named as xdotool names them: "ctrl+o", "Return".
   void key(const std::vector<std::string>& keys) const;
   void type(const std::string& letters) const;
-  /// Puts the window at the screen's top left corner with this size inside.
+  /// Moves the window to the screen's top left corner and gives its content this size.
   void resize(int width, int height) const;
   /// Asks it to close as a window manager does.
   void close() const;
 
-  /// What the screen shows in its place. The whole of it must be on the screen.
+  /// What the screen shows in its place. The window must be on the screen completely.
   [[nodiscard]] Image capture() const { return screen_.capture().part(area()); }
   /// Waits until the picture fulfils `predicate` and returns it; `what` says what was waited for.
   Image awaitPicture(const std::string& what,

@@ -14,7 +14,7 @@
 namespace morvane {
 namespace {
 
-/// Expects a record to be as the reference writes it: numbers, two of "orpeel" integers.
+/// Expects a record to have the reference's numbers. The first two of "orpeel" are integers.
 void expectRecord(const ResResults& r, const std::vector<std::string>& words) {
   const std::map<std::string, std::span<const float>> records = {{"standard", r.standard},
                                                                  {"copr", r.copr},
@@ -37,7 +37,7 @@ void expectRecord(const ResResults& r, const std::vector<std::string>& words) {
   }
 }
 
-/// Expects the field `key` to be what the reference says, in words or as a number.
+/// Expects the field `key`, a text or a number, to have the reference's value.
 void expectField(const resFile& file, const std::string& key, const std::string& expected) {
   const ResHeader& h = file.header();
   const std::map<std::string, std::string_view> texts = {{"headerText1", fieldText(h.headerText1)},
@@ -81,7 +81,7 @@ void expectFields(const std::filesystem::path& expected, const resFile& file, bo
   }
 }
 
-// The other tests find the cases by their files, and would not miss one that is gone.
+// The other tests find the cases by their files, so they would not notice a missing one.
 TEST(Golden, IsWhole) {
   const std::filesystem::recursive_directory_iterator all(golden::file(""));
   EXPECT_EQ(std::count_if(begin(all), end(all), [](const auto& e) { return e.is_regular_file(); }),

@@ -29,7 +29,7 @@ constexpr std::int32_t kMin = std::numeric_limits<std::int32_t>::min();
 
 class HostileFile : public testing::Test {
  protected:
-  // There are thousands: not written the builder's way, which waits for the disk.
+  // Thousands of files are written, so without the builder's wait for the disk.
   std::string write(const std::vector<std::byte>& bytes) {
     std::string path = folder_.file("hostile.res");
     std::ofstream(path, std::ios::binary)
@@ -58,8 +58,8 @@ TEST_F(HostileFile, CutAnywhereIsInvalidAndItsMissingHeightsAreZero) {
       std::vector<std::byte> cut = whole;
       cut.resize(length);
       const bool valid = opens(cut);
-      // A file that ends before its sizes announces no grid and keeps that word, and the length
-      // of a grid of 16-bit counts is always accepted.
+      // A file that ends before its sizes announces no grid, so nothing is missing. The length of a
+      // grid of 16-bit counts is always accepted.
       const bool announcesNothing = length <= 8;
       const bool asLongAsCounts = length == kHeaderBytes + std::size_t{6} * 2;
       EXPECT_EQ(valid, announcesNothing || asLongAsCounts)

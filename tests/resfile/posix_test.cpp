@@ -16,7 +16,7 @@
 namespace morvane {
 namespace {
 
-TEST(Refused, WhatIsNoFileAndWithoutWaiting) {
+TEST(Refused, PathsOfNoRegularFileWithoutWaiting) {
   const TemporaryFolder folder;
   const std::string pipe = folder.file("pipe.res");
   ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
@@ -32,7 +32,7 @@ TEST(Saving, LeavesTheOldFileWhereTheDiskIsFull) {
   const TemporaryFolder folder;
   const std::string old = folder.file("old.res");
   std::ofstream(old) << "old";
-  // A limit on the size of files stands for the full disk.
+  // A limit on the size of files simulates a full disk.
   rlimit limit{};
   ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &limit), 0);
   const rlimit small = {100, limit.rlim_max};
@@ -54,7 +54,7 @@ TEST(Saving, RefusesAWriteProtectedTarget) {
   std::ofstream(target) << "old";
   ASSERT_EQ(chmod(target.c_str(), 0444), 0);
   ASSERT_EQ(chmod(folder.path().c_str(), 0777), 0);
-  // To the superuser nothing is protected, so the attempt is made as nobody.
+  // The superuser may write to protected files, so the test writes as the user "nobody".
   constexpr uid_t kNobody = 65534;
   const uid_t self = geteuid();
   if (self == 0) {
@@ -69,7 +69,7 @@ TEST(Saving, RefusesAWriteProtectedTarget) {
   EXPECT_EQ(folder.entries(), 1);
 }
 
-// Each turn saves another letter and says so just before the new file takes the old one's place.
+// The child saves files of 'b', 'c', … and sends the letter through a pipe just before each commit.
 TEST(Saving, KilledAtAnyMomentLeavesTheOldFileOrTheNew) {
   const TemporaryFolder folder;
   const std::string target = folder.file("copy.res");

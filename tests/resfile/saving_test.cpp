@@ -1,4 +1,4 @@
-// Nothing is ever half written.
+// Saved files are complete or not written at all.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -36,7 +36,7 @@ TEST(Saving, LeavesFilesWithTemporaryNamesAlone) {
                                ".morvane-elsewhere-999999999-1.part", ".morvane-.part",
                                ours + "12a-1.part", "morvane-1.part"};
   for (const std::string& name : names) std::ofstream(folder.file(name)) << "open measurement";
-  // As long as a name can be.
+  // The longest name that is possible.
   const std::string copy = folder.file(std::string(251, 'a') + ".res");
   EXPECT_EQ(copyFile(folder.file(names[0]), copy), "");
   EXPECT_EQ(contentOf(copy), "open measurement");

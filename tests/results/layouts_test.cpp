@@ -14,7 +14,7 @@
 namespace morvane {
 namespace {
 
-/// What the column shows of the reader's measurement, in the words of a rows file.
+/// What the column shows of the reader's measurement, in the form of rows.txt.
 std::vector<std::string> shownLines(const resFile& reader) {
   const ResHeader& header = reader.header();
   std::vector<std::string> lines = {"panel_shown " +
@@ -53,7 +53,7 @@ TEST(LayoutsGolden, RowsOfFilesReadInTurn) {
   EXPECT_EQ(rows, 7);
 }
 
-// ---- what no golden file holds
+// ---- cases that are in no reference file
 
 ResHeader headerOf(std::int32_t version, std::uint32_t surfaceType, std::uint32_t algorithmType) {
   ResHeader header;

@@ -30,14 +30,14 @@ std::vector<std::string> casesWith(const std::string& name);
 /// absolute.
 bool isClose(double value, double expected);
 
-/// Whether a value that was only read is the one that `word` stands for, a double or, written with
-/// nine digits, a float.
+/// Whether a value that was read, not computed, is exactly that of `word`: a double, or a float
+/// that is written with nine digits.
 bool isExactly(double value, const std::string& word);
 bool isExactly(float value, const std::string& word);
 
 /// Expects `log` (the text written) to be the lines of a reference log: all that begin with "= ",
-/// and all or none of those with "? ". `{path}` stands for `path`. The reference would let lines of
-/// the program's own stand between; there are none.
+/// and all or none of those with "? ". `{path}` stands for `path`. The reference allows other lines
+/// between them; the program writes none.
 void expectLog(const std::filesystem::path& expected, const std::string& log,
                const std::string& path);
 

@@ -1,4 +1,4 @@
-// What the code under test writes to the log, and what other programs say.
+// What the code under test writes to the log, and what other programs print.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -27,7 +27,7 @@ class CollectedOutput {
   std::streambuf* previous_;
 };
 
-/// What a command writes to its standard output; a test failure when it does not end well.
+/// The standard output of a command. If the command fails, so does the test.
 inline std::string outputOf(const std::string& command) {
   std::string text;
   std::FILE* pipe = popen(command.c_str(), "r");

@@ -30,7 +30,7 @@ inline std::shared_ptr<HeightGrid> gridFrom(std::size_t columns, std::size_t row
   return gridOf(columns, rows, values);
 }
 
-/// Heights between −5 and 5, the same for the same size.
+/// Random heights between −5 and 5. Grids of the same size have the same heights.
 inline std::shared_ptr<HeightGrid> roughGrid(std::size_t width, std::size_t height) {
   std::mt19937 random(static_cast<unsigned>(width * 1009 + height));
   std::vector<double> values(width * height);

@@ -1,4 +1,4 @@
-// Bitmaps laid over grids of their own and of other sizes.
+// Bitmaps draped over grids of the same size and of other sizes.
 #include <gtest/gtest.h>
 
 #include <sstream>
@@ -65,7 +65,7 @@ TEST(Drape, IsCentredCutOrKeptInside) {
   };
   // The grid has 7 × 5 points.
   const Case cases[] = {
-      {7, 5, 0, 3, 0, 5, 0, 0},   // its own size: the last row and column stay free
+      {7, 5, 0, 3, 0, 5, 0, 0},   // the grid's size: the last row and column are not covered
       {7, 4, 0, 3, 0, 6, 0, 0},   // one row less
       {5, 5, 0, 4, 1, 3, -1, 0},  // two columns less
       {10, 8, 0, 4, 0, 6, 1, 1},  // larger: cut on both sides

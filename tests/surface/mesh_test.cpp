@@ -1,4 +1,4 @@
-// The mesh against the plainest way to compute it, on grids of every awkward size.
+// The mesh compared with a naive computation, on grids of all critical sizes.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -40,8 +40,8 @@ Vector at(const std::vector<float>& values, std::size_t vector) {
   return {values[3 * vector], values[3 * vector + 1], values[3 * vector + 2]};
 }
 
-/// Compares the whole mesh with what its corners say, vertex by vertex, and looks at every triangle
-/// for each. Where a corner is missing there is no triangle.
+/// Compares the mesh with a naive computation; each vertex normal sums over all triangles. A
+/// triangle with a missing corner does not exist.
 void expectNaiveMesh(const HeightGrid& grid) {
   SCOPED_TRACE(std::to_string(grid.width()) + " x " + std::to_string(grid.height()));
   constexpr std::size_t kColumnOf[] = {0, 1, 0, 0, 1, 1};
@@ -183,7 +183,7 @@ TEST(Mesh, GridsWithoutCellsAreLeftAlone) {
   }
 }
 
-TEST(Mesh, AWorkerThatFailsIsToldWhenAllHaveEnded) {
+TEST(Mesh, TheFailureOfAWorkerIsReportedWhenAllHaveEnded) {
   std::atomic<std::size_t> rows = 0;
   const auto work = [&rows](std::size_t band, std::size_t first, std::size_t end) {
     if (band == 3) throw std::bad_alloc();
@@ -230,15 +230,15 @@ TEST(ColourMaps, RiseInSmallStepsAndColourAllHeights) {
   const auto screen = [](float linear) {
     return 255.0F * (1.055F * std::pow(linear, 1.0F / 2.4F) - 0.055F);
   };
-  // Published colour 128 of 0 to 255, between two stops.
+  // Colour 128 of the published 0 to 255 is between two stops.
   const Colour middle = HeatMapScale(*colourMap("viridis"), 0.0F, 255.0F).colourOf(128.0F);
   EXPECT_NEAR(screen(middle[0]), 32.5, 1.0);
   EXPECT_NEAR(screen(middle[1]), 144.6, 1.0);
   EXPECT_NEAR(screen(middle[2]), 140.4, 1.0);
 }
 
-TEST(Scale, IsNeverNoise) {
-  constexpr float kHuge = 3e38F;  // twice that is no float any more
+TEST(Scale, HasOnlyValidColours) {
+  constexpr float kHuge = 3e38F;  // twice that overflows to infinity
   for (const auto& [lower, upper] : {std::pair{-kHuge, kHuge},
                                      {0.0F, INFINITY},
                                      {NAN, 1.0F},
@@ -298,7 +298,7 @@ TEST(MissingPoints, TakeNoPartInNumbers) {
     const Built with(gridOf(3, 3, {missing, 1, 2, 3, 4, missing, 6, 7, 8}));
     EXPECT_FLOAT_EQ(with.model.mean(), 31.0F / 7.0F);
     EXPECT_FLOAT_EQ(with.model.variance(), 5.9591837F);
-    // They start at the first finite height.
+    // The limits start at the first finite height.
     EXPECT_EQ(with.model.limits().trueMin, 1.0F);
     EXPECT_EQ(with.model.limits().trueMax, 8.0F);
   }
@@ -319,7 +319,7 @@ std::vector<int> drawnPoints(const Built& built) {
 TEST(MissingPoints, AreNotDrawnWhereTheOthersAreDrawnOnce) {
   const auto grid = roughGrid(9, 8);
   EXPECT_EQ(drawnPoints(Built(grid)), std::vector<int>(72, 1));
-  // Apart, side by side, on the rim, and round point 50, which then has no face.
+  // Single ones, neighbours, some at the rim, and all around point 50, which then has no face.
   for (const std::size_t i : {4, 8, 20, 27, 28, 41, 49, 60}) {
     grid->values()[i] = NAN;
   }
@@ -329,7 +329,7 @@ TEST(MissingPoints, AreNotDrawnWhereTheOthersAreDrawnOnce) {
   }
 }
 
-TEST(MissingPoints, MayBeAllThereIs) {
+TEST(MissingPoints, MayBeAllPoints) {
   const Built built(gridOf(3, 3, std::vector<double>(9, NAN)));
   EXPECT_FALSE(built.model.hasHeights());
   EXPECT_EQ(built.model.limits().trueMin, 0.0F);

@@ -1,4 +1,4 @@
-// What is on show: one call of a setter, and the next frame is right.
+// What is shown: after one call of a setter the next frame is right.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -23,7 +23,7 @@ class Shown : public testing::Test {
     automatic_ = shown_.zScale();
   }
 
-  /// Whether a frame would build the mesh anew; one that is drawn now has.
+  /// Whether the mesh has become out of date since the last call.
   bool needsMesh() { return std::exchange(bound_, shown_.meshRevision()) != shown_.meshRevision(); }
 
   std::ostringstream log_;

@@ -4,7 +4,7 @@
 // Pictures are compared with baseline images, made with the packaged Liberation Sans of Debian 12.
 // A missing one fails. MORVANE_PROMOTE=1 writes new ones; look at them before you commit them.
 #include <gtest/gtest.h>
-// The toolkit's headers bring macros that the test library's do not survive.
+// Must come after GoogleTest: their macros break its headers
 #include <FL/Fl.H>
 #include <FL/Fl_Button.H>
 #include <FL/Fl_Double_Window.H>
@@ -43,9 +43,10 @@ using gui::Area;
 using gui::Image;
 using gui::Rgb;
 
-/// Closes every message box as soon as it is up, and keeps what it said.
+/// The texts of the message boxes that were shown.
 std::vector<std::string> messages;
 
+/// Closes a message box as soon as it is shown.
 void closeMessages(void* /*unused*/) {
   Fl_Window* box = Fl::modal();
   if (box == nullptr) return;
@@ -79,8 +80,7 @@ void open(const std::string& path) {
   Fl::check();
 }
 
-// Inputs and findings of the fuzz targets, which reach every line of the readers. Some can be
-// shown.
+// The inputs and findings of the fuzz targets reach every line of the readers. Some are valid.
 TEST(OpenDamaged, IsRefusedOrShownAndTheLastGoodOneStays) {
   mainWindow(700, 560);  // quicker to draw
   open(MORVANE_SAMPLES "/codes/code_00.res");
@@ -137,8 +137,8 @@ void expectBaseline(const std::string& name, const Image& picture) {
   EXPECT_LE(pixelsUnlike(baseline, picture), 40) << baseline;
 }
 
-// One after the other in one column, so that nothing of the file before may stay. Those of version
-// 3 come first: without an algorithm code of their own they keep the one before.
+// All files are shown in turn, so nothing of the last one may stay in the column. Those of version
+// 3 come first: they have no algorithm code, so they would keep that of the last file.
 TEST(Column, LooksAsItDidForEveryLayout) {
   Fl_Double_Window& window = mainWindow();
   constexpr Area kColumn = windowLayout(kWindowWidth, kWindowHeight, true, false).results;
@@ -156,7 +156,7 @@ TEST(Column, LooksAsItDidForEveryLayout) {
     expectBaseline("column_" + name, picture);
     shown = picture;
   }
-  // In a lower column the rows keep their places, and its edge cuts them off.
+  // If the column is lower, the rows keep their places and its lower edge cuts them off.
   constexpr Area kUpper{kColumn.x, kColumn.y, kColumn.w, 300};
   constexpr Area kBelow{kColumn.x, kColumn.y + kUpper.h, kColumn.w, kColumn.h - kUpper.h};
   appState().resultsPanel->size(kUpper.w, kUpper.h);
@@ -170,15 +170,15 @@ TEST(Column, LooksAsItDidForEveryLayout) {
 }
 
 TEST(Windows, EachLooksAsItDid) {
-  Fl::visible_focus(0);  // which window has it depends on the window manager
+  Fl::visible_focus(0);  // which window has the focus depends on the window manager
   Fl_Double_Window& window = mainWindow();
-  // A small surface: its frames are never coarse.
+  // The frames of a small surface are never coarse.
   open(golden::file("float_sum/measurement.res").string());
   const AppState& app = appState();
   app.profileButton->do_callback();
   while (Fl::wait(0.1) > 0) continue;
   expectBaseline("main", captured(window, {0, 0, kWindowWidth, kWindowHeight}));
-  const Area agreement{0, 0, 700, 800};  // beside it stands the time of the build
+  const Area agreement{0, 0, 700, 800};  // beside it is the time of the build
   for (const auto& [name, other, area] :
        std::initializer_list<std::tuple<std::string, Fl_Window*, Area>>{
            {"about", app.aboutWindow, agreement},
@@ -196,7 +196,7 @@ TEST(Windows, EachLooksAsItDid) {
 TEST(Column, TextThatIsCutHasATooltip) {
   mainWindow();
   ResultsPanel& panel = *appState().resultsPanel;
-  // The tip of the display whose text begins with `text`, for a part of this name.
+  // The tooltip of the field whose text begins with `text`, for a part named `part`.
   const auto tipOf = [&](std::string_view part, std::string_view text) -> std::string {
     Measurement measurement;
     measurement.header.headerVersion = 4;

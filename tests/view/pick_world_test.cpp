@@ -1,4 +1,4 @@
-// What a press finds in the collision world.
+// Which pin a press of the mouse hits.
 #include <gtest/gtest.h>
 
 #include <glm/gtc/matrix_transform.hpp>

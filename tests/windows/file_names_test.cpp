@@ -1,4 +1,4 @@
-// Files under names beyond ASCII, with either separator, and the system's refusals.
+// File names with letters outside ASCII and either separator, and errors of the system.
 #include <gtest/gtest.h>
 #include <windows.h>
 
@@ -22,7 +22,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// Two letters of western Europe, one beyond every 8-bit code page, one beyond 16 bits.
+// Two western European letters, one that is in no 8-bit code page, one beyond 16 bits.
 constexpr wchar_t kWideName[] = L"T\u00fcr \u00df \u6e2c \U0001f697.res";
 constexpr char kName[] = "T\xc3\xbcr \xc3\x9f \xe6\xb8\xac \xf0\x9f\x9a\x97.res";
 
@@ -54,7 +54,7 @@ TEST(FileNames, BeyondAsciiAreWrittenReadCopiedAndCompared) {
 
   const std::string copy = folderOf(path) + "/copy of " + kName;
   EXPECT_EQ(copyFile(path, copy), "");
-  EXPECT_EQ(copyFile(path, copy), "");  // in place of the one that is there
+  EXPECT_EQ(copyFile(path, copy), "");  // replaces the existing file
   EXPECT_EQ(fs::file_size(folder.path() / (L"copy of " + std::wstring(kWideName))),
             fs::file_size(folder.path() / kWideName));
   EXPECT_EQ(folder.entries(), 2);
@@ -66,7 +66,7 @@ TEST(FileNames, BeyondAsciiAreWrittenReadCopiedAndCompared) {
   std::ostringstream log;
   BitmapImage image(log);
   image.readBitmap(bitmap);
-  EXPECT_NE(log.str().find("File not Bitmap Format!"), std::string::npos);  // found and judged
+  EXPECT_NE(log.str().find("File not Bitmap Format!"), std::string::npos);  // found and read
   removeFile(bitmap);
   EXPECT_FALSE(fileExists(bitmap));
 }
@@ -99,7 +99,7 @@ TEST(Refusals, OfASaveGiveTheReasonAndLeaveTheOldFile) {
   EXPECT_EQ(refusal(), "Permission denied");
   SetFileAttributesW(name.c_str(), FILE_ATTRIBUTE_NORMAL);
 
-  // Held by another program that shares it with nobody.
+  // Open in another program that does not share it.
   HANDLE other = CreateFileW(name.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr);
   ASSERT_NE(other, INVALID_HANDLE_VALUE);
   EXPECT_EQ(refusal(), "Permission denied");

@@ -1,4 +1,4 @@
-// The command line and the log of a program without a console of its own, seen by who started it.
+// The command line and the log of a program without a console, as seen by the one that started it.
 #include <gtest/gtest.h>
 #include <windows.h>
 
@@ -33,7 +33,7 @@ struct Pipe {
   Handle write;
 };
 
-/// A pipe of which the child gets one end only.
+/// A pipe. The child inherits only one end of it.
 Pipe makePipe(bool childReads) {
   SECURITY_ATTRIBUTES inherited{sizeof(SECURITY_ATTRIBUTES), nullptr, TRUE};
   HANDLE read = nullptr;
@@ -65,7 +65,7 @@ DWORD exitCodeOf(const Handle& process) {
   return code;
 }
 
-/// The first `count` lines out of a pipe, without their ends. Waits for each.
+/// The first `count` lines from a pipe, without line ends. Waits for each.
 std::vector<std::string> linesFrom(HANDLE pipe, std::size_t count) {
   std::vector<std::string> lines(1);
   char c = 0;
@@ -85,7 +85,7 @@ TEST(Process, KeepsEveryLetterAndWritesEachLineAtOnce) {
   Pipe input = makePipe(true);
   Pipe output = makePipe(false);
   const Handle process = start(input.read.get(), output.write.get());
-  // The child goes on until its input ends, so these lines come while it runs.
+  // The child runs until its input ends, so it still runs when these lines come.
   std::vector<std::string> words = linesFrom(output.read.get(), kWords.size() + 1);
   EXPECT_EQ(WaitForSingleObject(process.get(), 0), WAIT_TIMEOUT);
   ASSERT_EQ(words.size(), kWords.size() + 1);

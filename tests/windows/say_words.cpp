@@ -1,5 +1,5 @@
-// Says each word of its command line in a line of standard output, then waits for the end of its
-// standard input, so that a reader sees whether the lines come while it runs.
+// Prints each word of its command line as a line, then waits for the end of its standard input, so
+// that a test can see whether the lines come while it runs.
 #include <iostream>
 
 #include "base/debug_log.h"

@@ -48,7 +48,7 @@ bool isGreen(COLORREF colour) { return isNear(colour, 0, 255, 0); }
 class ScreenCapture : public testing::Test {
  protected:
   ScreenCapture() {
-    // A user's name beyond ASCII is in every path of theirs.
+    // The name of the user has letters outside ASCII and is part of every path.
     profile_ = folder_.path() / L"J\u00f6rg \u6e2c";
     fs::create_directory(profile_);
     _wputenv((L"USERPROFILE=" + profile_.wstring()).c_str());
