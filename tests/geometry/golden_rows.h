@@ -1,4 +1,4 @@
-// The rows of a reference file of the view: a name and the numbers behind it.
+// The rows of a reference file of the view: a name and the numbers after it.
 #pragma once
 
 #include <gtest/gtest.h>

@@ -113,7 +113,7 @@ TEST(ProfilePlot, PutsHeightsAndDistancesWhereTheirNumbersSay) {
 
 TEST(ProfilePlot, LeavesGapsAndMarksWhatIsClipped) {
   const ProfileSection gaps = sectionOf({1, 2, NAN, NAN, 5, NAN, 4, 3});
-  // Two whole pieces and the lone sample.
+  // Two connected pieces and the single sample between gaps.
   EXPECT_EQ(plotted(gaps).curve.size(), 6U);
   const ProfilePlot clipped = plotted(sectionOf({0, 1, 2, 2, 2, 1, -1, -1}), 1130, {true, -1, 2});
   EXPECT_EQ(clipped.clipped.size(), 6U);

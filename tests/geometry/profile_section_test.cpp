@@ -62,7 +62,7 @@ TEST_P(GoldenProfile, IsSampledAlike) {
   EXPECT_EQ(rows.at("strict").line, strict ? "strict 1" : "strict 0");
   const GoldenRow& extremes = rows.at("extremes");
   if (strict) return expectEnd(extremes, {section.sampleMin, section.sampleMax});
-  // They are those of one of the accepted lines.
+  // The extremes are those of one of the accepted sections.
   EXPECT_NEAR(section.sampleMin, extremes.at(0), 0.05);
   EXPECT_NEAR(section.sampleMax, extremes.at(1), 0.05);
 }

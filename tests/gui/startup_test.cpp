@@ -221,8 +221,7 @@ TEST(Open, WhatMemoryCannotHoldIsShownWithFewerPoints) {
                   Start{.program = "sh"});
   (void)program.awaitWhole("a grey surface and a short line below the name", [](const Image& p) {
     const auto isText = [](const Rgb& c) { return c.r < 120; };
-    // "shown at every 2nd point". " until all are drawn", as long as the frame is coarse, is
-    // beyond.
+    // "shown at every 2nd point". In a coarse frame " until all are drawn" follows.
     constexpr Area kLine{165, 58, 175, 18};
     constexpr Area kBeyond{345, 58, 150, 18};
     return difference(p.at({300, 300}), {190, 190, 190}) < 20 &&
