@@ -47,7 +47,7 @@ ScreenRect reportArea(ScreenPoint mainWindow, int viewWidth, int viewHeight, int
 
 std::string suggestedName(const std::string& measurementPath) {
   std::string name = fileNameOf(measurementPath);
-  if (name.ends_with(".res")) name.resize(name.size() - 4);
+  if (hasExtension(name, ".res")) name.resize(name.size() - 4);
   return name;
 }
 

@@ -52,6 +52,7 @@ TEST(ReportPage, TakesNameScaleAndLimitsAsTheyAre) {
             "Time: 0:00:0|T\xC3\xBCr.res|Scaling: 3.0x|Crop Min: -12.5 |Crop Max: |");
   EXPECT_EQ(reportPath("/home/a/report.pdf"), "/home/a/report.pdf.pdf");
   EXPECT_EQ(suggestedName("/data.res/left.door.res"), "left.door");
+  EXPECT_EQ(suggestedName("UP.RES"), "UP");
   EXPECT_EQ(suggestedName(""), "");
 }
 
