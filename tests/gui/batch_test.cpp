@@ -146,6 +146,10 @@ TEST_F(Batch, WritesNumbersAndTheSectionInThePicture) {
 
 TEST_F(Batch, ShowsItsProgressOnATerminalOnly) {
   std::filesystem::copy_file(golden::measurement("flat"), folder_.file("a.res"));
+  EXPECT_EQ(run("a.res none.res --info >info").errors, "none.res: No such file or directory\n");
+  if (std::system("script -qec true /dev/null </dev/null >/dev/null 2>&1") != 0) {
+    GTEST_SKIP() << "no pseudo-terminals here";
+  }
   const std::string use = MORVANE_PROGRAM " a.res none.res a.res --info";
   const std::string seen = outputOf("cd '" + folder_.path().string() + "' && script -qec '" + use +
                                     "' /dev/null </dev/null | head -n 2");
@@ -153,7 +157,6 @@ TEST_F(Batch, ShowsItsProgressOnATerminalOnly) {
   EXPECT_THAT(seen, testing::StartsWith("1 of 3 a.res" + wiped(12) + "2 of 3 none.res" + wiped(15) +
                                         "none.res: No such file or directory\r\n3 of 3 a.res" +
                                         wiped(12) + "[{"));
-  EXPECT_EQ(run("a.res none.res --info >info").errors, "none.res: No such file or directory\n");
 }
 
 TEST_F(Batch, TellsItsVersionAndItsOptions) {
