@@ -20,7 +20,8 @@ double heightAt(const HeightGrid& grid, glm::dvec2 place) {
   double height = 0.0;
   const auto add = [&](std::size_t r, std::size_t c, double share) {
     if (share == 0.0) return;
-    const double value = grid.row(r)[c];
+    // A pin may lie in the step beyond the last column, where the height is that of the column.
+    const double value = grid.row(std::min(r, grid.height() - 1))[std::min(c, grid.width() - 1)];
     height += isMissing(value) ? std::numeric_limits<double>::quiet_NaN() : share * value;
   };
   add(row, column, (1.0 - part.x) * (1.0 - part.y));
