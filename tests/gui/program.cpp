@@ -160,6 +160,8 @@ void Program::choose(const std::string& entry) const {
       throw GuiError("the menu did not " + std::string(open > 0 ? "open" : "close"));
     }
   }
+  // A menu keeps the pointer a little longer than its windows.
+  if (!eventually([this] { return screen_.pointerFree(); })) throw GuiError("the pointer is kept");
 }
 
 long Program::residentKilobytes() const {

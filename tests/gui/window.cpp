@@ -143,6 +143,15 @@ std::size_t Screen::menusOf(pid_t process) const {
   }));
 }
 
+bool Screen::pointerFree() const {
+  Display* display = xlib(display_);
+  const bool free = XGrabPointer(display, DefaultRootWindow(display), False, 0, GrabModeAsync,
+                                 GrabModeAsync, None, None, CurrentTime) == GrabSuccess;
+  if (free) XUngrabPointer(display, CurrentTime);
+  XSync(display, False);
+  return free;
+}
+
 std::shared_ptr<void> Screen::cover(const Area& area) const {
   Display* display = xlib(display_);
   XSetWindowAttributes alone{};

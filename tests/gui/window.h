@@ -28,6 +28,8 @@ class Screen {
   [[nodiscard]] std::vector<Window> windowsOf(pid_t process) const;
   /// How many windows of open menus a process has.
   [[nodiscard]] std::size_t menusOf(pid_t process) const;
+  /// Whether no program keeps the pointer to itself, as open menus do.
+  [[nodiscard]] bool pointerFree() const;
   /// Puts a black window that belongs to no program in front of all others. It is closed when the
   /// result is destroyed.
   [[nodiscard]] std::shared_ptr<void> cover(const Area& area) const;
